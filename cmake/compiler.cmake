@@ -1,0 +1,25 @@
+# One interface target with the flags of every build; the folders link it through `pure`.
+add_library(tarnwell_flags INTERFACE)
+target_compile_options(tarnwell_flags INTERFACE
+  -Wall -Wextra -Wshadow -Wconversion)
+
+if(WIN32)
+  # SSE arithmetic rounds single precision at every step, like the native build: position read-outs
+  # agree to the millisecond in both.
+  target_compile_options(tarnwell_flags INTERFACE -msse2 -mfpmath=sse -fstack-protector-strong)
+  target_compile_definitions(tarnwell_flags INTERFACE
+    WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0501 _WIN32_WINNT=0x0501)
+  target_link_options(tarnwell_flags INTERFACE
+    -static -fstack-protector-strong -Wl,--dynamicbase,--nxcompat)
+  if(TARNWELL_CHECKED)
+    target_compile_options(tarnwell_flags INTERFACE
+      -D_GLIBCXX_ASSERTIONS -fsanitize=undefined,float-cast-overflow -fsanitize-undefined-trap-on-error)
+  else()
+    target_compile_options(tarnwell_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  endif()
+elseif(TARNWELL_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  target_compile_options(tarnwell_flags INTERFACE ${sanitizers})
+  target_link_options(tarnwell_flags INTERFACE ${sanitizers})
+endif()

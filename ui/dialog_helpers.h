@@ -1,0 +1,41 @@
+// What every dialog of the program has in common: centring, frame corners, skin buttons, the colours
+// of entry fields, and what Enter and Esc mean.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <string>
+
+#include "ui/skin_map.h"
+
+// A picture button of a dialog.
+struct DialogButton {
+    int controlId;
+    SkinFace face;
+};
+
+// Centres a window on the screen; halves of the spare pixels are rounded towards zero.
+void CenterOnScreen(HWND window);
+
+// To be called first in WM_INITDIALOG: centres the dialog and fits its buttons to their pictures.
+void PrepareDialog(HWND dialog, std::span<const DialogButton> buttons);
+
+// Handles WM_PAINT (frame corners), WM_DRAWITEM (the buttons of the table) and the WM_CTLCOLOR
+// messages of entry fields. True when the message is done with; the dialog procedure then returns
+// `result`.
+bool HandleDialogLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
+                      std::span<const DialogButton> buttons, INT_PTR& result);
+
+// Colours for an entry field: button-face colours with EntryFieldColorization, else window colours.
+HBRUSH ColorEntryField(HDC dc);
+
+// What a WM_COMMAND of a dialog means: Enter (IDOK) is the focused button when that is one of the
+// dialog's own, else its OK; Esc and the close box (IDCANCEL) are its Cancel. Other ids stand.
+int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
+                int cancelId);
+
+// A control's text as it stands, of any length.
+std::string ControlText(HWND dialog, int controlId);
+void SetControlText(HWND dialog, int controlId, const std::string& text);
+void ShowControl(HWND dialog, int controlId, bool show);

@@ -1,0 +1,19 @@
+// The skin's bitmaps and the palette, recoloured to the user's system colours when they are loaded.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/skin_map.h"
+
+// 1 when the large pictures are in use (120 dots per inch both ways), else 0.
+extern int LargeSkin;
+// The palette of palette devices, or null.
+extern HPALETTE ProgramPalette;
+
+// Decides LargeSkin from the window's screen, builds the palette and loads every slot. What cannot
+// be loaded stays null and is drawn as nothing.
+void LoadSkin(HWND window);
+// Leaves every slot null.
+void FreeSkin();
+// Null before LoadSkin. Owned by the skin.
+HBITMAP SkinBitmap(SkinSlot slot);

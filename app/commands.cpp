@@ -1,0 +1,132 @@
+// The main window's commands: one row per control id, each with its handler.
+#include "app/commands.h"
+
+#include "app/directory_field.h"
+#include "app/instance.h"
+#include "app/main_buttons.h"
+#include "app/modes.h"
+#include "app/program_state.h"
+#include "app/shutdown.h"
+#include "playback/cd_player.h"
+#include "playback/file_player.h"
+#include "resources/ids.h"
+#include "ui/about_box.h"
+#include "ui/click_sounds.h"
+
+static void OnAbout() {
+    PlayClickSound(IDS_SOUND_ABOUT);
+    ShowAboutBox(MainWindow);
+}
+
+static void OnCdPlayCurrent() { OnCdPlay(0); }
+
+enum class CommandKind { kAnyMode, kFileModes, kCdMode };
+
+struct Command {
+    int id;
+    CommandKind kind;
+    void (*handler)();
+};
+
+constexpr Command kCommands[] = {
+    {IDC_ABOUT, CommandKind::kAnyMode, OnAbout},
+    {IDC_EXIT, CommandKind::kAnyMode, ShutDown},
+    {IDC_PLAY, CommandKind::kFileModes, OnPlay},
+    {IDC_STOP, CommandKind::kFileModes, OnStop},
+    {IDC_PAUSE, CommandKind::kFileModes, OnPause},
+    {IDC_REPEAT, CommandKind::kFileModes, OnRepeat},
+    {IDC_EJECT, CommandKind::kCdMode, OnEject},
+    {IDC_CD_PLAY, CommandKind::kCdMode, OnCdPlayCurrent},
+    {IDC_CD_PAUSE, CommandKind::kCdMode, OnCdPause},
+    {IDC_CD_STOP, CommandKind::kCdMode, OnCdStop},
+    {IDC_SKIP_BACK, CommandKind::kCdMode, OnSkipBack},
+    {IDC_SKIP_FORWARD, CommandKind::kCdMode, OnSkipForward},
+    {IDC_NEXT_PAGE, CommandKind::kCdMode, OnNextPage},
+    {IDC_PREVIOUS_PAGE, CommandKind::kCdMode, OnPreviousPage},
+    {IDC_ENTRY, CommandKind::kCdMode, OnEntry},
+};
+
+// The program itself moves the focus while a command runs; the directory field is not left by that.
+static bool InCommand;
+
+static void RunCommand(HWND window, int id) {
+    if (id >= IDC_MODE_WAVE && id <= IDC_MODE_CDPLAYER) {
+        ChangeMode(window, id);
+        return;
+    }
+    if (id >= IDC_TRACK_FIRST && id <= IDC_TRACK_LAST) {
+        if (InCdMode()) OnTrackButton(id);
+        return;
+    }
+    const CommandKind otherKind = InCdMode() ? CommandKind::kFileModes : CommandKind::kCdMode;
+    for (const Command& command : kCommands) {
+        if (command.id == id && command.kind != otherKind) {
+            command.handler();
+            return;
+        }
+    }
+}
+
+static void GuardedCommand(HWND window, int id) {
+    const bool outer = InCommand;
+    InCommand = true;
+    RunCommand(window, id);
+    InCommand = outer;
+}
+
+// A request to play the disc, posted by a second start or by the program itself: marker and track stand
+// in the long parameter, or the marker in the notification code and the track in the parameter.
+static bool IsDiscRequest(WPARAM wParam, LPARAM lParam, int& track) {
+    if (LOWORD(wParam) != IDC_CD_PLAY) return false;
+    if (HIWORD(lParam) == kCommandLineMarker) {
+        track = LOWORD(lParam);
+        return true;
+    }
+    if (HIWORD(wParam) == kCommandLineMarker) {
+        track = static_cast<int>(lParam);
+        return true;
+    }
+    return false;
+}
+
+static void OnDiscRequest(HWND window, int track, bool blocked) {
+    if (blocked) {
+        OnCdPlayBehindDialog(track);
+        return;
+    }
+    ChangeMode(window, IDC_MODE_CDPLAYER);
+    OnCdPlay(track);
+}
+
+// What Enter means depends on the focus; elsewhere it means nothing.
+static void OnEnter(HWND window) {
+    const int focused = GetDlgCtrlID(GetFocus());
+    if (focused == IDC_DIRECTORY) {
+        OnLeaveDirectoryField();
+    } else if (focused == IDC_FILE_LIST) {
+        GuardedCommand(window, IDC_PLAY);
+    } else if (CurrentFace(focused) != nullptr) {
+        GuardedCommand(window, focused);
+    }
+}
+
+static void OnControl(HWND window, int id, int notification) {
+    if (id == IDC_FILE_LIST) {
+        if (notification == LBN_DBLCLK) GuardedCommand(window, IDC_PLAY);
+    } else if (id == IDC_DIRECTORY) {
+        if (notification == EN_KILLFOCUS && !InCommand && !InCdMode()) OnLeaveDirectoryField();
+    } else if (id == IDOK) {
+        OnEnter(window);
+    } else if (id >= IDC_ABOUT && id <= IDC_DIRECTORY && notification == BN_CLICKED) {
+        GuardedCommand(window, id);
+    }
+}
+
+void OnCommand(HWND window, WPARAM wParam, LPARAM lParam, bool blocked) {
+    int track = 0;
+    if (IsDiscRequest(wParam, lParam, track)) {
+        if (!ShuttingDown) OnDiscRequest(window, track, blocked);
+    } else if (!blocked) {
+        OnControl(window, LOWORD(wParam), HIWORD(wParam));
+    }
+}

@@ -1,0 +1,7 @@
+// The main window's commands: one row per control id, each with its handler.
+#pragma once
+
+#include <windows.h>
+
+// WM_COMMAND. While the window is blocked only a forwarded request to play the disc gets through.
+void OnCommand(HWND window, WPARAM wParam, LPARAM lParam, bool blocked);

@@ -1,0 +1,67 @@
+// The entry point.
+#include <windows.h>
+
+#include "app/app_directory.h"
+#include "app/command_line.h"
+#include "app/instance.h"
+#include "app/main_window.h"
+#include "app/program_state.h"
+#include "app/settings.h"
+#include "resources/ids.h"
+#include "ui/click_sounds.h"
+#include "ui/skin.h"
+
+// The settings file's path is not known yet when a media file is named: the two other directories then
+// take their default.
+static void TakeStartFile(const CommandLineRequest& request) {
+    StartFileGiven = true;
+    StartFileName = request.fileName;
+    ReadMediaDirectories();
+    PlayMode = request.mode;
+    *ModeDirectory() = request.directory;
+}
+
+static void TakeRequest(const CommandLineRequest& request) {
+    PlayOnStart = request.playDisc;
+    StartTrack = request.track;
+    if (request.mediaFile) TakeStartFile(request);
+}
+
+static void FixDirectories() {
+    char path[MAX_PATH] = {};
+    GetModuleFileNameA(ProgramInstance, path, sizeof path);
+    path[sizeof path - 1] = '\0';
+    AppDirectory = DirectoryOfExecutable(path);
+    CharLowerA(AppDirectory.data());
+    SettingsPath = InAppDirectory("TARNWELL.INI");
+}
+
+static int RunMessageLoop() {
+    MSG message = {};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (IsDialogMessageA(MainWindow, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCommand) {
+    ProgramInstance = instance;
+    // An empty drive is no reason for the system's own pop-up.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    TakeRequest(ParseCommandLine(commandLine));
+    if (HandToRunningInstance(commandLine)) return 0;
+
+    FixDirectories();
+    ReadColorizationSetting();
+    CreateBackgroundBrush();
+    RegisterMainWindowClass();
+    if (!StartFileGiven) ReadMediaDirectories();
+    if (CreateMainWindow() == nullptr) return 1;
+    ShowWindow(MainWindow, showCommand);
+    const int exitCode = RunMessageLoop();
+    FreeSkin();
+    FreeClickSound();
+    return exitCode;
+}

@@ -1,0 +1,74 @@
+// The picture buttons of the main window and the faces they show.
+#include "app/main_buttons.h"
+
+#include "app/program_state.h"
+#include "playback/cd_player.h"
+#include "playback/play_queue.h"
+#include "resources/ids.h"
+
+const DialogButton kMainButtons[kMainButtonCount] = {
+    {IDC_MODE_WAVE, kFaceTabWave},
+    {IDC_MODE_MIDI, kFaceTabMidi},
+    {IDC_MODE_VIDEO, kFaceTabVideo},
+    {IDC_MODE_CDPLAYER, kFaceTabCdPlayer},
+    {IDC_PLAY, kFacePlay},
+    {IDC_STOP, kFaceStop},
+    {IDC_PAUSE, kFacePause},
+    {IDC_INFO, kFaceInfo},
+    {IDC_COPY, kFaceCopy},
+    {IDC_RENAME, kFaceRename},
+    {IDC_MOVE, kFaceMove},
+    {IDC_EDITOR, kFaceEditor},
+    {IDC_DELETE, kFaceDelete},
+    {IDC_SETUP, kFaceSetup},
+    {IDC_ABOUT, kFaceAbout},
+    {IDC_VOLUME, kFaceVolume},
+    {IDC_EXIT, kFaceExit},
+    {IDC_BROWSE, kFaceBrowse},
+    {IDC_SOUND, kFaceSoundOn},
+    {IDC_REPEAT, kFaceRepeatOff},
+    {IDC_CD_PLAY, kFacePlay},
+    {IDC_CD_PAUSE, kFacePause},
+    {IDC_CD_STOP, kFaceStop},
+    {IDC_SKIP_BACK, kFaceSkipBack},
+    {IDC_SKIP_FORWARD, kFaceSkipForward},
+    {IDC_EJECT, kFaceEject},
+    {IDC_ENTRY, kFaceAddEntry},
+    {IDC_GARNISH, kFaceGarnish},
+    {IDC_NEXT_PAGE, kFacePageUp},
+    {IDC_PREVIOUS_PAGE, kFacePageDown},
+    {IDC_TRACK_FIRST, kFaceTrack},
+    {IDC_TRACK_FIRST + 1, kFaceTrack},
+    {IDC_TRACK_FIRST + 2, kFaceTrack},
+    {IDC_TRACK_FIRST + 3, kFaceTrack},
+    {IDC_TRACK_FIRST + 4, kFaceTrack},
+    {IDC_TRACK_FIRST + 5, kFaceTrack},
+    {IDC_TRACK_FIRST + 6, kFaceTrack},
+    {IDC_TRACK_FIRST + 7, kFaceTrack},
+    {IDC_TRACK_FIRST + 8, kFaceTrack},
+    {IDC_TRACK_FIRST + 9, kFaceTrack},
+    {IDC_TRACK_FIRST + 10, kFaceTrack},
+    {IDC_TRACK_FIRST + 11, kFaceTrack},
+    {IDC_TRACK_FIRST + 12, kFaceTrack},
+    {IDC_TRACK_FIRST + 13, kFaceTrack},
+    {IDC_TRACK_FIRST + 14, kFaceTrack},
+};
+
+static const SkinFace* SelectedTab() {
+    switch (PlayMode) {
+        case IDC_MODE_WAVE: return &kFaceTabWaveSelected;
+        case IDC_MODE_MIDI: return &kFaceTabMidiSelected;
+        case IDC_MODE_VIDEO: return &kFaceTabVideoSelected;
+        default: return &kFaceTabCdPlayerSelected;
+    }
+}
+
+const SkinFace* CurrentFace(int controlId) {
+    if (controlId == PlayMode) return SelectedTab();
+    if (controlId == IDC_REPEAT && PlayQueue.repeat) return &kFaceRepeatOn;
+    if (IsTrackHighlighted(controlId)) return &kFaceTrackPlaying;
+    for (const DialogButton& button : kMainButtons) {
+        if (button.controlId == controlId) return &button.face;
+    }
+    return nullptr;
+}

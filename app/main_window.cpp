@@ -1,0 +1,168 @@
+// The main window: its creation and the dispatch of its messages.
+#include "app/main_window.h"
+
+#include "app/commands.h"
+#include "app/directory_field.h"
+#include "app/instance.h"
+#include "app/layout.h"
+#include "app/main_buttons.h"
+#include "app/modes.h"
+#include "app/program_state.h"
+#include "app/settings.h"
+#include "app/shutdown.h"
+#include "playback/cd_player.h"
+#include "playback/file_list.h"
+#include "playback/file_player.h"
+#include "playback/media_device.h"
+#include "playback/player_timers.h"
+#include "resources/ids.h"
+#include "ui/animations.h"
+#include "ui/dialog_helpers.h"
+#include "ui/skin.h"
+#include "ui/skin_buttons.h"
+
+static void ShowFirstTexts(HWND window) {
+    SetDlgItemTextA(window, IDC_STATUS, "Ready");
+    SetDlgItemTextA(window, IDC_SELECTED_COUNT, "0");
+    SetDlgItemTextA(window, IDC_FILES_LEFT, "0");
+}
+
+// The request of the command line is posted, so that its boxes open over a window that can be seen.
+static void PostStartRequest(HWND window) {
+    if (PlayOnStart) {
+        PostMessageA(window, WM_COMMAND, IDC_CD_PLAY,
+                     static_cast<LPARAM>(MAKELONG(StartTrack, kCommandLineMarker)));
+    } else if (StartFileGiven) {
+        MediaDevice.playAndExit = SelectFileByName(StartFileName);
+        if (MediaDevice.playAndExit) PostMessageA(window, WM_COMMAND, IDC_PLAY, 0);
+    }
+}
+
+static BOOL OnInitDialog(HWND window) {
+    MainWindow = window;
+    LoadSkin(window);
+    CenterOnScreen(window);
+    if (!StartFileGiven) ReadSettings();
+    if (PlayOnStart) PlayMode = IDC_MODE_CDPLAYER;
+    PrepareLayout(window);
+    PlaceCdControls(window);
+    PlaceAnimations(window);
+    ShowFirstTexts(window);
+    OpenCdPlayer();
+    EnterStartMode(window);
+    SetFocus(GetDlgItem(window, InCdMode() ? IDC_CD_PLAY : IDC_FILE_LIST));
+    PostStartRequest(window);
+    return FALSE;
+}
+
+static void OnPaint(HWND window) {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(window, &paint);
+    PaintFrameCorners(window, dc);
+    EndPaint(window, &paint);
+    DrawAnimations(window);
+}
+
+static bool OnDrawItem(const DRAWITEMSTRUCT& item) {
+    const SkinFace* face = CurrentFace(static_cast<int>(item.CtlID));
+    if (face == nullptr) return false;
+    DrawSkinButton(item, *face);
+    return true;
+}
+
+static LRESULT OnColorWindow(HDC dc) {
+    ColorEntryField(dc);
+    return reinterpret_cast<LRESULT>(BackgroundBrush);
+}
+
+static void OnTimer(UINT_PTR id) {
+    // A box opened by a tick lets further ticks through.
+    static bool inTimer = false;
+    if (inTimer) return;
+    inTimer = true;
+    TickResult result = TickResult::kGoOn;
+    if (id == ID_ANIMATION_TIMER) {
+        StepAnimation(MainWindow, CurrentDiscState() == DiscState::kPlaying);
+    } else if (IsCdTimerRunning()) {
+        CdStatusTick();
+    } else if (IsPositionTimerRunning()) {
+        result = PositionTick();
+    }
+    inTimer = false;
+    if (result == TickResult::kEndProgram) EndProgram();
+}
+
+static void OnScroll(WPARAM wParam) {
+    const int code = LOWORD(wParam);
+    const int thumb = HIWORD(wParam);
+    if (InCdMode()) {
+        OnCdScroll(code, thumb);
+    } else {
+        OnFileScroll(code, thumb);
+    }
+}
+
+static void OnSystemColorChange(HWND window) {
+    FreeSkin();
+    CreateBackgroundBrush();
+    LoadSkin(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+// While a box or a dialog is open, what would reach the main window behind it is dropped.
+static bool IsBlocked(HWND window) { return !IsWindowEnabled(window) || ShuttingDown; }
+
+static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            OnCommand(window, wParam, lParam, IsBlocked(window));
+            return 0;
+        case WM_HSCROLL:
+            if (!IsBlocked(window)) OnScroll(wParam);
+            return 0;
+        case WM_CLOSE:
+            if (!IsBlocked(window)) ShutDown();
+            return 0;
+        case WM_ENDSESSION:
+            if (wParam) WriteSettings();
+            return 0;
+        case WM_TIMER: OnTimer(wParam); return 0;
+        case WM_PAINT: OnPaint(window); return 0;
+        case WM_DRAWITEM: return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+        case WM_CTLCOLORDLG:
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORLISTBOX: return OnColorWindow(reinterpret_cast<HDC>(wParam));
+        case WM_SYSCOLORCHANGE: OnSystemColorChange(window); return 0;
+        case kInvalidPathMessage: OnInvalidPath(); return 0;
+        default: return DefDlgProcA(window, message, wParam, lParam);
+    }
+}
+
+// The window procedure above does the work; a dialog needs one of these to be initialised at all.
+static INT_PTR CALLBACK InitProcedure(HWND window, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG ? OnInitDialog(window) : FALSE;
+}
+
+bool RegisterMainWindowClass() {
+    WNDCLASSA windowClass = {};
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    windowClass.lpfnWndProc = MainWindowProcedure;
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;
+    windowClass.hInstance = ProgramInstance;
+    windowClass.hIcon = LoadIconA(ProgramInstance, MAKEINTRESOURCEA(IDI_TARNWELL));
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = BackgroundBrush;
+    windowClass.lpszClassName = kMainWindowClass;
+    return RegisterClassA(&windowClass) != 0;
+}
+
+HWND CreateMainWindow() {
+    HWND window = CreateDialogParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_MAIN), nullptr,
+                                     InitProcedure, 0);
+    if (window == nullptr) return nullptr;
+    HMENU menu = GetSystemMenu(window, FALSE);
+    EnableMenuItem(menu, SC_MAXIMIZE, MF_BYCOMMAND | MF_GRAYED | MF_DISABLED);
+    EnableMenuItem(menu, SC_SIZE, MF_BYCOMMAND | MF_GRAYED | MF_DISABLED);
+    return window;
+}

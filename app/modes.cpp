@@ -1,0 +1,85 @@
+// The four modes: changing between them, and the layout of the first.
+#include "app/modes.h"
+
+#include "app/layout.h"
+#include "app/program_state.h"
+#include "playback/cd_player.h"
+#include "playback/file_list.h"
+#include "playback/media_device.h"
+#include "playback/player_timers.h"
+#include "resources/ids.h"
+#include "ui/animations.h"
+#include "ui/click_sounds.h"
+
+// Many controls change at once: the window is drawn when all have.
+static void HoldDrawing(HWND window) {
+    if (IsWindowVisible(window)) SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+}
+
+static void ResumeDrawing(HWND window, bool wasVisible) {
+    if (!wasVisible) return;
+    SendMessageA(window, WM_SETREDRAW, TRUE, 0);
+    RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+static void LeaveCdMode(HWND window) {
+    StopCdTimer();
+    StopAnimationTimer();
+    ShowCdControls(window, false);
+    ShowFileControls(window, true);
+    PlaceScrollBar(window, false);
+}
+
+static void ShowFileMode(HWND window) {
+    ShowModeLabels();
+    ShowAnimationAreas(window);
+    FillModeList();
+}
+
+static void ChangeToFileMode(HWND window, int mode) {
+    if (InCdMode()) LeaveCdMode(window);
+    StopAndReset();
+    PlayMode = mode;
+    // Once more, so that the scroll bar is reset when the disc has used it.
+    StopAndReset();
+    ShowFileMode(window);
+}
+
+static void ShowCdMode(HWND window) {
+    StartCdTimer();
+    StartAnimationTimer();
+    ShowFileControls(window, false);
+    ShowAnimationAreas(window);
+    ShowCdControls(window, true);
+    PlaceScrollBar(window, true);
+    ShowCdPlayer();
+}
+
+static void ChangeToCdPlayer(HWND window) {
+    PlayMode = IDC_MODE_CDPLAYER;
+    StopAndReset();
+    ShowCdMode(window);
+    PlayClickSound(IDS_SOUND_CDPLAYER);
+}
+
+void ChangeMode(HWND window, int mode) {
+    if (mode == PlayMode) return;
+    const bool visible = IsWindowVisible(window) != FALSE;
+    HoldDrawing(window);
+    if (mode == IDC_MODE_CDPLAYER) {
+        ChangeToCdPlayer(window);
+    } else {
+        ChangeToFileMode(window, mode);
+    }
+    ResumeDrawing(window, visible);
+}
+
+void EnterStartMode(HWND window) {
+    if (InCdMode()) {
+        ShowCdMode(window);
+        return;
+    }
+    ShowCdControls(window, false);
+    PlaceScrollBar(window, false);
+    ShowFileMode(window);
+}

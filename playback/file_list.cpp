@@ -1,0 +1,167 @@
+// The list box of the current mode's media files.
+#include "playback/file_list.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "app/program_state.h"
+#include "app/settings.h"
+#include "resources/ids.h"
+#include "ui/dialog_helpers.h"
+
+static HWND FileList() { return GetDlgItem(MainWindow, IDC_FILE_LIST); }
+
+static std::vector<const char*> ModePatterns() {
+    std::vector<const char*> patterns;
+    switch (PlayMode) {
+        case IDC_MODE_WAVE:
+            patterns.push_back("*.wav");
+            break;
+        case IDC_MODE_MIDI:
+            if (Settings.listMid) patterns.push_back("*.mid");
+            if (Settings.listRmi) patterns.push_back("*.rmi");
+            break;
+        case IDC_MODE_VIDEO:
+            if (Settings.listAvi) patterns.push_back("*.avi");
+            if (Settings.listMov) patterns.push_back("*.mov");
+            break;
+        default:
+            break;
+    }
+    return patterns;
+}
+
+struct ModeTexts {
+    int mode;
+    const char* location;
+    const char* selected;
+    const char* left;
+    const char* count;
+};
+constexpr ModeTexts kModeTexts[] = {
+    {IDC_MODE_WAVE, "Wave &Location", "Number of wave files selected:", "Wave files left to play:",
+     " Wave Files:"},
+    {IDC_MODE_MIDI, "Midi &Location", "Number of midi files selected:", "Midi files left to play:",
+     " Midi Files:"},
+    {IDC_MODE_VIDEO, "Video &Location", "Number of video files selected:",
+     "Video files left to play:", " Video Files:"},
+};
+
+static const ModeTexts* CurrentModeTexts() {
+    const auto* found = std::find_if(std::begin(kModeTexts), std::end(kModeTexts),
+                                     [](const ModeTexts& texts) { return texts.mode == PlayMode; });
+    return found == std::end(kModeTexts) ? nullptr : found;
+}
+
+void ShowModeLabels() {
+    const ModeTexts* texts = CurrentModeTexts();
+    if (texts == nullptr) return;
+    SetControlText(MainWindow, IDC_LOCATION_GROUP, texts->location);
+    SetControlText(MainWindow, IDC_SELECTED_LABEL, texts->selected);
+    SetControlText(MainWindow, IDC_LEFT_LABEL, texts->left);
+    const bool video = PlayMode == IDC_MODE_VIDEO;
+    ShowControl(MainWindow, IDC_REPEAT, true);
+    ShowControl(MainWindow, IDC_REPEAT_LABEL, true);
+    ShowControl(MainWindow, IDC_SOUND, video);
+    ShowControl(MainWindow, IDC_SOUND_LABEL, video);
+}
+
+std::string ListEntryText(int index) {
+    HWND list = FileList();
+    const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
+    if (length == LB_ERR) return {};
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    const LRESULT copied = SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(index),
+                                        reinterpret_cast<LPARAM>(text.data()));
+    if (copied == LB_ERR) return {};
+    text.resize(static_cast<size_t>(copied));
+    return text;
+}
+
+int SelectedFileCount() {
+    const LRESULT count = SendMessageA(FileList(), LB_GETSELCOUNT, 0, 0);
+    return count == LB_ERR ? 0 : static_cast<int>(count);
+}
+
+std::vector<std::string> SelectedFileNames(size_t limit) {
+    std::vector<int> indices(std::min(limit, static_cast<size_t>(SelectedFileCount())));
+    const LRESULT count = SendMessageA(FileList(), LB_GETSELITEMS, indices.size(),
+                                       reinterpret_cast<LPARAM>(indices.data()));
+    indices.resize(count == LB_ERR ? 0 : static_cast<size_t>(count));
+    std::vector<std::string> names;
+    for (int index : indices) names.push_back(ListEntryText(index));
+    return names;
+}
+
+// What the user had marked in the list, by name.
+struct ListMarks {
+    std::vector<std::string> selected;
+    std::string top;
+};
+
+static ListMarks TakeMarks() {
+    const LRESULT top = SendMessageA(FileList(), LB_GETTOPINDEX, 0, 0);
+    return {SelectedFileNames(static_cast<size_t>(SelectedFileCount())),
+            ListEntryText(static_cast<int>(top))};
+}
+
+static LRESULT FindEntry(const std::string& name) {
+    return SendMessageA(FileList(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                        reinterpret_cast<LPARAM>(name.c_str()));
+}
+
+static void RestoreMarks(const ListMarks& marks) {
+    for (const std::string& name : marks.selected) {
+        const LRESULT index = FindEntry(name);
+        if (index != LB_ERR) SendMessageA(FileList(), LB_SETSEL, TRUE, index);
+    }
+    const LRESULT top = marks.top.empty() ? LB_ERR : FindEntry(marks.top);
+    if (top != LB_ERR) SendMessageA(FileList(), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
+}
+
+static void AddModeFiles(const std::string& directory) {
+    for (const char* pattern : ModePatterns()) {
+        // The platform may write into the path.
+        std::string path = directory + pattern;
+        SendMessageA(FileList(), LB_DIR, 0, reinterpret_cast<LPARAM>(path.data()));
+    }
+}
+
+void FillModeList(bool keepSelection) {
+    const std::string* directory = ModeDirectory();
+    if (directory == nullptr) return;
+    std::string shown = *directory;
+    CharLowerA(shown.data());
+    SetControlText(MainWindow, IDC_DIRECTORY, shown);
+
+    const ListMarks marks = keepSelection ? TakeMarks() : ListMarks{};
+    SendMessageA(FileList(), WM_SETREDRAW, FALSE, 0);
+    SendMessageA(FileList(), LB_RESETCONTENT, 0, 0);
+    AddModeFiles(*directory);
+    RestoreMarks(marks);
+    SendMessageA(FileList(), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(FileList(), nullptr, TRUE);
+
+    const LRESULT count = SendMessageA(FileList(), LB_GETCOUNT, 0, 0);
+    SetControlText(MainWindow, IDC_LIST_COUNT, std::to_string(count) + CurrentModeTexts()->count);
+}
+
+std::string DisplayName(const std::string& path, const std::string& name) {
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return name;
+    FindClose(search);
+    return found.cFileName;
+}
+
+bool SelectFileByName(const std::string& name) {
+    LRESULT index = FindEntry(name);
+    if (index == LB_ERR && ModeDirectory() != nullptr) {
+        index = FindEntry(DisplayName(*ModeDirectory() + name, name));
+    }
+    if (index == LB_ERR) return false;
+    SendMessageA(FileList(), LB_SETSEL, FALSE, -1);
+    SendMessageA(FileList(), LB_SETSEL, TRUE, index);
+    return true;
+}

@@ -1,0 +1,18 @@
+// Playing the selected files of wave and MIDI mode one after another.
+#pragma once
+
+// Play: resumes a pause, else starts a new queue from the list's selection. Without a selection nothing
+// plays and nothing is said. Video files have no player yet: in video mode nothing happens.
+void OnPlay();
+void OnStop();
+void OnPause();
+void OnRepeat();
+
+enum class TickResult {
+    kGoOn,
+    kEndProgram  // the queue that the program was started for has ended
+};
+TickResult PositionTick();
+
+// WM_HSCROLL of the position scroll bar; thumb is the 16-bit position of the message.
+void OnFileScroll(int code, int thumb);

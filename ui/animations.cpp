@@ -1,0 +1,120 @@
+// The decorative animations of the main window.
+#include "ui/animations.h"
+
+#include "app/program_state.h"
+#include "app/settings.h"
+#include "resources/ids.h"
+#include "ui/dialog_helpers.h"
+#include "ui/frame_stepping.h"
+#include "ui/frame_strip.h"
+
+// A mode's animation: its area, its strip (video has none of its own), and its setting.
+struct ModeAnimation {
+    int mode;
+    int areaId;
+    const SkinStrip* strip;
+    const SkinStrip* sprite;
+    bool SettingsValues::* enabled;
+};
+constexpr ModeAnimation kAnimations[] = {
+    {IDC_MODE_WAVE, IDC_WAVE_ANIMATION, &kWaveStrip, &kWaveSprite, &SettingsValues::waveAnimation},
+    {IDC_MODE_MIDI, IDC_MIDI_ANIMATION, &kMidiStrip, &kMidiSprite, &SettingsValues::midiAnimation},
+    {IDC_MODE_VIDEO, 0, nullptr, &kVideoSprite, &SettingsValues::videoAnimation},
+    {IDC_MODE_CDPLAYER, IDC_CD_ANIMATION, &kCdStrip, &kCdSprite, &SettingsValues::cdAnimation},
+};
+constexpr int kAnimationCount = static_cast<int>(std::size(kAnimations));
+
+static RECT Areas[kAnimationCount];  // in client coordinates; empty for video
+static uint16_t Frames[kAnimationCount];
+static RECT StripArea;
+static SpriteState Sprite;
+
+static RECT ControlRect(HWND window, int id) {
+    RECT place;
+    GetWindowRect(GetDlgItem(window, id), &place);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+static int CurrentIndex() {
+    for (int i = 0; i < kAnimationCount; ++i) {
+        if (kAnimations[i].mode == PlayMode) return i;
+    }
+    return 0;
+}
+
+static bool IsEnabled(int index) { return Settings.*kAnimations[index].enabled; }
+
+void PlaceAnimations(HWND window) {
+    for (int i = 0; i < kAnimationCount; ++i) {
+        if (kAnimations[i].areaId != 0) Areas[i] = ControlRect(window, kAnimations[i].areaId);
+        Frames[i] = 0;
+    }
+    StripArea = ControlRect(window, IDC_SPRITE_STRIP);
+    Sprite.upper = StripArea.top + 1;
+    Sprite.lower = StripArea.bottom - kCdSprite.frame.height - 1;
+    Sprite.y = Sprite.upper;
+    Sprite.down = true;
+}
+
+void ShowAnimationAreas(HWND window) {
+    const int current = CurrentIndex();
+    for (int i = 0; i < kAnimationCount; ++i) {
+        if (kAnimations[i].areaId == 0) continue;
+        ShowControl(window, kAnimations[i].areaId, i == current && IsEnabled(i));
+    }
+    ShowControl(window, IDC_SPRITE_STRIP, IsEnabled(current));
+}
+
+static void DrawFrame(HWND window, int index) {
+    const SkinStrip* strip = kAnimations[index].strip;
+    if (strip == nullptr || !IsEnabled(index)) return;
+    const RECT& area = Areas[index];
+    DrawStripFrame(window, *strip, Frames[index],
+                   CenteredIn(area.left, area.right - area.left, strip->frame.width),
+                   CenteredIn(area.top, area.bottom - area.top, strip->frame.height), true);
+}
+
+static void DrawSprite(HWND window, int index) {
+    if (!IsEnabled(index)) return;
+    const SkinStrip& strip = *kAnimations[index].sprite;
+    const int x = CenteredIn(StripArea.left, StripArea.right - StripArea.left, strip.frame.width);
+    // The video picture owns the palette in its mode.
+    const bool usePalette = PlayMode != IDC_MODE_VIDEO;
+    DrawStripFrame(window, strip, SpriteFrame(Sprite), x, Sprite.y, usePalette);
+}
+
+// The ground that the pictures are drawn for, inside the area's one-pixel frame.
+static void FillArea(HWND window, RECT area) {
+    InflateRect(&area, -1, -1);
+    HDC dc = GetDC(window);
+    FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
+    ReleaseDC(window, dc);
+}
+
+void DrawAnimations(HWND window) {
+    const int current = CurrentIndex();
+    if (!IsEnabled(current)) return;
+    if (kAnimations[current].strip != nullptr) FillArea(window, Areas[current]);
+    DrawFrame(window, current);
+    FillArea(window, StripArea);
+    DrawSprite(window, current);
+}
+
+void StepAnimation(HWND window, bool discPlaying) {
+    if (IsIconic(window)) return;
+    const int current = CurrentIndex();
+    const ModeAnimation& animation = kAnimations[current];
+    if (animation.strip == nullptr) return;
+    if (InCdMode() && !discPlaying) return;
+    Frames[current] = NextFrame(Frames[current], animation.strip->frames);
+    DrawFrame(window, current);
+    if (InCdMode()) StepSprite(window);
+}
+
+void StepSprite(HWND window) {
+    const int current = CurrentIndex();
+    if (!IsEnabled(current)) return;
+    MoveSprite(Sprite);
+    DrawSprite(window, current);
+}

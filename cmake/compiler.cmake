@@ -20,6 +20,10 @@ if(WIN32)
 elseif(TARNWELL_SANITIZE)
   set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    # Lets the fuzz targets see which way an input takes through the pure procedures.
+    list(APPEND sanitizers -fsanitize=fuzzer-no-link)
+  endif()
   target_compile_options(tarnwell_flags INTERFACE ${sanitizers})
   target_link_options(tarnwell_flags INTERFACE ${sanitizers})
 endif()

@@ -1,0 +1,21 @@
+// What became of a change to the disc database.
+#include "cddb/database_result.h"
+
+const char* DatabaseResultText(DatabaseResult result) {
+    switch (result) {
+        case DatabaseResult::ok:
+            break;
+        case DatabaseResult::cannotOpen:
+            return "Can't open the database for writing! Another program may be using it. Nothing "
+                   "was changed.";
+        case DatabaseResult::full:
+            return "Database Full. No more discs can be added!";
+        case DatabaseResult::diskFull:
+            return "Error! Not enough disk space. The database was not changed.";
+        case DatabaseResult::writeFailed:
+            return "Error! The database could not be written. It was not changed.";
+        case DatabaseResult::damaged:
+            return "Error! The database file is damaged. It was not changed.";
+    }
+    return "";
+}

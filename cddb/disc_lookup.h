@@ -1,0 +1,23 @@
+// Recognises a disc by its table of contents.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "playback/disc_toc.h"
+
+// Where the entry starts that the last lookup found; 0 when it found none.
+extern uint32_t FoundEntryOffset;
+
+// Into DatabaseDisc, all 99 lengths. Called immediately before every lookup.
+void CopyDiscToc(const DiscToc& disc);
+
+// Looks for the first entry with this total, this track count and DatabaseDisc's track lengths. A
+// missing database is created empty. Sets FoundEntryOffset.
+bool FindDisc(uint16_t totalSeconds, uint16_t trackCount);
+
+// Artist, " - " and disc name of DatabaseDisc, or the empty text when it is not known.
+std::string DiscTitleText();
+
+// The name of a track (from 1) of DatabaseDisc, or the empty text.
+std::string TrackNameText(int trackNumber);

@@ -1,0 +1,15 @@
+// Writes a demo disc: one wave file a track and the CUE sheet that describes them.
+#pragma once
+
+#include <filesystem>
+
+#include "demo/media/pieces.h"
+
+constexpr int kDiscSampleRate = 22050;
+constexpr uint32_t kSectorsPerSecond = 75;
+
+// The sectors a track takes on the disc: its sound, rounded up to whole sectors.
+uint32_t TrackSectors(const DiscTrack& track);
+
+// False when a file could not be written.
+bool WriteDisc(const std::filesystem::path& directory, const DemoDisc& disc);

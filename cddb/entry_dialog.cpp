@@ -32,8 +32,8 @@ static void OnInitDialog(HWND dialog, const DiscToc& disc) {
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(DatabaseEntryCount()));
 }
 
-// The catalogue is asked again, because its own record of the disc follows the drive and the file may
-// have changed while the dialog was open.
+// The catalogue is asked again, because its own record of the disc follows the drive and the file
+// may have changed while the dialog was open.
 static DatabaseResult SaveEntry(const DiscToc& disc, const EntryFields& fields) {
     CopyDiscToc(disc);
     if (!FindDisc(disc.totalSeconds, disc.trackCount)) return AppendEntry(fields);
@@ -70,12 +70,18 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
             return TRUE;
         case WM_COMMAND:
             switch (MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_CANCEL)) {
-                case IDC_OK: OnOk(dialog); return TRUE;
-                case IDC_CANCEL: OnCancel(dialog); return TRUE;
-                default: break;
+                case IDC_OK:
+                    OnOk(dialog);
+                    return TRUE;
+                case IDC_CANCEL:
+                    OnCancel(dialog);
+                    return TRUE;
+                default:
+                    break;
             }
             return HandleEntryFieldCommand(dialog, LOWORD(wParam), HIWORD(wParam));
-        default: return FALSE;
+        default:
+            return FALSE;
     }
 }
 

@@ -18,10 +18,10 @@ struct EntrySheet {
     DiscToc disc;
     std::string trackNames[kMaxTracks];
     int page = 0;
-    int pageCount = 0;     // 0 unless there are page buttons
-    int fullWidth = 0;     // of the dialog's window, in pixels
-    int hiddenWidth = 0;   // what the simple layout leaves out
-    bool filling = true;   // the program itself writes, hides or closes the controls
+    int pageCount = 0;    // 0 unless there are page buttons
+    int fullWidth = 0;    // of the dialog's window, in pixels
+    int hiddenWidth = 0;  // what the simple layout leaves out
+    bool filling = true;  // the program itself writes, hides or closes the controls
 };
 static EntrySheet Sheet;
 static WNDPROC EditProcedure;
@@ -42,7 +42,9 @@ constexpr ControlRange kAdvanced[] = {
     {IDC_ENTRY_LABEL_FIELD, IDC_ENTRY_YEAR},
 };
 
-static bool IsIn(ControlRange range, int id) { return id >= range.first && id <= range.last; }
+static bool IsIn(ControlRange range, int id) {
+    return id >= range.first && id <= range.last;
+}
 
 // Track rows
 
@@ -57,7 +59,8 @@ static void KeepRow(HWND dialog, int row) {
 }
 
 static void KeepRows(HWND dialog) {
-    for (int row = 0; row < RowsOnPage(); ++row) KeepRow(dialog, row);
+    for (int row = 0; row < RowsOnPage(); ++row)
+        KeepRow(dialog, row);
 }
 
 static void FillRow(HWND dialog, int row) {
@@ -133,7 +136,9 @@ static LRESULT CALLBACK NameProcedure(HWND edit, UINT message, WPARAM wParam, LP
 
 // Layout
 
-static bool IsAdvancedLayout() { return Settings.databaseLayout == DatabaseLayout::kAdvanced; }
+static bool IsAdvancedLayout() {
+    return Settings.databaseLayout == DatabaseLayout::kAdvanced;
+}
 
 static int LeftEdgeInDialog(HWND dialog, int controlId) {
     RECT place = {};
@@ -163,8 +168,8 @@ static void ResizeForLayout(HWND dialog) {
     const int width = Sheet.fullWidth - (IsAdvancedLayout() ? 0 : Sheet.hiddenWidth);
     if (width == window.right - window.left) return;
     // Growing must not push the new column off the screen.
-    const int left = std::clamp<int>(window.left, 0,
-                                     std::max(GetSystemMetrics(SM_CXSCREEN) - width, 0));
+    const int left =
+        std::clamp<int>(window.left, 0, std::max(GetSystemMetrics(SM_CXSCREEN) - width, 0));
     SetWindowPos(dialog, nullptr, left, window.top, width, window.bottom - window.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(dialog, nullptr, TRUE);
@@ -209,7 +214,8 @@ static std::string FieldText(HWND dialog, int controlId) {
 
 void OpenEntryFields(HWND dialog) {
     Sheet = {};
-    for (int id : kTextFields) SendDlgItemMessageA(dialog, id, EM_LIMITTEXT, kMaxTextBytes, 0);
+    for (int id : kTextFields)
+        SendDlgItemMessageA(dialog, id, EM_LIMITTEXT, kMaxTextBytes, 0);
     for (int id = kNames.first; id <= kNames.last; ++id) {
         HWND edit = GetDlgItem(dialog, id);
         SendMessageA(edit, EM_LIMITTEXT, kMaxTextBytes, 0);
@@ -220,7 +226,9 @@ void OpenEntryFields(HWND dialog) {
     ShowLayout(dialog);
 }
 
-void CloseEntryFields() { Sheet.filling = true; }
+void CloseEntryFields() {
+    Sheet.filling = true;
+}
 
 void ShowEntry(HWND dialog, const DiscToc& disc, const EntryFields& fields) {
     Sheet.disc = disc;
@@ -261,7 +269,9 @@ EntryFields ReadEntry(HWND dialog) {
     return fields;
 }
 
-const DiscToc& ShownDisc() { return Sheet.disc; }
+const DiscToc& ShownDisc() {
+    return Sheet.disc;
+}
 
 bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification) {
     if (Sheet.filling) return false;
@@ -282,8 +292,13 @@ bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification) {
         case IDC_ENTRY_PAGE_DOWN:
             ShowTrackPage(dialog, PageBefore(Sheet.page, Sheet.pageCount));
             return true;
-        case IDC_ENTRY_SIMPLE: ChooseLayout(dialog, DatabaseLayout::kSimple); return true;
-        case IDC_ENTRY_ADVANCED: ChooseLayout(dialog, DatabaseLayout::kAdvanced); return true;
-        default: return false;
+        case IDC_ENTRY_SIMPLE:
+            ChooseLayout(dialog, DatabaseLayout::kSimple);
+            return true;
+        case IDC_ENTRY_ADVANCED:
+            ChooseLayout(dialog, DatabaseLayout::kAdvanced);
+            return true;
+        default:
+            return false;
     }
 }

@@ -1,6 +1,6 @@
 // The fields of a catalogue entry as dialogs show them: fifteen track rows a page, texts, radio
-// groups, and the switch between the simple and the advanced layout. Every dialog that shows an entry
-// uses the control numbers of dialog 1700; only one such dialog is open at a time.
+// groups, and the switch between the simple and the advanced layout. Every dialog that shows an
+// entry uses the control numbers of dialog 1700; only one such dialog is open at a time.
 #pragma once
 
 #include <windows.h>

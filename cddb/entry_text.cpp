@@ -21,9 +21,9 @@ static std::string_view WithoutNumber(std::string_view line) {
     if (rest.front() == '\t') return Trim(rest);
     const bool blankBefore = rest.front() == ' ';
     rest = Trim(rest);
-    const bool isMark = blankBefore ? rest.front() == '-'
-                                    : std::string_view(".):").find(rest.front()) !=
-                                          std::string_view::npos;
+    const bool isMark = blankBefore
+                            ? rest.front() == '-'
+                            : std::string_view(".):").find(rest.front()) != std::string_view::npos;
     if (!isMark || rest.size() < 2 || kBlanks.find(rest[1]) == std::string_view::npos) return line;
     return Trim(rest.substr(1));
 }

@@ -30,11 +30,11 @@ static bool GetDevice() {
         return false;
     }
     if (IsCdOpen()) return true;
-    if (!AskQuestion("Could not open CD device when starting Tarnwell. Try it again?")) return false;
+    if (!AskQuestion("Could not open CD device when starting Tarnwell. Try it again?"))
+        return false;
     if (OpenDriveAndReadDisc()) ShowDiscButtons();
     if (IsCdOpen() && CdPlayer.discPresent) return true;
-    ShowMessage(
-        "Still can't open CD device. Make sure there is a disc in your CD-ROM drive.");
+    ShowMessage("Still can't open CD device. Make sure there is a disc in your CD-ROM drive.");
     return false;
 }
 
@@ -56,7 +56,9 @@ static void Resume() {
     SetScrollRangeSeconds(TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack));
 }
 
-static bool IsTrackNumber(int track) { return track >= 1 && track <= kMaxTracks; }
+static bool IsTrackNumber(int track) {
+    return track >= 1 && track <= kMaxTracks;
+}
 
 static int TrackToStart(int startTrack) {
     return IsTrackNumber(startTrack) ? startTrack : std::max(CdPlayer.currentTrack, 1);
@@ -152,9 +154,13 @@ static void TurnPage(int page) {
     ShowDiscButtons();
 }
 
-void OnNextPage() { TurnPage(PageAfter(CdPlayer.page, CdPlayer.pageCount)); }
+void OnNextPage() {
+    TurnPage(PageAfter(CdPlayer.page, CdPlayer.pageCount));
+}
 
-void OnPreviousPage() { TurnPage(PageBefore(CdPlayer.page, CdPlayer.pageCount)); }
+void OnPreviousPage() {
+    TurnPage(PageBefore(CdPlayer.page, CdPlayer.pageCount));
+}
 
 void OnEject() {
     if (CdPlayer.state == DiscState::kEmpty && CanEjectDisc()) {
@@ -215,13 +221,28 @@ static void MoveThumb(int bySeconds) {
 
 void OnCdScroll(int code, int thumb) {
     switch (code) {
-        case SB_LINELEFT: MoveThumb(-1); break;
-        case SB_LINERIGHT: MoveThumb(1); break;
-        case SB_PAGELEFT: MoveThumb(-kPageScrollSeconds); break;
-        case SB_PAGERIGHT: MoveThumb(kPageScrollSeconds); break;
-        case SB_THUMBTRACK: DragThumb(thumb); break;
-        case SB_THUMBPOSITION: ReleaseThumb(thumb); break;
-        case SB_ENDSCROLL: ReleaseThumb(ScrollThumb()); break;
-        default: break;
+        case SB_LINELEFT:
+            MoveThumb(-1);
+            break;
+        case SB_LINERIGHT:
+            MoveThumb(1);
+            break;
+        case SB_PAGELEFT:
+            MoveThumb(-kPageScrollSeconds);
+            break;
+        case SB_PAGERIGHT:
+            MoveThumb(kPageScrollSeconds);
+            break;
+        case SB_THUMBTRACK:
+            DragThumb(thumb);
+            break;
+        case SB_THUMBPOSITION:
+            ReleaseThumb(thumb);
+            break;
+        case SB_ENDSCROLL:
+            ReleaseThumb(ScrollThumb());
+            break;
+        default:
+            break;
     }
 }

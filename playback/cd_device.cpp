@@ -9,11 +9,17 @@ bool CdDriverAvailable = true;
 static MCIDEVICEID Device;
 static bool CanEject;
 
-MCIDEVICEID CdDevice() { return Device; }
+MCIDEVICEID CdDevice() {
+    return Device;
+}
 
-bool IsCdOpen() { return Device != 0; }
+bool IsCdOpen() {
+    return Device != 0;
+}
 
-bool CanEjectDisc() { return Device != 0 && CanEject; }
+bool CanEjectDisc() {
+    return Device != 0 && CanEject;
+}
 
 template <typename Parameters>
 static MCIERROR Send(UINT message, DWORD_PTR flags, Parameters& parameters) {
@@ -70,9 +76,13 @@ static void MoveDoor(DWORD_PTR flag) {
     Send(MCI_SET, flag, set);
 }
 
-void OpenCdDoor() { MoveDoor(MCI_SET_DOOR_OPEN); }
+void OpenCdDoor() {
+    MoveDoor(MCI_SET_DOOR_OPEN);
+}
 
-void CloseCdDoor() { MoveDoor(MCI_SET_DOOR_CLOSED); }
+void CloseCdDoor() {
+    MoveDoor(MCI_SET_DOOR_CLOSED);
+}
 
 bool SendToCd(UINT message, DWORD_PTR flags) {
     // Large enough for every command used without values of its own.

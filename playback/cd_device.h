@@ -1,5 +1,5 @@
-// The drive's audio device: opened at start-up, kept open for the life of the program, independent of
-// the file device.
+// The drive's audio device: opened at start-up, kept open for the life of the program, independent
+// of the file device.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,8 @@ bool IsCdOpen();
 // Known from the open on; false without a device.
 bool CanEjectDisc();
 
-// False when there is no device afterwards. A missing driver stays silent, other failures are shown.
+// False when there is no device afterwards. A missing driver stays silent, other failures are
+// shown.
 bool OpenCdDevice();
 void CloseCdDevice();
 

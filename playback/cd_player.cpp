@@ -14,9 +14,13 @@
 
 CdPlayerState CdPlayer;
 
-DiscState CurrentDiscState() { return CdPlayer.state; }
+DiscState CurrentDiscState() {
+    return CdPlayer.state;
+}
 
-const DiscToc& PlayerDiscToc() { return CdPlayer.toc; }
+const DiscToc& PlayerDiscToc() {
+    return CdPlayer.toc;
+}
 
 // A query repeated every second must not raise a box every second.
 static bool QueryReportedOnce(DWORD item, bool& failing, DWORD& value) {
@@ -100,11 +104,15 @@ static bool IsSameDisc() {
 static DiscState StateOfMode(DWORD mode) {
     switch (mode) {
         case MCI_MODE_NOT_READY:
-        case MCI_MODE_OPEN: return DiscState::kEmpty;
-        case MCI_MODE_PLAY: return DiscState::kPlaying;
+        case MCI_MODE_OPEN:
+            return DiscState::kEmpty;
+        case MCI_MODE_PLAY:
+            return DiscState::kPlaying;
         // A paused disc reports that it has stopped.
-        case MCI_MODE_STOP: return CdPlayer.paused ? DiscState::kPaused : DiscState::kReady;
-        default: return DiscState::kReady;
+        case MCI_MODE_STOP:
+            return CdPlayer.paused ? DiscState::kPaused : DiscState::kReady;
+        default:
+            return DiscState::kReady;
     }
 }
 

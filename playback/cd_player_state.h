@@ -7,10 +7,10 @@ struct CdPlayerState {
     DiscState state = DiscState::kNone;
     bool discPresent = false;
     bool paused = false;
-    bool dragging = false;     // the user holds the scroll bar's thumb
-    bool trackStale = false;   // the next position tick shows the track anew
-    int currentTrack = 0;      // 0 before anything has played
-    int page = 0;              // of track buttons
+    bool dragging = false;    // the user holds the scroll bar's thumb
+    bool trackStale = false;  // the next position tick shows the track anew
+    int currentTrack = 0;     // 0 before anything has played
+    int page = 0;             // of track buttons
     int pageCount = 0;
     int highlightedButton = 0;  // 0 to 14
     DiscToc toc;

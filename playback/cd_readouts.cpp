@@ -31,16 +31,21 @@ void ShowDiscState() {
     const auto index = static_cast<int>(CdPlayer.state);
     SetReadout(IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
     if (!CanEjectDisc()) return;
-    SetCaption(IDC_EJECT, IDC_EJECT_LABEL,
-               CdPlayer.state == DiscState::kEmpty ? "Load" : "Eject");
+    SetCaption(IDC_EJECT, IDC_EJECT_LABEL, CdPlayer.state == DiscState::kEmpty ? "Load" : "Eject");
 }
 
-void ShowDiscLength() { SetTimeReadout(IDC_DISC_LENGTH, CdPlayer.toc.totalSeconds); }
+void ShowDiscLength() {
+    SetTimeReadout(IDC_DISC_LENGTH, CdPlayer.toc.totalSeconds);
+}
 
-int ScrollThumb() { return GetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL); }
+int ScrollThumb() {
+    return GetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL);
+}
 
 // The file modes use the same scroll bar.
-static HWND DiscScrollBar() { return InCdMode() ? GetDlgItem(MainWindow, IDC_SCROLL) : nullptr; }
+static HWND DiscScrollBar() {
+    return InCdMode() ? GetDlgItem(MainWindow, IDC_SCROLL) : nullptr;
+}
 
 void SetScrollRangeSeconds(int seconds) {
     HWND bar = DiscScrollBar();
@@ -92,7 +97,8 @@ void ClearCdReadouts() {
                                     IDC_TOTAL_PLAYING,   IDC_DISC_LENGTH,  IDC_SCROLL_LEFT,
                                     IDC_TOTAL_REMAINING, IDC_SCROLL_RIGHT, IDC_TRACK_LENGTH,
                                     IDC_DISC_TITLE,      IDC_TRACK_TITLE};
-    for (int id : kReadouts) SetReadout(id, "");
+    for (int id : kReadouts)
+        SetReadout(id, "");
     SetScrollThumb(0);
 }
 
@@ -116,7 +122,8 @@ static void ShowDiscControl(int controlId, bool show) {
 
 void ShowDiscButtons() {
     SetReadout(IDC_TOTAL_TRACKS, std::to_string(CdPlayer.toc.trackCount));
-    for (int id : {IDC_NEXT_PAGE, IDC_NEXT_PAGE_LABEL, IDC_PREVIOUS_PAGE, IDC_PREVIOUS_PAGE_LABEL}) {
+    for (int id :
+         {IDC_NEXT_PAGE, IDC_NEXT_PAGE_LABEL, IDC_PREVIOUS_PAGE, IDC_PREVIOUS_PAGE_LABEL}) {
         ShowDiscControl(id, CdPlayer.pageCount >= 2);
     }
     const int first = CdPlayer.page * kTrackPageSize;
@@ -146,7 +153,9 @@ void HighlightButton(int index) {
     RepaintTrackButton(index);
 }
 
-void HighlightCurrentTrack() { HighlightButton(HighlightedButton(CdPlayer.currentTrack)); }
+void HighlightCurrentTrack() {
+    HighlightButton(HighlightedButton(CdPlayer.currentTrack));
+}
 
 bool IsTrackHighlighted(int controlId) {
     return controlId == IDC_TRACK_FIRST + CdPlayer.highlightedButton;

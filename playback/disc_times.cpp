@@ -41,7 +41,8 @@ uint16_t TrackLengthSeconds(const DiscToc& toc, int track) {
 
 DiscReadouts ReadoutsAt(const DiscToc& toc, int track, int elapsedSeconds) {
     int before = 0;
-    for (int earlier = 1; earlier < track; ++earlier) before += TrackLengthSeconds(toc, earlier);
+    for (int earlier = 1; earlier < track; ++earlier)
+        before += TrackLengthSeconds(toc, earlier);
     DiscReadouts readouts;
     readouts.time = static_cast<uint16_t>(elapsedSeconds);
     readouts.remaining = static_cast<uint16_t>(TrackLengthSeconds(toc, track) - elapsedSeconds);
@@ -67,7 +68,8 @@ int HighlightedButton(int track) {
 }
 
 int SkipBackTarget(int currentTrack, int trackCount, int elapsedSeconds) {
-    // A current track of 0 or beyond the disc has no predecessor and no beginning: both mean the end.
+    // A current track of 0 or beyond the disc has no predecessor and no beginning: both mean the
+    // end.
     if (currentTrack < 1 || currentTrack > trackCount) return trackCount;
     if (elapsedSeconds > kSkipBackGraceSeconds) return currentTrack;
     return currentTrack == 1 ? trackCount : currentTrack - 1;

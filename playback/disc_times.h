@@ -38,8 +38,8 @@ struct DiscReadouts {
 };
 DiscReadouts ReadoutsAt(const DiscToc& toc, int track, int elapsedSeconds);
 
-// Pages of fifteen track buttons; no pages without tracks. With fewer than two pages the page buttons
-// lead to page 0.
+// Pages of fifteen track buttons; no pages without tracks. With fewer than two pages the page
+// buttons lead to page 0.
 int PageCount(int trackCount);
 int PageAfter(int page, int pageCount);
 int PageBefore(int page, int pageCount);

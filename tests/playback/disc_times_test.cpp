@@ -27,9 +27,10 @@ TEST(DiscTimes, TextPadsSecondsOnly) {
     const struct {
         int seconds;
         const char* text;
-    } cases[] = {{0, "0:00"}, {9, "0:09"}, {60, "1:00"}, {754, "12:34"}, {3661, "61:01"},
-                 {65535, "1092:15"}};
-    for (const auto& c : cases) EXPECT_EQ(MinutesSecondsText(c.seconds), c.text);
+    } cases[] = {{0, "0:00"},    {9, "0:09"},     {60, "1:00"},
+                 {754, "12:34"}, {3661, "61:01"}, {65535, "1092:15"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(MinutesSecondsText(c.seconds), c.text);
 }
 
 TEST(DiscTimes, ReadoutsAddEarlierTracksAndWrapAtSixteenBits) {
@@ -63,7 +64,8 @@ TEST(DiscTimes, PagesOfFifteen) {
         int tracks;
         int pages;
     } cases[] = {{0, 0}, {1, 1}, {15, 1}, {16, 2}, {30, 2}, {31, 3}, {99, 7}};
-    for (const auto& c : cases) EXPECT_EQ(PageCount(c.tracks), c.pages) << c.tracks << " tracks";
+    for (const auto& c : cases)
+        EXPECT_EQ(PageCount(c.tracks), c.pages) << c.tracks << " tracks";
 
     EXPECT_EQ(PageAfter(0, 7), 1);
     EXPECT_EQ(PageAfter(6, 7), 0);
@@ -80,16 +82,17 @@ TEST(DiscTimes, HighlightIsTheTracksPlaceInItsPage) {
         int track;
         int button;
     } cases[] = {{1, 0}, {15, 14}, {16, 0}, {30, 14}, {91, 0}, {99, 8}, {0, 14}};
-    for (const auto& c : cases) EXPECT_EQ(HighlightedButton(c.track), c.button) << c.track;
+    for (const auto& c : cases)
+        EXPECT_EQ(HighlightedButton(c.track), c.button) << c.track;
 }
 
 TEST(DiscTimes, SkipBackRestartsAfterTwoSecondsAndWrapsBefore) {
     const struct {
         int current, tracks, elapsed, target;
     } cases[] = {
-        {5, 12, 3, 5},  {5, 12, 2, 4},   {1, 12, 2, 12},  {1, 12, 3, 1},  {0, 12, 60, 12},
-        {0, 12, 0, 12}, {20, 12, 0, 12}, {20, 12, 9, 12}, {1, 1, 0, 1},   {5, 0, 9, 0},
-        {12, 12, 62, 12},
+        {5, 12, 3, 5},   {5, 12, 2, 4},  {1, 12, 2, 12},   {1, 12, 3, 1},
+        {0, 12, 60, 12}, {0, 12, 0, 12}, {20, 12, 0, 12},  {20, 12, 9, 12},
+        {1, 1, 0, 1},    {5, 0, 9, 0},   {12, 12, 62, 12},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(SkipBackTarget(c.current, c.tracks, c.elapsed), c.target)

@@ -1,4 +1,5 @@
-// The CD player: what the main window's CD buttons, its timer and its scroll bar call in cdplayer mode.
+// The CD player: what the main window's CD buttons, its timer and its scroll bar call in cdplayer
+// mode.
 #pragma once
 
 #include <windows.h>
@@ -24,11 +25,11 @@ const DiscToc& PlayerDiscToc();
 // True for the control id of the highlighted track button.
 bool IsTrackHighlighted(int controlId);
 
-// Commands. A start track of 1 to 99 plays from that track unless the disc is paused; any other value
-// means the current track.
+// Commands. A start track of 1 to 99 plays from that track unless the disc is paused; any other
+// value means the current track.
 void OnCdPlay(int startTrack);
-// The same for a request that arrives while a dialog is open: plays and keeps the state, but touches
-// no control.
+// The same for a request that arrives while a dialog is open: plays and keeps the state, but
+// touches no control.
 void OnCdPlayBehindDialog(int startTrack);
 void OnCdPause();
 void OnCdStop();

@@ -1,0 +1,10 @@
+// The dialog in which the user names the disc in the drive and its tracks.
+#pragma once
+
+#include <windows.h>
+
+#include "playback/disc_toc.h"
+
+// Adds an entry for the disc, or replaces the one that the catalogue has. Modal; the disc is
+// copied, so that what happens in the drive meanwhile changes nothing here.
+void ShowEntryDialog(HWND owner, const DiscToc& disc);

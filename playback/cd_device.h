@@ -1,0 +1,31 @@
+// The drive's audio device: opened at start-up, kept open for the life of the program, independent
+// of the file device.
+#pragma once
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+// Set when a driver may be asked for; nothing is sent to the platform while it is clear.
+extern bool CdDriverAvailable;
+
+// 0 while no device is open.
+MCIDEVICEID CdDevice();
+bool IsCdOpen();
+// Known from the open on; false without a device.
+bool CanEjectDisc();
+
+// False when there is no device afterwards. A missing driver stays silent, other failures are
+// shown.
+bool OpenCdDevice();
+void CloseCdDevice();
+
+// Without waiting for the tray; results are ignored, because drives without a motor refuse.
+void OpenCdDoor();
+void CloseCdDoor();
+
+// One command with a parameter block of zeros, because the platform's driver refuses commands
+// without one. Failures are shown. False on failure.
+bool SendToCd(UINT message, DWORD_PTR flags);
+// Plays on from the beginning of a frame packed as track, minutes, seconds, frames.
+bool PlayCdFrom(DWORD position);

@@ -1,0 +1,59 @@
+// What the tests of the real program share.
+#include "tests/desktop/desktop_test.h"
+
+#include <cstdio>
+
+void DesktopTest::SetUp() {
+    ASSERT_TRUE(PrepareProgram(player)) << "TARNWELL_EXE names no program";
+    PutSetting(player, "TimerSpeed", "1");
+    for (const char* key : {"WaveFilesPath", "MidiFilesPath", "VideoFilesPath"}) {
+        PutSetting(player, key, MediaDirectory().c_str());
+    }
+}
+
+void DesktopTest::TearDown() {
+    ReleaseMouse();
+    EndProgram(player);
+}
+
+void DesktopTest::AddMedia(const std::string& name, const std::string& bytes) {
+    WriteFileBytes(MediaDirectory() + name, bytes);
+}
+
+void DesktopTest::StartIn(const char* mode, const std::string& arguments) {
+    PutSetting(player, "TarnwellMode", mode);
+    ASSERT_TRUE(StartProgram(player, arguments)) << "no main window";
+}
+
+void DesktopTest::Play(const std::vector<std::string>& names) {
+    SelectAll(List(), false);
+    for (const std::string& name : names)
+        ASSERT_TRUE(Select(List(), name)) << name;
+    Command(player.window, IDC_PLAY);
+}
+
+int ReadOutMs(const std::string& text) {
+    int seconds = 0;
+    int milliseconds = 0;
+    char unit[16] = "";
+    if (sscanf(text.c_str(), "%d.%3d %15s", &seconds, &milliseconds, unit) == 3 &&
+        std::string(unit) == "Seconds") {
+        return seconds * 1000 + milliseconds;
+    }
+    if (sscanf(text.c_str(), "%d %15s", &milliseconds, unit) == 2 &&
+        std::string(unit) == "Milliseconds") {
+        return milliseconds;
+    }
+    return -1;
+}
+
+// The tests' own tone has 5,657.
+constexpr double kAudible = 500;
+
+bool WaitForSound() {
+    return WaitUntil([] { return SoundLevel(100) > kAudible; });
+}
+
+bool WaitForSilence() {
+    return WaitUntil([] { return SoundLevel(500) < 1; });
+}

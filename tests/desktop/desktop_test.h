@@ -1,0 +1,36 @@
+// What the tests of the real program share: each has a fresh copy of it in a directory of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/desktop/driver.h"
+
+class DesktopTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Puts a file into the media directory.
+    void AddMedia(const std::string& name, const std::string& bytes);
+    // Starts in this mode ("wave" and so on, as the settings have it) on the media directory.
+    void StartIn(const char* mode, const std::string& arguments = "");
+    // Selects these entries, and no others, and presses Play.
+    void Play(const std::vector<std::string>& names);
+
+    std::string Shown(int id) { return Text(player.window, id); }
+    bool WaitForShown(int id, const std::string& text, int deadlineMs = kDeadlineMs) {
+        return WaitForText(player.window, id, text, deadlineMs);
+    }
+    HWND List() { return Control(player.window, IDC_FILE_LIST); }
+    std::string MediaDirectory() { return player.directory + "media\\"; }
+
+    Program player;
+};
+
+// The milliseconds that a position read-out below one minute shows; -1 for any other text.
+int ReadOutMs(const std::string& text);
+
+// Sound is coming out, or has not been for a while.
+bool WaitForSound();
+bool WaitForSilence();

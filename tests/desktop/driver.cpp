@@ -1,0 +1,347 @@
+// Drives the real program from a second process; see the header.
+#include "tests/desktop/driver.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "resources/ids.h"
+
+static const char kMainTitle[] = "Tarnwell 1.1";
+constexpr UINT kSendTimeoutMs = 5000;
+constexpr int kPollMs = 10;
+
+// A message with a bounded wait; -1 when the window does not answer.
+static LRESULT Send(HWND window, UINT message, WPARAM word, LPARAM parameter) {
+    DWORD_PTR result = 0;
+    if (!SendMessageTimeoutA(window, message, word, parameter, SMTO_ABORTIFHUNG, kSendTimeoutMs,
+                             &result)) {
+        return -1;
+    }
+    return static_cast<LRESULT>(result);
+}
+
+bool WaitUntil(const std::function<bool()>& condition, int deadlineMs) {
+    const DWORD start = GetTickCount();
+    while (!condition()) {
+        if (GetTickCount() - start >= static_cast<DWORD>(deadlineMs)) return false;
+        Sleep(kPollMs);
+    }
+    return true;
+}
+
+static void RemoveDirectoryTree(const std::string& directory) {
+    WIN32_FIND_DATAA entry;
+    HANDLE search = FindFirstFileA((directory + "*").c_str(), &entry);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            const std::string name = entry.cFileName;
+            if (name == "." || name == "..") continue;
+            if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+                RemoveDirectoryTree(directory + name + "\\");
+            } else {
+                DeleteFileA((directory + name).c_str());
+            }
+        } while (FindNextFileA(search, &entry));
+        FindClose(search);
+    }
+    RemoveDirectoryA(directory.c_str());
+}
+
+bool PrepareProgram(Program& program) {
+    static int count = 0;
+    const char* executable = getenv("TARNWELL_EXE");
+    if (!executable) return false;
+    EndProgram(program);
+    if (!program.directory.empty()) RemoveDirectoryTree(program.directory);
+    program.directory = "c:\\program" + std::to_string(++count) + "\\";
+    RemoveDirectoryTree(program.directory);
+    return CreateDirectoryA(program.directory.c_str(), nullptr) &&
+           CreateDirectoryA((program.directory + "media").c_str(), nullptr) &&
+           CopyFileA(executable, (program.directory + "TARNWELL.EXE").c_str(), TRUE);
+}
+
+static std::string SettingsFile(const Program& program) {
+    return program.directory + "TARNWELL.INI";
+}
+
+void PutSetting(const Program& program, const char* key, const char* value, const char* section) {
+    WritePrivateProfileStringA(section, key, value, SettingsFile(program).c_str());
+}
+
+std::string GetSetting(const Program& program, const char* key, const char* section) {
+    char value[512];
+    GetPrivateProfileStringA(section, key, "(missing)", value, sizeof value,
+                             SettingsFile(program).c_str());
+    return value;
+}
+
+static HANDLE StartProcess(const Program& program, const std::string& arguments) {
+    const std::string executable = program.directory + "TARNWELL.EXE";
+    std::string line = executable;
+    if (!arguments.empty()) line += " " + arguments;
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessA(executable.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        program.directory.c_str(), &startup, &process)) {
+        return nullptr;
+    }
+    CloseHandle(process.hThread);
+    return process.hProcess;
+}
+
+// The visible main window of one process.
+static HWND FindMainWindow(DWORD processId) {
+    HWND window = nullptr;
+    while ((window = FindWindowExA(nullptr, window, nullptr, kMainTitle)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == processId && IsWindowVisible(window)) break;
+    }
+    return window;
+}
+
+bool StartProgram(Program& program, const std::string& arguments) {
+    EndProgram(program);
+    program.process = StartProcess(program, arguments);
+    if (!program.process) return false;
+    const DWORD processId = GetProcessId(program.process);
+    return WaitUntil([&] {
+        program.window = FindMainWindow(processId);
+        return program.window != nullptr;
+    });
+}
+
+static int WaitForExit(HANDLE process, int deadlineMs) {
+    if (WaitForSingleObject(process, static_cast<DWORD>(deadlineMs)) != WAIT_OBJECT_0) return -1;
+    DWORD code = 0;
+    GetExitCodeProcess(process, &code);
+    return static_cast<int>(code);
+}
+
+int RunSecondInstance(const Program& program, const std::string& arguments) {
+    HANDLE process = StartProcess(program, arguments);
+    if (!process) return -1;
+    const int code = WaitForExit(process, kDeadlineMs);
+    if (code == -1) TerminateProcess(process, 1);
+    CloseHandle(process);
+    return code;
+}
+
+int ExitCode(Program& program, int deadlineMs) {
+    return WaitForExit(program.process, deadlineMs);
+}
+
+void EndProgram(Program& program) {
+    if (!program.process) return;
+    if (WaitForExit(program.process, 0) == -1) {
+        TerminateProcess(program.process, 1);
+        WaitForExit(program.process, kDeadlineMs);
+    }
+    CloseHandle(program.process);
+    program.process = nullptr;
+    program.window = nullptr;
+}
+
+HWND Control(HWND dialog, int id) {
+    return GetDlgItem(dialog, id);
+}
+
+std::string Title(HWND window) {
+    char text[1024] = "";
+    if (Send(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text)) < 0) return {};
+    return text;
+}
+
+std::string Text(HWND dialog, int id) {
+    return Title(Control(dialog, id));
+}
+
+bool IsShown(HWND dialog, int id) {
+    return IsWindowVisible(Control(dialog, id)) != FALSE;
+}
+
+void Command(HWND dialog, int id, int notification) {
+    PostMessageA(dialog, WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
+                 reinterpret_cast<LPARAM>(Control(dialog, id)));
+}
+
+bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs) {
+    return WaitUntil([&] { return Text(dialog, id) == text; }, deadlineMs);
+}
+
+HWND WaitForPopup(const Program& program, int deadlineMs) {
+    HWND popup = nullptr;
+    WaitUntil(
+        [&] {
+            popup = GetLastActivePopup(program.window);
+            if (popup == program.window || !IsWindowVisible(popup)) popup = nullptr;
+            return popup != nullptr;
+        },
+        deadlineMs);
+    return popup;
+}
+
+bool WaitForNoPopup(const Program& program, int deadlineMs) {
+    return WaitUntil(
+        [&] {
+            return IsWindowEnabled(program.window) &&
+                   GetLastActivePopup(program.window) == program.window;
+        },
+        deadlineMs);
+}
+
+std::vector<std::string> ListTexts(HWND list) {
+    std::vector<std::string> texts;
+    const LRESULT count = Send(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        wchar_t wide[512] = L"";
+        SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide));
+        char narrow[1024] = "";
+        WideCharToMultiByte(CP_ACP, 0, wide, -1, narrow, sizeof narrow, nullptr, nullptr);
+        texts.push_back(narrow);
+    }
+    return texts;
+}
+
+void SelectAll(HWND list, bool selected) {
+    Send(list, LB_SETSEL, selected, -1);
+}
+
+bool Select(HWND list, const std::string& text) {
+    const std::vector<std::string> texts = ListTexts(list);
+    const auto found = std::find(texts.begin(), texts.end(), text);
+    if (found == texts.end()) return false;
+    return Send(list, LB_SETSEL, TRUE, found - texts.begin()) == 0;
+}
+
+static SCROLLINFO ScrollState(const Program& program) {
+    SCROLLINFO state = {};
+    state.cbSize = sizeof state;
+    state.fMask = SIF_RANGE | SIF_POS;
+    if (!GetScrollInfo(Control(program.window, IDC_SCROLL), SB_CTL, &state)) {
+        state.nPos = state.nMax = -1;
+    }
+    return state;
+}
+
+int ScrollPosition(const Program& program) {
+    return ScrollState(program).nPos;
+}
+
+int ScrollMaximum(const Program& program) {
+    return ScrollState(program).nMax;
+}
+
+void Scroll(const Program& program, int code, int position) {
+    Send(program.window, WM_HSCROLL,
+         MAKEWPARAM(static_cast<WORD>(code), static_cast<WORD>(position)),
+         reinterpret_cast<LPARAM>(Control(program.window, IDC_SCROLL)));
+}
+
+void MoveMouse(POINT at) {
+    SetCursorPos(at.x, at.y);
+}
+
+void HoldMouse(POINT at) {
+    MoveMouse(at);
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+}
+
+void ReleaseMouse() {
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+}
+
+void ClickMouse(POINT at) {
+    HoldMouse(at);
+    ReleaseMouse();
+}
+
+POINT CentreOf(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void PressKey(uint8_t virtualKey, uint8_t heldKey) {
+    if (heldKey) keybd_event(heldKey, 0, 0, 0);
+    keybd_event(virtualKey, 0, 0, 0);
+    keybd_event(virtualKey, 0, KEYEVENTF_KEYUP, 0);
+    if (heldKey) keybd_event(heldKey, 0, KEYEVENTF_KEYUP, 0);
+}
+
+COLORREF ScreenPixel(POINT at) {
+    HDC screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, at.x, at.y);
+    ReleaseDC(nullptr, screen);
+    return colour;
+}
+
+double SoundLevel(int lastMs) {
+    constexpr int kSamplesPerMs = 8;
+    const char* recording = getenv("TARNWELL_RECORDING");
+    FILE* file = recording ? fopen(recording, "rb") : nullptr;
+    if (!file) return -1;
+    std::vector<int16_t> samples(static_cast<size_t>(lastMs) * kSamplesPerMs);
+    const long wanted = static_cast<long>(samples.size() * sizeof samples[0]);
+    // The recorder may be in the middle of a sample.
+    fseek(file, 0, SEEK_END);
+    const long size = ftell(file) & ~1L;
+    fseek(file, std::max(0L, size - wanted), SEEK_SET);
+    samples.resize(fread(samples.data(), sizeof samples[0], samples.size(), file));
+    fclose(file);
+    double sum = 0;
+    for (int16_t sample : samples)
+        sum += static_cast<double>(sample) * sample;
+    return samples.empty() ? -1 : std::sqrt(sum / static_cast<double>(samples.size()));
+}
+
+void WriteFileBytes(const std::string& path, const std::string& bytes) {
+    FILE* file = fopen(path.c_str(), "wb");
+    if (!file) return;
+    fwrite(bytes.data(), 1, bytes.size(), file);
+    fclose(file);
+}
+
+static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(value >> (8 * i) & 0xff);
+}
+
+std::string WaveFile(int lengthMs) {
+    constexpr uint32_t kRate = 22050;
+    const uint32_t sampleCount = kRate * static_cast<uint32_t>(lengthMs) / 1000;
+    std::string bytes = "RIFF";
+    AppendLittleEndian(bytes, 36 + 2 * sampleCount, 4);
+    bytes += "WAVEfmt ";
+    AppendLittleEndian(bytes, 16, 4);
+    AppendLittleEndian(bytes, 1, 2);  // PCM
+    AppendLittleEndian(bytes, 1, 2);  // channels
+    AppendLittleEndian(bytes, kRate, 4);
+    AppendLittleEndian(bytes, 2 * kRate, 4);
+    AppendLittleEndian(bytes, 2, 2);
+    AppendLittleEndian(bytes, 16, 2);
+    bytes += "data";
+    AppendLittleEndian(bytes, 2 * sampleCount, 4);
+    for (uint32_t i = 0; i < sampleCount; ++i) {
+        const double phase = 2 * 3.14159265358979 * 440 * i / kRate;
+        AppendLittleEndian(bytes, static_cast<uint32_t>(std::lround(8000 * std::sin(phase))), 2);
+    }
+    return bytes;
+}
+
+std::string MidiFile(int lengthMs) {
+    // 500 ticks to the quarter at 120 quarters a minute: one tick is one millisecond.
+    std::string track("\x00\xff\x51\x03\x07\xa1\x20\x00\xc0\x00\x00\x90\x45\x60", 14);
+    const uint32_t ticks = static_cast<uint32_t>(lengthMs);
+    track += static_cast<char>(0x80 | (ticks >> 14 & 0x7f));
+    track += static_cast<char>(0x80 | (ticks >> 7 & 0x7f));
+    track += static_cast<char>(ticks & 0x7f);
+    track += std::string("\x80\x45\x00\x00\xff\x2f\x00", 7);
+    std::string bytes("MThd\0\0\0\x06\0\0\0\x01\x01\xf4MTrk\0\0\0", 21);
+    bytes += static_cast<char>(track.size());
+    return bytes + track;
+}

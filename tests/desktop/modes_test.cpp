@@ -1,0 +1,312 @@
+// The four modes as they look: which controls show, that none is cut or covers another, at the
+// desktop's dots per inch; colours, boxes, keyboard.
+#include <algorithm>
+
+#include "tests/desktop/desktop_test.h"
+
+using ModesTest = DesktopTest;
+
+struct ShownControl {
+    HWND window;
+    int id;
+    std::string className;
+    LONG style;
+    RECT place;  // in the dialog's client rectangle
+};
+
+static std::vector<ShownControl> ShownControls(HWND dialog) {
+    std::vector<ShownControl> controls;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (!IsWindowVisible(child)) continue;
+        ShownControl control = {
+            child, GetDlgCtrlID(child), "", GetWindowLongA(child, GWL_STYLE), {}};
+        char name[64] = "";
+        GetClassNameA(child, name, sizeof name);
+        control.className = name;
+        GetWindowRect(child, &control.place);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&control.place), 2);
+        controls.push_back(control);
+    }
+    return controls;
+}
+
+static bool IsStatic(const ShownControl& control) {
+    return control.className == "Static";
+}
+
+static bool IsPushButton(const ShownControl& control) {
+    return control.className == "Button" && (control.style & BS_TYPEMASK) != BS_GROUPBOX;
+}
+
+// Group boxes and frames are made to stand around other controls; pictures carry no information.
+static bool MayEnclose(const ShownControl& control) {
+    if (control.className == "Button") return (control.style & BS_TYPEMASK) == BS_GROUPBOX;
+    if (!IsStatic(control)) return false;
+    const LONG type = control.style & SS_TYPEMASK;
+    return type != SS_LEFT && type != SS_CENTER && type != SS_RIGHT && type != SS_SIMPLE &&
+           type != SS_LEFTNOWORDWRAP;
+}
+
+// The text's extent in the dialogs' own face, a mnemonic's mark taken off.
+static SIZE TextExtent(const std::string& text, HDC screen) {
+    std::string plain = text;
+    std::erase(plain, '&');
+    SIZE extent = {};
+    GetTextExtentPoint32A(screen, plain.c_str(), static_cast<int>(plain.size()), &extent);
+    return extent;
+}
+
+static void ExpectComposed(HWND dialog) {
+    RECT client = {};
+    GetClientRect(dialog, &client);
+    const std::vector<ShownControl> controls = ShownControls(dialog);
+    HDC screen = GetDC(nullptr);
+    const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    HFONT face = CreateFontA(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
+                             "MS Sans Serif");
+    HGDIOBJ oldFace = SelectObject(screen, face);
+    for (size_t i = 0; i < controls.size(); ++i) {
+        const ShownControl& control = controls[i];
+        const RECT& place = control.place;
+        SCOPED_TRACE("control " + std::to_string(control.id));
+        EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
+                    place.bottom <= client.bottom)
+            << "beyond the window's edge: " << place.left << " " << place.top << " " << place.right
+            << " " << place.bottom;
+        if (IsStatic(control) && !MayEnclose(control)) {
+            const std::string text = Title(control.window);
+            const SIZE extent = TextExtent(text, screen);
+            const LONG lines = std::max(1L, (place.bottom - place.top) / std::max(1L, extent.cy));
+            EXPECT_LE(extent.cx, (place.right - place.left) * lines) << "cut: " << text;
+            EXPECT_LE(extent.cy, place.bottom - place.top) << "cut in height: " << text;
+        }
+        if (IsPushButton(control)) {
+            EXPECT_NE(Title(control.window), "") << "a screen reader has no name for it";
+        }
+        for (size_t k = i + 1; k < controls.size(); ++k) {
+            RECT common = {};
+            if (MayEnclose(control) || MayEnclose(controls[k])) continue;
+            EXPECT_FALSE(IntersectRect(&common, &place, &controls[k].place))
+                << "covers control " << controls[k].id;
+        }
+    }
+    SelectObject(screen, oldFace);
+    DeleteObject(face);
+    ReleaseDC(nullptr, screen);
+}
+
+constexpr int kFileModeButtons[] = {IDC_PLAY,   IDC_STOP,      IDC_PAUSE,  IDC_INFO,
+                                    IDC_COPY,   IDC_MOVE,      IDC_RENAME, IDC_EDITOR,
+                                    IDC_DELETE, IDC_FILE_LIST, IDC_BROWSE, IDC_DIRECTORY};
+constexpr int kCdButtons[] = {IDC_CD_PLAY,       IDC_CD_PAUSE, IDC_CD_STOP,      IDC_SKIP_BACK,
+                              IDC_SKIP_FORWARD,  IDC_ENTRY,    IDC_GARNISH,      IDC_NEXT_PAGE,
+                              IDC_PREVIOUS_PAGE, IDC_TIME,     IDC_TOTAL_PLAYING};
+constexpr int kCommonButtons[] = {IDC_SETUP, IDC_ABOUT, IDC_VOLUME, IDC_EXIT, IDC_SCROLL};
+
+TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
+    const char* const animations[] = {"WaveAnimation", "MidiAnimation", "VideoAnimation",
+                                      "CDAnimation"};
+    for (const char* on : {"On", "Off"}) {
+        for (const char* animation : animations)
+            PutSetting(player, animation, on);
+        for (const char* start : {"wave", "cdplayer"}) {
+            ASSERT_NO_FATAL_FAILURE(StartIn(start));
+            for (int mode : {IDC_MODE_CDPLAYER, IDC_MODE_VIDEO, IDC_MODE_MIDI, IDC_MODE_WAVE,
+                             IDC_MODE_CDPLAYER, IDC_MODE_WAVE}) {
+                SCOPED_TRACE("mode " + std::to_string(mode) + ", animations " + on);
+                const bool cd = mode == IDC_MODE_CDPLAYER;
+                Command(player.window, mode);
+                ASSERT_TRUE(WaitUntil([&] {
+                    return IsShown(player.window, IDC_CD_PLAY) == cd &&
+                           IsShown(player.window, IDC_FILE_LIST) != cd &&
+                           (cd || IsShown(player.window, IDC_SOUND) == (mode == IDC_MODE_VIDEO));
+                }));
+                for (int id : kFileModeButtons)
+                    EXPECT_EQ(IsShown(player.window, id), !cd) << id;
+                for (int id : kCdButtons)
+                    EXPECT_EQ(IsShown(player.window, id), cd) << id;
+                for (int id : kCommonButtons)
+                    EXPECT_TRUE(IsShown(player.window, id)) << id;
+                EXPECT_EQ(IsShown(player.window, IDC_REPEAT), !cd);
+                ExpectComposed(player.window);
+            }
+        }
+    }
+}
+
+TEST_F(ModesTest, LabelsNameTheMode) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("cdplayer"));
+    const struct {
+        int mode;
+        const char* location;
+        const char* selected;
+        const char* left;
+    } cases[] = {
+        {IDC_MODE_WAVE, "Wave &Location",
+         "Number of wave files selected:", "Wave files left to play:"},
+        {IDC_MODE_MIDI, "Midi &Location",
+         "Number of midi files selected:", "Midi files left to play:"},
+        {IDC_MODE_VIDEO, "Video &Location",
+         "Number of video files selected:", "Video files left to play:"},
+    };
+    for (const auto& labels : cases) {
+        Command(player.window, labels.mode);
+        EXPECT_TRUE(WaitForShown(IDC_LOCATION_GROUP, labels.location));
+        EXPECT_TRUE(WaitForShown(IDC_SELECTED_LABEL, labels.selected));
+        EXPECT_TRUE(WaitForShown(IDC_LEFT_LABEL, labels.left));
+        EXPECT_TRUE(WaitForShown(IDC_DIRECTORY, MediaDirectory()));
+    }
+}
+
+TEST_F(ModesTest, ScrollBarStandsWhereTheResolutionPutsIt) {
+    HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    const struct {
+        int dpi;
+        POINT fileModes;
+        POINT cdPlayer;
+        SIZE client;
+    } cases[] = {
+        {96, {129, 51}, {70, 220}, {615, 429}},
+        {120, {172, 62}, {93, 270}, {820, 528}},
+        {144, {204, 75}, {110, 325}, {923, 660}},
+    };
+    for (const auto& expected : cases) {
+        if (expected.dpi != dpi) continue;
+        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+        RECT client = {};
+        GetClientRect(player.window, &client);
+        EXPECT_NEAR(client.right, expected.client.cx, 1);
+        EXPECT_NEAR(client.bottom, expected.client.cy, 1);
+        for (const auto& [mode, place] : {std::pair{IDC_MODE_MIDI, expected.fileModes},
+                                          std::pair{IDC_MODE_CDPLAYER, expected.cdPlayer},
+                                          std::pair{IDC_MODE_WAVE, expected.fileModes}}) {
+            Command(player.window, mode);
+            EXPECT_TRUE(WaitUntil([&] {
+                POINT at = {};
+                MapWindowPoints(Control(player.window, IDC_SCROLL), player.window, &at, 1);
+                return at.x == place.x && at.y == place.y;
+            })) << mode;
+        }
+        return;
+    }
+    FAIL() << dpi << " dots per inch are not in the table";
+}
+
+TEST_F(ModesTest, WindowStandsInTheMiddleOfTheScreen) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    RECT place = {};
+    GetWindowRect(player.window, &place);
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    const int height = GetSystemMetrics(SM_CYSCREEN);
+    EXPECT_EQ(place.left, (width - (place.right - place.left)) / 2);
+    EXPECT_EQ(place.top, (height - (place.bottom - place.top)) / 2);
+}
+
+TEST_F(ModesTest, TabsAndButtonsAnswerTheMouse) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    ClickMouse(CentreOf(Control(player.window, IDC_MODE_MIDI)));
+    EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "0 Midi Files:"));
+    ClickMouse(CentreOf(Control(player.window, IDC_MODE_CDPLAYER)));
+    EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
+    ClickMouse(CentreOf(Control(player.window, IDC_EXIT)));
+    EXPECT_EQ(ExitCode(player), 0);
+    EXPECT_EQ(GetSetting(player, "TarnwellMode"), "cdplayer");
+}
+
+// A spot of bare background: in the client rectangle and in no shown control, nor near one.
+static POINT BareSpot(HWND dialog) {
+    RECT client = {};
+    GetClientRect(dialog, &client);
+    const std::vector<ShownControl> controls = ShownControls(dialog);
+    for (POINT spot = {4, client.bottom - 5}; spot.y > 4; spot.y -= 5) {
+        for (spot.x = 4; spot.x < client.right - 4; spot.x += 5) {
+            const bool bare =
+                std::none_of(controls.begin(), controls.end(), [&](const ShownControl& control) {
+                    RECT around = control.place;
+                    InflateRect(&around, 4, 4);
+                    return PtInRect(&around, spot);
+                });
+            if (!bare) continue;
+            ClientToScreen(dialog, &spot);
+            return spot;
+        }
+    }
+    return {-1, -1};
+}
+
+TEST_F(ModesTest, BackgroundFollowsTheSystemColours) {
+    const struct {
+        const char* colorization;
+        int element;
+    } cases[] = {{"On", COLOR_BTNFACE}, {"Off", COLOR_WINDOW}};
+    for (const auto& scheme : cases) {
+        SCOPED_TRACE(scheme.colorization);
+        PutSetting(player, "EntryFieldColorization", scheme.colorization);
+        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+        const POINT spot = BareSpot(player.window);
+        ASSERT_GE(spot.x, 0);
+        const COLORREF before = GetSysColor(scheme.element);
+        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
+        const COLORREF changed = RGB(0x20, 0x60, 0x80);
+        SetSysColors(1, &scheme.element, &changed);
+        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == changed; })) << "kept its colour";
+        SetSysColors(1, &scheme.element, &before);
+        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
+    }
+}
+
+TEST_F(ModesTest, AboutBoxAndItsCreditsByKeyboard) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    Command(player.window, IDC_ABOUT);
+    HWND about = WaitForPopup(player);
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(Title(about), "About Tarnwell 1.1");
+    EXPECT_FALSE(IsWindowEnabled(player.window));
+    ExpectComposed(about);
+    SetForegroundWindow(about);
+    PressKey('E', VK_MENU);
+    HWND credits = nullptr;
+    EXPECT_TRUE(WaitUntil([&] {
+        credits = WaitForPopup(player, 0);
+        return credits && credits != about;
+    }));
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(WaitUntil([&] { return WaitForPopup(player, 0) == about; }));
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(WaitForNoPopup(player));
+}
+
+TEST_F(ModesTest, TabKeyReachesEveryShownButton) {
+    for (const char* mode : {"wave", "cdplayer"}) {
+        SCOPED_TRACE(mode);
+        ASSERT_NO_FATAL_FAILURE(StartIn(mode));
+        SetForegroundWindow(player.window);
+        std::vector<HWND> unreached;
+        for (const ShownControl& control : ShownControls(player.window)) {
+            if (IsPushButton(control) && IsWindowEnabled(control.window)) {
+                unreached.push_back(control.window);
+            }
+        }
+        ASSERT_FALSE(unreached.empty());
+        const DWORD thread = GetWindowThreadProcessId(player.window, nullptr);
+        for (int presses = 0; presses < 100 && !unreached.empty(); ++presses) {
+            GUITHREADINFO focus = {};
+            focus.cbSize = sizeof focus;
+            GetGUIThreadInfo(thread, &focus);
+            std::erase(unreached, focus.hwndFocus);
+            PressKey(VK_TAB);
+            WaitUntil(
+                [&] {
+                    GUITHREADINFO now = {};
+                    now.cbSize = sizeof now;
+                    GetGUIThreadInfo(thread, &now);
+                    return now.hwndFocus != focus.hwndFocus;
+                },
+                500);
+        }
+        for (HWND button : unreached)
+            ADD_FAILURE() << "not reached: " << Title(button);
+    }
+}

@@ -53,7 +53,7 @@ void SetScrollRangeSeconds(int seconds) {
     if (low != 0 || high != seconds) SetScrollRange(bar, SB_CTL, 0, seconds, TRUE);
 }
 
-void SetScrollThumb(int seconds) {
+void SetDiscThumb(int seconds) {
     HWND bar = DiscScrollBar();
     if (bar != nullptr && GetScrollPos(bar, SB_CTL) != seconds) {
         SetScrollPos(bar, SB_CTL, seconds, TRUE);
@@ -86,7 +86,7 @@ void ShowElapsed(int seconds) {
 
 void ShowElapsedAndThumb(int seconds) {
     ShowElapsed(seconds);
-    SetScrollThumb(seconds);
+    SetDiscThumb(seconds);
 }
 
 void ClearCdReadouts() {
@@ -96,7 +96,7 @@ void ClearCdReadouts() {
                                     IDC_DISC_TITLE,      IDC_TRACK_TITLE};
     for (int id : kReadouts)
         SetReadout(id, "");
-    SetScrollThumb(0);
+    SetDiscThumb(0);
 }
 
 void ShowDiscTitle() {

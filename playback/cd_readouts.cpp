@@ -13,17 +13,11 @@
 #include "ui/dialog_helpers.h"
 
 static void SetReadout(int controlId, const std::string& text) {
-    if (ControlText(MainWindow, controlId) != text) SetControlText(MainWindow, controlId, text);
+    SetControlText(MainWindow, controlId, text);
 }
 
 static void SetTimeReadout(int controlId, int seconds) {
     SetReadout(controlId, MinutesSecondsText(seconds));
-}
-
-// A picture button's caption is not drawn, but keyboard and screen reader go by it.
-static void SetCaption(int buttonId, int labelId, const std::string& text) {
-    SetReadout(buttonId, text);
-    SetReadout(labelId, text);
 }
 
 void ShowDiscState() {
@@ -31,7 +25,10 @@ void ShowDiscState() {
     const auto index = static_cast<int>(CdPlayer.state);
     SetReadout(IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
     if (!CanEjectDisc()) return;
-    SetCaption(IDC_EJECT, IDC_EJECT_LABEL, CdPlayer.state == DiscState::kEmpty ? "Load" : "Eject");
+    const bool empty = CdPlayer.state == DiscState::kEmpty;
+    // Like every picture button's, this caption is not drawn: keyboard and screen reader go by it.
+    SetReadout(IDC_EJECT, empty ? "&Load" : "E&ject");
+    SetReadout(IDC_EJECT_LABEL, empty ? "Load" : "Eject");
 }
 
 void ShowDiscLength() {
@@ -107,7 +104,8 @@ void ShowDiscTitle() {
     SetReadout(IDC_DISC_TITLE, CdPlayer.discPresent ? DiscTitleText() : "");
     const bool known =
         CdPlayer.discPresent && FindDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
-    SetCaption(IDC_ENTRY, IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
+    SetReadout(IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
+    SetReadout(IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
 }
 
 void RefreshDiscTitles() {
@@ -131,7 +129,8 @@ void ShowDiscButtons() {
         const bool exists = first + i < CdPlayer.toc.trackCount;
         if (exists) {
             const std::string number = std::to_string(first + i + 1);
-            SetCaption(IDC_TRACK_FIRST + i, IDC_TRACK_LABEL_FIRST + i, number);
+            SetReadout(IDC_TRACK_FIRST + i, "Track " + number);
+            SetReadout(IDC_TRACK_LABEL_FIRST + i, number);
         }
         ShowDiscControl(IDC_TRACK_FIRST + i, exists);
         ShowDiscControl(IDC_TRACK_LABEL_FIRST + i, exists);

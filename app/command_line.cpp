@@ -8,7 +8,8 @@
 constexpr size_t kMaxPathText = 260;
 
 static bool BeginsWith(const std::string& text, char first, char second) {
-    return text.size() >= 2 && text[0] == first && (text[1] == second || text[1] == second - 'a' + 'A');
+    return text.size() >= 2 && text[0] == first &&
+           (text[1] == second || text[1] == second - 'a' + 'A');
 }
 
 // The leading digits of two characters; a place beyond the text counts as no digit.
@@ -22,8 +23,9 @@ static uint16_t TwoDigits(const std::string& text, size_t place) {
 }
 
 static int ModeOfExtension(std::string extension) {
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
     if (extension == "WAV") return IDC_MODE_WAVE;
     if (extension == "MID" || extension == "RMI") return IDC_MODE_MIDI;
     if (extension == "AVI" || extension == "MOV") return IDC_MODE_VIDEO;
@@ -57,7 +59,8 @@ CommandLineRequest ParseCommandLine(const std::string& text) {
         // The digits stand six and five places before the end: NN.cda.
         constexpr size_t digitsFromEnd = 6;
         request.playDisc = true;
-        if (text.size() >= digitsFromEnd) request.track = TwoDigits(text, text.size() - digitsFromEnd);
+        if (text.size() >= digitsFromEnd)
+            request.track = TwoDigits(text, text.size() - digitsFromEnd);
     } else {
         ParseMediaFile(text, request);
     }

@@ -14,10 +14,10 @@ struct CommandLineRequest {
     std::string fileName;
 };
 
-// "/p" plays the disc, "-p..." plays it from the track whose number stands before the extension of a
-// track file; anything else is the path of a media file or means nothing.
+// "/p" plays the disc, "-p..." plays it from the track whose number stands before the extension of
+// a track file; anything else is the path of a media file or means nothing.
 CommandLineRequest ParseCommandLine(const std::string& text);
 
-// The track that a second start hands to the running program: its digits stand at a fixed place of the
-// form "-play D:\TrackNN.cda". False when the text does not ask for the disc.
+// The track that a second start hands to the running program: its digits stand at a fixed place of
+// the form "-play D:\TrackNN.cda". False when the text does not ask for the disc.
 bool ForwardedTrack(const std::string& text, uint16_t& track);

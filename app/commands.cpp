@@ -18,7 +18,9 @@ static void OnAbout() {
     ShowAboutBox(MainWindow);
 }
 
-static void OnCdPlayCurrent() { OnCdPlay(0); }
+static void OnCdPlayCurrent() {
+    OnCdPlay(0);
+}
 
 enum class CommandKind { kAnyMode, kFileModes, kCdMode };
 
@@ -74,8 +76,9 @@ static void GuardedCommand(HWND window, int id) {
     InCommand = outer;
 }
 
-// A request to play the disc, posted by a second start or by the program itself: marker and track stand
-// in the long parameter, or the marker in the notification code and the track in the parameter.
+// A request to play the disc, posted by a second start or by the program itself: marker and track
+// stand in the long parameter, or the marker in the notification code and the track in the
+// parameter.
 static bool IsDiscRequest(WPARAM wParam, LPARAM lParam, int& track) {
     if (LOWORD(wParam) != IDC_CD_PLAY) return false;
     if (HIWORD(lParam) == kCommandLineMarker) {

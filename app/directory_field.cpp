@@ -31,4 +31,6 @@ void OnLeaveDirectoryField() {
     FillModeList(unchanged);
 }
 
-void OnInvalidPath() { ShowMessage("Invalid path!"); }
+void OnInvalidPath() {
+    ShowMessage("Invalid path!");
+}

@@ -41,7 +41,8 @@ bool HandToRunningInstance(const std::string& commandLine) {
     }
     BringWindowToTop(running);
     if (IsIconic(running)) ShowWindow(running, SW_RESTORE);
-    // Bringing to the top alone does not raise another program's window; a dialog it has open comes first.
+    // Bringing to the top alone does not raise another program's window; a dialog it has open comes
+    // first.
     SetForegroundWindow(GetLastActivePopup(running));
     return true;
 }

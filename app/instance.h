@@ -10,6 +10,6 @@ extern const char kMainWindowClass[];
 // High word of the parameter that marks a forwarded request to play the disc.
 constexpr unsigned kCommandLineMarker = 6969;
 
-// True when a running program was found; the disc request of the command line, if any, has been posted to
-// it and it has been brought to the front.
+// True when a running program was found; the disc request of the command line, if any, has been
+// posted to it and it has been brought to the front.
 bool HandToRunningInstance(const std::string& commandLine);

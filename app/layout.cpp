@@ -9,18 +9,18 @@
 #include "ui/skin_buttons.h"
 
 constexpr int kFileControls[] = {
-    IDC_PLAY,           IDC_STOP,         IDC_PAUSE,        IDC_INFO,          IDC_COPY,
-    IDC_RENAME,         IDC_MOVE,         IDC_EDITOR,       IDC_DELETE,        IDC_BROWSE,
-    IDC_PLAY_LABEL,     IDC_STOP_LABEL,   IDC_PAUSE_LABEL,  IDC_INFO_LABEL,    IDC_COPY_LABEL,
-    IDC_RENAME_LABEL,   IDC_MOVE_LABEL,   IDC_EDITOR_LABEL, IDC_DELETE_LABEL,  IDC_BROWSE_LABEL,
-    IDC_FILE_LIST,      IDC_LIST_COUNT,   IDC_FILE_NAME,    IDC_SELECTED_LABEL, IDC_SELECTED_COUNT,
-    IDC_LEFT_LABEL,     IDC_FILES_LEFT,   IDC_STATUS,       IDC_POSITION_UNIT, IDC_POSITION,
-    IDC_LENGTH,         IDC_VIDEO_FRAME,  IDC_LOCATION_GROUP, IDC_DIRECTORY,
+    IDC_PLAY,         IDC_STOP,        IDC_PAUSE,          IDC_INFO,           IDC_COPY,
+    IDC_RENAME,       IDC_MOVE,        IDC_EDITOR,         IDC_DELETE,         IDC_BROWSE,
+    IDC_PLAY_LABEL,   IDC_STOP_LABEL,  IDC_PAUSE_LABEL,    IDC_INFO_LABEL,     IDC_COPY_LABEL,
+    IDC_RENAME_LABEL, IDC_MOVE_LABEL,  IDC_EDITOR_LABEL,   IDC_DELETE_LABEL,   IDC_BROWSE_LABEL,
+    IDC_FILE_LIST,    IDC_LIST_COUNT,  IDC_FILE_NAME,      IDC_SELECTED_LABEL, IDC_SELECTED_COUNT,
+    IDC_LEFT_LABEL,   IDC_FILES_LEFT,  IDC_STATUS,         IDC_POSITION_UNIT,  IDC_POSITION,
+    IDC_LENGTH,       IDC_VIDEO_FRAME, IDC_LOCATION_GROUP, IDC_DIRECTORY,
 };
 
 // Hidden when their kind of mode is left, shown by the mode itself.
-constexpr int kFileModeOwnControls[] = {IDC_REPEAT,     IDC_REPEAT_LABEL, IDC_SOUND,
-                                        IDC_SOUND_LABEL, IDC_VIDEO_AREA};
+constexpr int kFileModeOwnControls[] = {IDC_REPEAT, IDC_REPEAT_LABEL, IDC_SOUND, IDC_SOUND_LABEL,
+                                        IDC_VIDEO_AREA};
 
 // Upper left corners in pixels at 96 dots per inch.
 struct Placement {
@@ -81,12 +81,9 @@ constexpr Placement kCdPlacements[] = {
 
 // Placed here, but shown by the player as the disc and the drive ask for it.
 constexpr Placement kCdOwnPlacements[] = {
-    {IDC_EJECT, 318, kTransportY},
-    {IDC_EJECT_LABEL, 318, kTransportLabelY},
-    {IDC_NEXT_PAGE, 140, 177},
-    {IDC_NEXT_PAGE_LABEL, 128, 201},
-    {IDC_PREVIOUS_PAGE, 238, 177},
-    {IDC_PREVIOUS_PAGE_LABEL, 226, 201},
+    {IDC_EJECT, 318, kTransportY}, {IDC_EJECT_LABEL, 318, kTransportLabelY},
+    {IDC_NEXT_PAGE, 140, 177},     {IDC_NEXT_PAGE_LABEL, 128, 201},
+    {IDC_PREVIOUS_PAGE, 238, 177}, {IDC_PREVIOUS_PAGE_LABEL, 226, 201},
 };
 
 // Track buttons: three rows of five, each with its number below.
@@ -132,7 +129,8 @@ static void Place(HWND window, const ScaleFactors& factors, const Placement& pla
 
 static ScaleFactors ScreenScale(HWND window) {
     const UniqueWindowDc dc = GetUniqueDc(window);
-    return ScaleForResolution(GetDeviceCaps(dc.get(), LOGPIXELSX), GetDeviceCaps(dc.get(), LOGPIXELSY));
+    return ScaleForResolution(GetDeviceCaps(dc.get(), LOGPIXELSX),
+                              GetDeviceCaps(dc.get(), LOGPIXELSY));
 }
 
 void PlaceScrollBar(HWND window, bool cdMode) {
@@ -141,8 +139,10 @@ void PlaceScrollBar(HWND window, bool cdMode) {
 
 void PlaceCdControls(HWND window) {
     const ScaleFactors factors = ScreenScale(window);
-    for (const Placement& placement : kCdPlacements) Place(window, factors, placement);
-    for (const Placement& placement : kCdOwnPlacements) Place(window, factors, placement);
+    for (const Placement& placement : kCdPlacements)
+        Place(window, factors, placement);
+    for (const Placement& placement : kCdOwnPlacements)
+        Place(window, factors, placement);
     for (int i = 0; i <= IDC_TRACK_LAST - IDC_TRACK_FIRST; ++i) {
         const int x = kTrackX + i % kTracksPerRow * kTrackPitchX;
         const int y = kTrackY + i / kTracksPerRow * kTrackPitchY;
@@ -152,9 +152,11 @@ void PlaceCdControls(HWND window) {
 }
 
 void ShowFileControls(HWND window, bool show) {
-    for (int id : kFileControls) ShowControl(window, id, show);
+    for (int id : kFileControls)
+        ShowControl(window, id, show);
     if (show) return;
-    for (int id : kFileModeOwnControls) ShowControl(window, id, false);
+    for (int id : kFileModeOwnControls)
+        ShowControl(window, id, false);
 }
 
 void ShowCdControls(HWND window, bool show) {
@@ -162,7 +164,8 @@ void ShowCdControls(HWND window, bool show) {
         if (placement.id != IDC_CD_ANIMATION) ShowControl(window, placement.id, show);
     }
     if (show) return;
-    for (const Placement& placement : kCdOwnPlacements) ShowControl(window, placement.id, false);
+    for (const Placement& placement : kCdOwnPlacements)
+        ShowControl(window, placement.id, false);
     for (int i = 0; i <= IDC_TRACK_LAST - IDC_TRACK_FIRST; ++i) {
         ShowControl(window, IDC_TRACK_FIRST + i, false);
         ShowControl(window, IDC_TRACK_LABEL_FIRST + i, false);

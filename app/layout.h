@@ -11,7 +11,7 @@ void PrepareLayout(HWND window);
 void PlaceScrollBar(HWND window, bool cdMode);
 void PlaceCdControls(HWND window);
 
-// Shows or hides the controls of a kind. Track, page and eject buttons, animation areas and the small
-// buttons for repeat and sound follow their own rules and are only ever hidden here.
+// Shows or hides the controls of a kind. Track, page and eject buttons, animation areas and the
+// small buttons for repeat and sound follow their own rules and are only ever hidden here.
 void ShowFileControls(HWND window, bool show);
 void ShowCdControls(HWND window, bool show);

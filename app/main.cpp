@@ -11,8 +11,8 @@
 #include "ui/click_sounds.h"
 #include "ui/skin.h"
 
-// The settings file's path is not known yet when a media file is named: the two other directories then
-// take their default.
+// The settings file's path is not known yet when a media file is named: the two other directories
+// then take their default.
 static void TakeStartFile(const CommandLineRequest& request) {
     StartFileGiven = true;
     StartFileName = request.fileName;

@@ -56,10 +56,14 @@ const DialogButton kMainButtons[kMainButtonCount] = {
 
 static const SkinFace* SelectedTab() {
     switch (PlayMode) {
-        case IDC_MODE_WAVE: return &kFaceTabWaveSelected;
-        case IDC_MODE_MIDI: return &kFaceTabMidiSelected;
-        case IDC_MODE_VIDEO: return &kFaceTabVideoSelected;
-        default: return &kFaceTabCdPlayerSelected;
+        case IDC_MODE_WAVE:
+            return &kFaceTabWaveSelected;
+        case IDC_MODE_MIDI:
+            return &kFaceTabMidiSelected;
+        case IDC_MODE_VIDEO:
+            return &kFaceTabVideoSelected;
+        default:
+            return &kFaceTabCdPlayerSelected;
     }
 }
 

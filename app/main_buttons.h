@@ -7,6 +7,6 @@
 constexpr int kMainButtonCount = 45;
 extern const DialogButton kMainButtons[kMainButtonCount];
 
-// The face of a button as things stand now: the selected tab, the playing track and the switches have
-// faces of their own. Null for a control that is no picture button.
+// The face of a button as things stand now: the selected tab, the playing track and the switches
+// have faces of their own. Null for a control that is no picture button.
 const SkinFace* CurrentFace(int controlId);

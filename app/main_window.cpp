@@ -110,9 +110,12 @@ static void OnSystemColorChange(HWND window) {
 }
 
 // While a box or a dialog is open, what would reach the main window behind it is dropped.
-static bool IsBlocked(HWND window) { return !IsWindowEnabled(window) || ShuttingDown; }
+static bool IsBlocked(HWND window) {
+    return !IsWindowEnabled(window) || ShuttingDown;
+}
 
-static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
             OnCommand(window, wParam, lParam, IsBlocked(window));
@@ -126,16 +129,27 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
         case WM_ENDSESSION:
             if (wParam) WriteSettings();
             return 0;
-        case WM_TIMER: OnTimer(wParam); return 0;
-        case WM_PAINT: OnPaint(window); return 0;
-        case WM_DRAWITEM: return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+        case WM_TIMER:
+            OnTimer(wParam);
+            return 0;
+        case WM_PAINT:
+            OnPaint(window);
+            return 0;
+        case WM_DRAWITEM:
+            return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
         case WM_CTLCOLORDLG:
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
-        case WM_CTLCOLORLISTBOX: return OnColorWindow(reinterpret_cast<HDC>(wParam));
-        case WM_SYSCOLORCHANGE: OnSystemColorChange(window); return 0;
-        case kInvalidPathMessage: OnInvalidPath(); return 0;
-        default: return DefDlgProcA(window, message, wParam, lParam);
+        case WM_CTLCOLORLISTBOX:
+            return OnColorWindow(reinterpret_cast<HDC>(wParam));
+        case WM_SYSCOLORCHANGE:
+            OnSystemColorChange(window);
+            return 0;
+        case kInvalidPathMessage:
+            OnInvalidPath();
+            return 0;
+        default:
+            return DefDlgProcA(window, message, wParam, lParam);
     }
 }
 
@@ -158,8 +172,8 @@ bool RegisterMainWindowClass() {
 }
 
 HWND CreateMainWindow() {
-    HWND window = CreateDialogParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_MAIN), nullptr,
-                                     InitProcedure, 0);
+    HWND window =
+        CreateDialogParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_MAIN), nullptr, InitProcedure, 0);
     if (window == nullptr) return nullptr;
     HMENU menu = GetSystemMenu(window, FALSE);
     EnableMenuItem(menu, SC_MAXIMIZE, MF_BYCOMMAND | MF_GRAYED | MF_DISABLED);

@@ -6,5 +6,6 @@
 // A click on a tab. The current mode's own tab does nothing.
 void ChangeMode(HWND window, int mode);
 
-// Lays out the mode that PlayMode names, for the first time. In cdplayer mode the drive must be open.
+// Lays out the mode that PlayMode names, for the first time. In cdplayer mode the drive must be
+// open.
 void EnterStartMode(HWND window);

@@ -21,14 +21,20 @@ std::string StartFileName;
 bool ShuttingDown;
 char MessageText[kMessageTextSize];
 
-bool InCdMode() { return PlayMode == IDC_MODE_CDPLAYER; }
+bool InCdMode() {
+    return PlayMode == IDC_MODE_CDPLAYER;
+}
 
 std::string* ModeDirectory() {
     switch (PlayMode) {
-        case IDC_MODE_WAVE: return &WaveFilesPath;
-        case IDC_MODE_MIDI: return &MidiFilesPath;
-        case IDC_MODE_VIDEO: return &VideoFilesPath;
-        default: return nullptr;
+        case IDC_MODE_WAVE:
+            return &WaveFilesPath;
+        case IDC_MODE_MIDI:
+            return &MidiFilesPath;
+        case IDC_MODE_VIDEO:
+            return &VideoFilesPath;
+        default:
+            return nullptr;
     }
 }
 
@@ -40,8 +46,8 @@ void SetMessageText(const std::string& text) {
 
 void CreateBackgroundBrush() {
     HBRUSH old = BackgroundBrush;
-    BackgroundBrush =
-        CreateSolidBrush(GetSysColor(Settings.entryFieldColorization ? COLOR_BTNFACE : COLOR_WINDOW));
+    BackgroundBrush = CreateSolidBrush(
+        GetSysColor(Settings.entryFieldColorization ? COLOR_BTNFACE : COLOR_WINDOW));
     // The class must not keep a brush that is about to be deleted.
     if (MainWindow != nullptr) {
         SetClassLongA(MainWindow, GCL_HBRBACKGROUND,

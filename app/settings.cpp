@@ -41,7 +41,9 @@ static std::string ReadMainWord(const char* key) {
     return ReadMainSetting(key, kDirectoryDefault, kDecodedLimit);
 }
 
-static bool ReadMainSwitch(const char* key) { return DecodeOnOff(ReadMainWord(key)); }
+static bool ReadMainSwitch(const char* key) {
+    return DecodeOnOff(ReadMainWord(key));
+}
 
 static bool IsProgramChosen(const char* key) {
     return CharacterAt(ReadMainSetting(key, "0", kDecodedLimit), 0) != '0';
@@ -53,7 +55,7 @@ static char ReadSearchLetter(const char* key) {
 
 struct SearchSwitch {
     const char* key;
-    bool SearchSettings::* field;
+    bool SearchSettings::*field;
     bool onUnlessFalse;  // else off unless "TRUE"
 };
 constexpr SearchSwitch kSearchSwitches[] = {
@@ -87,8 +89,7 @@ static void ReadSearchSettings() {
         search.*item.field = item.onUnlessFalse ? letter != 'F' : letter == 'T';
     }
     search.radioId = DecodeSearchRadio(ReadSetting(kSearch, "RadioSearch", "0", kDecodedLimit));
-    search.text =
-        DecodeSearchText(ReadSetting(kSearch, "StringMatch", "0", kSearchTextLimit));
+    search.text = DecodeSearchText(ReadSetting(kSearch, "StringMatch", "0", kSearchTextLimit));
 }
 
 void ReadSettings() {
@@ -119,7 +120,9 @@ static void WriteSearch(const char* key, const char* value) {
     WritePrivateProfileStringA(kSearch, key, value, SettingsPath.c_str());
 }
 
-static const char* OnOff(bool on) { return on ? "On" : "Off"; }
+static const char* OnOff(bool on) {
+    return on ? "On" : "Off";
+}
 
 // The last write wins, so "Both" stands when both kinds are listed; nothing is written for neither.
 static void WriteListFilter(const char* key, const char* firstName, bool first,

@@ -9,20 +9,29 @@ char CharacterAt(const std::string& text, size_t position) {
 
 int DecodeMode(const std::string& text) {
     switch (CharacterAt(text, 0)) {
-        case 'w': return IDC_MODE_WAVE;
-        case 'm': return IDC_MODE_MIDI;
-        case 'v': return IDC_MODE_VIDEO;
-        default: return IDC_MODE_CDPLAYER;
+        case 'w':
+            return IDC_MODE_WAVE;
+        case 'm':
+            return IDC_MODE_MIDI;
+        case 'v':
+            return IDC_MODE_VIDEO;
+        default:
+            return IDC_MODE_CDPLAYER;
     }
 }
 
 const char* EncodeMode(int mode) {
     switch (mode) {
-        case IDC_MODE_WAVE: return "wave";
-        case IDC_MODE_MIDI: return "midi";
-        case IDC_MODE_VIDEO: return "video";
-        case IDC_MODE_CDPLAYER: return "cdplayer";
-        default: return nullptr;
+        case IDC_MODE_WAVE:
+            return "wave";
+        case IDC_MODE_MIDI:
+            return "midi";
+        case IDC_MODE_VIDEO:
+            return "video";
+        case IDC_MODE_CDPLAYER:
+            return "cdplayer";
+        default:
+            return nullptr;
     }
 }
 

@@ -1,5 +1,5 @@
-// The pure half of the settings: every stored text is decoded by one of its characters, case counts,
-// and nothing is trimmed or validated.
+// The pure half of the settings: every stored text is decoded by one of its characters, case
+// counts, and nothing is trimmed or validated.
 #pragma once
 
 #include <cstdint>

@@ -9,8 +9,7 @@ bool CheckTypedDirectory(const std::string& typed, std::string& directory) {
     std::string path;
     if (!NormalizeTypedPath(typed, path)) return false;
     constexpr size_t rootLength = 3;
-    const std::string entered =
-        path.size() > rootLength ? path.substr(0, path.size() - 1) : path;
+    const std::string entered = path.size() > rootLength ? path.substr(0, path.size() - 1) : path;
 
     char before[MAX_PATH + 1] = {};
     const DWORD length = GetCurrentDirectoryA(sizeof before, before);

@@ -10,7 +10,9 @@
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 
-static HWND FileList() { return GetDlgItem(MainWindow, IDC_FILE_LIST); }
+static HWND FileList() {
+    return GetDlgItem(MainWindow, IDC_FILE_LIST);
+}
 
 static std::vector<const char*> ModePatterns() {
     std::vector<const char*> patterns;
@@ -40,12 +42,12 @@ struct ModeTexts {
     const char* count;
 };
 constexpr ModeTexts kModeTexts[] = {
-    {IDC_MODE_WAVE, "Wave &Location", "Number of wave files selected:", "Wave files left to play:",
-     " Wave Files:"},
-    {IDC_MODE_MIDI, "Midi &Location", "Number of midi files selected:", "Midi files left to play:",
-     " Midi Files:"},
-    {IDC_MODE_VIDEO, "Video &Location", "Number of video files selected:",
-     "Video files left to play:", " Video Files:"},
+    {IDC_MODE_WAVE, "Wave &Location",
+     "Number of wave files selected:", "Wave files left to play:", " Wave Files:"},
+    {IDC_MODE_MIDI, "Midi &Location",
+     "Number of midi files selected:", "Midi files left to play:", " Midi Files:"},
+    {IDC_MODE_VIDEO, "Video &Location",
+     "Number of video files selected:", "Video files left to play:", " Video Files:"},
 };
 
 static const ModeTexts* CurrentModeTexts() {
@@ -90,7 +92,8 @@ std::vector<std::string> SelectedFileNames(size_t limit) {
                                        reinterpret_cast<LPARAM>(indices.data()));
     indices.resize(count == LB_ERR ? 0 : static_cast<size_t>(count));
     std::vector<std::string> names;
-    for (int index : indices) names.push_back(ListEntryText(index));
+    for (int index : indices)
+        names.push_back(ListEntryText(index));
     return names;
 }
 

@@ -5,7 +5,8 @@
 #include <vector>
 
 // Fills the list from the mode's directory and shows directory and count. With `keepSelection` the
-// entries that were selected, and the one at the top, stay so by name. Does nothing in cdplayer mode.
+// entries that were selected, and the one at the top, stay so by name. Does nothing in cdplayer
+// mode.
 void FillModeList(bool keepSelection = false);
 
 // The texts that name the mode beside its counts, and which of the two small buttons it has.
@@ -21,6 +22,6 @@ int SelectedFileCount();
 // The name under which the file system finds the path, or the given name when it finds none.
 std::string DisplayName(const std::string& path, const std::string& name);
 
-// Selects the entry with this name alone, case ignored; an 8.3 name matches by its long name. False when
-// there is none.
+// Selects the entry with this name alone, case ignored; an 8.3 name matches by its long name. False
+// when there is none.
 bool SelectFileByName(const std::string& name);

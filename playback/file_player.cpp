@@ -22,7 +22,7 @@
 // What tells the players of the file modes apart.
 struct FilePlayer {
     int mode;
-    bool DriverFlags::* driver;
+    bool DriverFlags::*driver;
     const char* driverMissing;
 };
 constexpr FilePlayer kFilePlayers[] = {
@@ -105,7 +105,9 @@ void OnPause() {
     if (MediaDevice.open) TogglePause();
 }
 
-void OnRepeat() { SetRepeat(!PlayQueue.repeat); }
+void OnRepeat() {
+    SetRepeat(!PlayQueue.repeat);
+}
 
 static void ShowPlayingPosition() {
     DWORD position = 0;
@@ -172,7 +174,8 @@ static void ScrollTo(int position) {
 }
 
 static void MoveThumbBy(int step) {
-    const auto position = static_cast<int>(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0));
+    const auto position =
+        static_cast<int>(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0));
     const int moved = MoveScroll(position, step, MediaDevice.scroll.range);
     ScrollTo(moved);
     if (MediaDevice.open) SetScrollThumb(moved);
@@ -198,16 +201,35 @@ void OnFileScroll(int code, int thumb) {
     constexpr int line = 1;
     constexpr int page = 10;
     switch (code) {
-        case SB_LINELEFT: MoveThumbBy(-line); break;
-        case SB_LINERIGHT: MoveThumbBy(line); break;
-        case SB_PAGELEFT: MoveThumbBy(-page); break;
-        case SB_PAGERIGHT: MoveThumbBy(page); break;
-        case SB_LEFT: MoveThumbBy(-MediaDevice.scroll.range); break;
-        case SB_RIGHT: MoveThumbBy(MediaDevice.scroll.range); break;
-        case SB_THUMBTRACK: ScrollTo(thumb); return;
-        case SB_THUMBPOSITION: EndScroll(thumb); return;
-        case SB_ENDSCROLL: EndScrollAtThumb(); return;
-        default: return;
+        case SB_LINELEFT:
+            MoveThumbBy(-line);
+            break;
+        case SB_LINERIGHT:
+            MoveThumbBy(line);
+            break;
+        case SB_PAGELEFT:
+            MoveThumbBy(-page);
+            break;
+        case SB_PAGERIGHT:
+            MoveThumbBy(page);
+            break;
+        case SB_LEFT:
+            MoveThumbBy(-MediaDevice.scroll.range);
+            break;
+        case SB_RIGHT:
+            MoveThumbBy(MediaDevice.scroll.range);
+            break;
+        case SB_THUMBTRACK:
+            ScrollTo(thumb);
+            return;
+        case SB_THUMBPOSITION:
+            EndScroll(thumb);
+            return;
+        case SB_ENDSCROLL:
+            EndScrollAtThumb();
+            return;
+        default:
+            return;
     }
     // The keyboard does not always send an end of scrolling.
     if (GetKeyState(VK_LBUTTON) >= 0) EndScrollAtThumb();

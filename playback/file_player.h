@@ -1,8 +1,8 @@
 // Playing the selected files of wave and MIDI mode one after another.
 #pragma once
 
-// Play: resumes a pause, else starts a new queue from the list's selection. Without a selection nothing
-// plays and nothing is said. Video files have no player yet: in video mode nothing happens.
+// Play: resumes a pause, else starts a new queue from the list's selection. Without a selection
+// nothing plays and nothing is said. Video files have no player yet: in video mode nothing happens.
 void OnPlay();
 void OnStop();
 void OnPause();

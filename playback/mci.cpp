@@ -3,7 +3,8 @@
 
 MciCalls Mci = {mciSendCommandA, mciGetErrorStringA};
 
-static MCIERROR Query(MCIDEVICEID device, DWORD_PTR flags, MCI_STATUS_PARMS& parameters, DWORD& value) {
+static MCIERROR Query(MCIDEVICEID device, DWORD_PTR flags, MCI_STATUS_PARMS& parameters,
+                      DWORD& value) {
     const MCIERROR error = Mci.send(device, MCI_STATUS, flags | MCI_STATUS_ITEM | MCI_WAIT,
                                     reinterpret_cast<DWORD_PTR>(&parameters));
     if (error == 0) value = static_cast<DWORD>(parameters.dwReturn);

@@ -1,5 +1,5 @@
-// The edge to the platform's media control interface: every command of every player goes through this
-// table, so that tests can put a recording stand-in there.
+// The edge to the platform's media control interface: every command of every player goes through
+// this table, so that tests can put a recording stand-in there.
 #pragma once
 
 #include <windows.h>

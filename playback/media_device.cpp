@@ -39,8 +39,8 @@ static void ForgetDevice() {
 bool OpenAndPlay(const std::string& path) {
     MCI_OPEN_PARMSA open = {};
     open.lpstrElementName = path.c_str();
-    const MCIERROR error = Mci.send(0, MCI_OPEN, MCI_OPEN_ELEMENT | MCI_WAIT,
-                                    reinterpret_cast<DWORD_PTR>(&open));
+    const MCIERROR error =
+        Mci.send(0, MCI_OPEN, MCI_OPEN_ELEMENT | MCI_WAIT, reinterpret_cast<DWORD_PTR>(&open));
     if (error != 0) {
         ReportMediaError(error);
         ForgetDevice();
@@ -141,7 +141,8 @@ void SeekDevice(int32_t milliseconds) {
     MCI_GENERIC_PARMS generic = {};
     if (MediaDevice.seekPause && !SendToDevice(MCI_PAUSE, 0, &generic)) return;
     MCI_PLAY_PARMS play = {};
-    play.dwFrom = static_cast<DWORD>(std::clamp(milliseconds, 0, std::max(MediaDevice.lengthMs, 0)));
+    play.dwFrom =
+        static_cast<DWORD>(std::clamp(milliseconds, 0, std::max(MediaDevice.lengthMs, 0)));
     play.dwTo = play.dwFrom;
     SendToDevice(MCI_PLAY, MediaDevice.paused ? MCI_FROM | MCI_TO : MCI_FROM, &play);
 }
@@ -161,7 +162,9 @@ void ShowPosition(int64_t milliseconds) {
     SetControlText(MainWindow, IDC_POSITION, PlayTimeText(milliseconds));
 }
 
-void ShowStatus(const char* text) { SetControlText(MainWindow, IDC_STATUS, text); }
+void ShowStatus(const char* text) {
+    SetControlText(MainWindow, IDC_STATUS, text);
+}
 
 void SetScrollThumb(int position) {
     SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_SETPOS, static_cast<WPARAM>(position), TRUE);

@@ -32,12 +32,12 @@ struct DriverFlags {
 };
 extern DriverFlags DriverAvailable;
 
-// One command to the open device. A failure is reported, which closes the device; without an open device
-// nothing is sent. True when the command succeeded.
+// One command to the open device. A failure is reported, which closes the device; without an open
+// device nothing is sent. True when the command succeeded.
 bool SendToDevice(UINT message, DWORD_PTR flags, void* parameters);
 
-// Opens a file by its full path, sets milliseconds, shows the length, seeks to the start and plays. Every
-// failure is reported. True when the device is open and plays.
+// Opens a file by its full path, sets milliseconds, shows the length, seeks to the start and plays.
+// Every failure is reported. True when the device is open and plays.
 bool OpenAndPlay(const std::string& path);
 
 // Stops and closes the device, if one is open, and blanks the read-outs.

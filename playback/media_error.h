@@ -6,5 +6,6 @@
 #include <mmsystem.h>
 
 // Switches repeat off (not in cdplayer mode), stops and resets the file device and both timers, and
-// shows the platform's text for the code. In cdplayer mode the timers run again when the box closes.
+// shows the platform's text for the code. In cdplayer mode the timers run again when the box
+// closes.
 void ReportMediaError(MCIERROR code);

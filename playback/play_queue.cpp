@@ -5,7 +5,8 @@
 
 PlayQueueState PlayQueue;
 
-void StartQueue(PlayQueueState& queue, const std::string& directory, std::vector<std::string> names) {
+void StartQueue(PlayQueueState& queue, const std::string& directory,
+                std::vector<std::string> names) {
     if (names.size() > kMaxQueueFiles) names.resize(kMaxQueueFiles);
     queue.directory = directory;
     queue.names = std::move(names);

@@ -8,8 +8,8 @@
 // At most this many of the selected files are taken.
 constexpr size_t kMaxQueueFiles = 1024;
 
-// The queue keeps its own copy of directory and names, so that a list filled anew under a playing queue
-// changes nothing of it.
+// The queue keeps its own copy of directory and names, so that a list filled anew under a playing
+// queue changes nothing of it.
 struct PlayQueueState {
     std::string directory;           // ends in a backslash
     std::vector<std::string> names;  // file names as listed
@@ -21,7 +21,8 @@ struct PlayQueueState {
 extern PlayQueueState PlayQueue;
 
 // A new queue from its first file; names beyond the limit are left out. Repeat stays as it is.
-void StartQueue(PlayQueueState& queue, const std::string& directory, std::vector<std::string> names);
+void StartQueue(PlayQueueState& queue, const std::string& directory,
+                std::vector<std::string> names);
 // From the first file again.
 void RestartQueue(PlayQueueState& queue);
 // After a file has been opened.

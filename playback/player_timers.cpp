@@ -27,15 +27,27 @@ void StartPositionTimer() {
     Stop(CdTimer, ID_POSITION_TIMER);
     Start(PositionTimer, ID_POSITION_TIMER, Settings.timerSpeedMs);
 }
-void StopPositionTimer() { Stop(PositionTimer, ID_POSITION_TIMER); }
-bool IsPositionTimerRunning() { return PositionTimer != 0; }
+void StopPositionTimer() {
+    Stop(PositionTimer, ID_POSITION_TIMER);
+}
+bool IsPositionTimerRunning() {
+    return PositionTimer != 0;
+}
 
 void StartCdTimer() {
     Stop(PositionTimer, ID_POSITION_TIMER);
     Start(CdTimer, ID_POSITION_TIMER, kCdPeriodMs);
 }
-void StopCdTimer() { Stop(CdTimer, ID_POSITION_TIMER); }
-bool IsCdTimerRunning() { return CdTimer != 0; }
+void StopCdTimer() {
+    Stop(CdTimer, ID_POSITION_TIMER);
+}
+bool IsCdTimerRunning() {
+    return CdTimer != 0;
+}
 
-void StartAnimationTimer() { Start(AnimationTimer, ID_ANIMATION_TIMER, kAnimationPeriodMs); }
-void StopAnimationTimer() { Stop(AnimationTimer, ID_ANIMATION_TIMER); }
+void StartAnimationTimer() {
+    Start(AnimationTimer, ID_ANIMATION_TIMER, kAnimationPeriodMs);
+}
+void StopAnimationTimer() {
+    Stop(AnimationTimer, ID_ANIMATION_TIMER);
+}

@@ -3,9 +3,10 @@
 
 #include <cstdint>
 
-// A scroll bar from 0 to `range`, each unit worth `scale` milliseconds. Both are 0 while nothing is open.
+// A scroll bar from 0 to `range`, each unit worth `scale` milliseconds. Both are 0 while nothing is
+// open.
 struct ScrollScale {
-    int range = 0;      // 0 to 1000
+    int range = 0;  // 0 to 1000
     float scale = 0.0f;
 };
 

@@ -76,9 +76,14 @@ static void OnShowCredits(HWND dialog) {
 
 static bool OnAboutCommand(HWND dialog, WPARAM wParam) {
     switch (MeantButton(dialog, wParam, kAboutButtons, IDC_OK, IDC_OK)) {
-        case IDC_OK: OnAboutOk(dialog); return true;
-        case IDC_ABOUT_CREDITS: OnShowCredits(dialog); return true;
-        default: return false;
+        case IDC_OK:
+            OnAboutOk(dialog);
+            return true;
+        case IDC_ABOUT_CREDITS:
+            OnShowCredits(dialog);
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -90,10 +95,16 @@ static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam,
         return result;
     }
     switch (message) {
-        case WM_INITDIALOG: OnInitAbout(dialog); return TRUE;
-        case WM_TIMER: OnAboutTimer(dialog); return TRUE;
-        case WM_COMMAND: return OnAboutCommand(dialog, wParam);
-        default: return FALSE;
+        case WM_INITDIALOG:
+            OnInitAbout(dialog);
+            return TRUE;
+        case WM_TIMER:
+            OnAboutTimer(dialog);
+            return TRUE;
+        case WM_COMMAND:
+            return OnAboutCommand(dialog, wParam);
+        default:
+            return FALSE;
     }
 }
 

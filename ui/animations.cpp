@@ -14,7 +14,7 @@ struct ModeAnimation {
     int areaId;
     const SkinStrip* strip;
     const SkinStrip* sprite;
-    bool SettingsValues::* enabled;
+    bool SettingsValues::*enabled;
 };
 constexpr ModeAnimation kAnimations[] = {
     {IDC_MODE_WAVE, IDC_WAVE_ANIMATION, &kWaveStrip, &kWaveSprite, &SettingsValues::waveAnimation},
@@ -43,7 +43,9 @@ static int CurrentIndex() {
     return 0;
 }
 
-static bool IsEnabled(int index) { return Settings.*kAnimations[index].enabled; }
+static bool IsEnabled(int index) {
+    return Settings.*kAnimations[index].enabled;
+}
 
 void PlaceAnimations(HWND window) {
     for (int i = 0; i < kAnimationCount; ++i) {

@@ -1,11 +1,11 @@
-// The decorative animations of the main window: one picture area per mode and a sprite that travels in
-// the strip at the right. Each mode's can be switched off; then nothing of it is drawn.
+// The decorative animations of the main window: one picture area per mode and a sprite that travels
+// in the strip at the right. Each mode's can be switched off; then nothing of it is drawn.
 #pragma once
 
 #include <windows.h>
 
-// Takes the areas' places from their controls, hidden ones too, and starts every animation anew. To be
-// called when all controls stand where they belong.
+// Takes the areas' places from their controls, hidden ones too, and starts every animation anew. To
+// be called when all controls stand where they belong.
 void PlaceAnimations(HWND window);
 
 // Shows or hides the current mode's areas by its setting, and hides those of the other modes.

@@ -36,7 +36,8 @@ static INT_PTR CALLBACK MessageProcedure(HWND dialog, UINT message, WPARAM wPara
             OnInitBox(dialog, kMessageButtons, IDS_SOUND_MESSAGE);
             return TRUE;
         case WM_COMMAND:
-            if (MeantButton(dialog, wParam, kMessageButtons, IDC_OK, IDC_OK) != IDC_OK) return FALSE;
+            if (MeantButton(dialog, wParam, kMessageButtons, IDC_OK, IDC_OK) != IDC_OK)
+                return FALSE;
             PlayClickSound(IDS_SOUND_OK);
             EndDialog(dialog, 0);
             return TRUE;
@@ -53,9 +54,14 @@ static void CloseQuestion(HWND dialog, int answer) {
 
 static bool OnQuestionCommand(HWND dialog, WPARAM wParam) {
     switch (MeantButton(dialog, wParam, kQuestionButtons, IDC_QUESTION_OK, IDC_QUESTION_CANCEL)) {
-        case IDC_QUESTION_OK: CloseQuestion(dialog, kAnswerOk); return true;
-        case IDC_QUESTION_CANCEL: CloseQuestion(dialog, kAnswerCancel); return true;
-        default: return false;
+        case IDC_QUESTION_OK:
+            CloseQuestion(dialog, kAnswerOk);
+            return true;
+        case IDC_QUESTION_CANCEL:
+            CloseQuestion(dialog, kAnswerCancel);
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -87,13 +93,15 @@ static void OpenQuestionBox(HWND owner) {
 
 ModalBoxes Boxes = {OpenMessageBox, OpenQuestionBox};
 
-// A box over a dialog must disable that dialog, not the main window below it, which would otherwise be
-// enabled again when the box closes.
+// A box over a dialog must disable that dialog, not the main window below it, which would otherwise
+// be enabled again when the box closes.
 static HWND BoxOwner() {
     return MainWindow == nullptr ? nullptr : GetLastActivePopup(MainWindow);
 }
 
-void ShowMessageText() { Boxes.message(BoxOwner()); }
+void ShowMessageText() {
+    Boxes.message(BoxOwner());
+}
 
 void ShowMessage(const std::string& text) {
     SetMessageText(text);

@@ -23,9 +23,9 @@ void PrepareDialog(HWND dialog, std::span<const DialogButton> buttons) {
 }
 
 static const DialogButton* FindButton(std::span<const DialogButton> buttons, int controlId) {
-    const auto found = std::find_if(buttons.begin(), buttons.end(), [controlId](const auto& button) {
-        return button.controlId == controlId;
-    });
+    const auto found =
+        std::find_if(buttons.begin(), buttons.end(),
+                     [controlId](const auto& button) { return button.controlId == controlId; });
     return found == buttons.end() ? nullptr : &*found;
 }
 

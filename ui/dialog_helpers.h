@@ -1,5 +1,5 @@
-// What every dialog of the program has in common: centring, frame corners, skin buttons, the colours
-// of entry fields, and what Enter and Esc mean.
+// What every dialog of the program has in common: centring, frame corners, skin buttons, the
+// colours of entry fields, and what Enter and Esc mean.
 #pragma once
 
 #include <windows.h>

@@ -23,7 +23,9 @@ void MoveSprite(SpriteState& sprite) {
     }
 }
 
-int SpriteFrame(const SpriteState& sprite) { return sprite.down ? 0 : 1; }
+int SpriteFrame(const SpriteState& sprite) {
+    return sprite.down ? 0 : 1;
+}
 
 int CenteredIn(int areaStart, int areaLength, int pictureLength) {
     return areaStart + (areaLength - pictureLength) / 2;

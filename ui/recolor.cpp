@@ -3,10 +3,14 @@
 
 uint32_t RecolorEntry(uint32_t color, const SkinColors& colors) {
     switch (color) {
-        case 0xC0C0C0: return colors.background;
-        case 0xFFFFFF: return colors.highlight;
-        case 0x808080: return colors.shadow;
-        default: return color;
+        case 0xC0C0C0:
+            return colors.background;
+        case 0xFFFFFF:
+            return colors.highlight;
+        case 0x808080:
+            return colors.shadow;
+        default:
+            return color;
     }
 }
 

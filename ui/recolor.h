@@ -13,6 +13,6 @@ struct SkinColors {
 // One colour-table entry as 0x00RRGGBB: a reserved colour is replaced, any other stays.
 uint32_t RecolorEntry(uint32_t color, const SkinColors& colors);
 
-// 1 for exactly 120 dots per inch both ways; 0 when the horizontal resolution is another; otherwise the
-// present value stands.
+// 1 for exactly 120 dots per inch both ways; 0 when the horizontal resolution is another; otherwise
+// the present value stands.
 int ChooseSkinSet(int horizontalDpi, int verticalDpi, int present);

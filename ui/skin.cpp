@@ -55,10 +55,12 @@ static uint32_t SystemRgb(int index) {
 
 static int GroundColor(Ground ground) {
     switch (ground) {
-        case Ground::kHighlight: return COLOR_HIGHLIGHT;
+        case Ground::kHighlight:
+            return COLOR_HIGHLIGHT;
         case Ground::kEntryField:
             return Settings.entryFieldColorization ? COLOR_BTNFACE : COLOR_WINDOW;
-        default: return COLOR_BTNFACE;
+        default:
+            return COLOR_BTNFACE;
     }
 }
 
@@ -66,7 +68,7 @@ static int GroundColor(Ground ground) {
 struct BitmapResource {
     const BYTE* bytes;
     size_t tableOffset;
-    size_t colors;      // in the table
+    size_t colors;  // in the table
     size_t imageBytes;
 };
 
@@ -75,7 +77,8 @@ static bool FindBitmapResource(int id, BitmapResource& found) {
     HRSRC resource = FindResourceA(ProgramInstance, MAKEINTRESOURCEA(id), MAKEINTRESOURCEA(2));
     if (resource == nullptr) return false;
     const size_t size = SizeofResource(ProgramInstance, resource);
-    const auto* bytes = static_cast<const BYTE*>(LockResource(LoadResource(ProgramInstance, resource)));
+    const auto* bytes =
+        static_cast<const BYTE*>(LockResource(LoadResource(ProgramInstance, resource)));
     BITMAPINFOHEADER header;
     if (bytes == nullptr || size < sizeof header) return false;
     memcpy(&header, bytes, sizeof header);
@@ -108,7 +111,8 @@ static HBITMAP LoadSkinBitmap(HDC dc, int id, Ground ground) {
     std::vector<BYTE> copy(source.bytes, source.bytes + pixelsOffset + source.imageBytes);
     const SkinColors colors = {SystemRgb(GroundColor(ground)), SystemRgb(COLOR_BTNHIGHLIGHT),
                                SystemRgb(COLOR_BTNSHADOW)};
-    RecolorTable(reinterpret_cast<RGBQUAD*>(copy.data() + source.tableOffset), source.colors, colors);
+    RecolorTable(reinterpret_cast<RGBQUAD*>(copy.data() + source.tableOffset), source.colors,
+                 colors);
     const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(copy.data());
     return CreateDIBitmap(dc, header, CBM_INIT, copy.data() + pixelsOffset,
                           reinterpret_cast<const BITMAPINFO*>(copy.data()), DIB_RGB_COLORS);
@@ -163,4 +167,6 @@ void FreeSkin() {
     ProgramPalette = nullptr;
 }
 
-HBITMAP SkinBitmap(SkinSlot slot) { return SlotBitmaps[slot]; }
+HBITMAP SkinBitmap(SkinSlot slot) {
+    return SlotBitmaps[slot];
+}

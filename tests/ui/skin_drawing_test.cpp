@@ -1,0 +1,147 @@
+// Buttons drawn into a bitmap in memory: both frame rules, recolouring, and no handle left behind.
+#include <gtest/gtest.h>
+
+#include "app/program_state.h"
+#include "app/settings.h"
+#include "resources/ids.h"
+#include "tests/stand_ins.h"
+#include "ui/skin.h"
+#include "ui/skin_buttons.h"
+
+constexpr int kWidth = 60;
+constexpr int kHeight = 60;
+
+class SkinDrawing : public testing::Test {
+protected:
+    void SetUp() override {
+        UseStandIns();
+        OpenTestWindow(IDC_MODE_WAVE, {});
+        HDC screen = GetDC(nullptr);
+        dc = CreateCompatibleDC(screen);
+        bitmap = CreateCompatibleBitmap(screen, kWidth, kHeight);
+        ReleaseDC(nullptr, screen);
+        old = SelectObject(dc, bitmap);
+        PatBlt(dc, 0, 0, kWidth, kHeight, BLACKNESS);
+    }
+    void TearDown() override {
+        SelectObject(dc, old);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+        CloseTestWindow();
+    }
+    void Draw(UINT action, UINT state) {
+        DRAWITEMSTRUCT item = {};
+        item.hDC = dc;
+        item.rcItem = {0, 0, 53, 49};
+        item.itemAction = action;
+        item.itemState = state;
+        DrawSkinButton(item, kFaceOk);
+    }
+    // Corner colours of the edge: raised is highlight above and shadow below, flat is face all
+    // round.
+    bool IsRaised() const {
+        return GetPixel(dc, 0, 20) == GetSysColor(COLOR_BTNHIGHLIGHT) &&
+               GetPixel(dc, 52, 20) == GetSysColor(COLOR_BTNSHADOW);
+    }
+    bool IsFlat() const {
+        return GetPixel(dc, 0, 20) == GetSysColor(COLOR_BTNFACE) &&
+               GetPixel(dc, 52, 20) == GetSysColor(COLOR_BTNFACE);
+    }
+
+    HDC dc = nullptr;
+    HBITMAP bitmap = nullptr;
+    HGDIOBJ old = nullptr;
+};
+
+TEST_F(SkinDrawing, ChangesLookAtSelectedAndWholeDrawingsAtAnyState) {
+    constexpr UINT noCues = 0x0100 | 0x0200;  // keyboard and focus cues hidden
+    const struct {
+        UINT action;
+        UINT state;
+        bool raised;
+    } cases[] = {
+        {ODA_SELECT, ODS_SELECTED | ODS_FOCUS, false},
+        {ODA_SELECT, ODS_FOCUS, true},
+        {ODA_FOCUS, 0, true},
+        {ODA_FOCUS, ODS_SELECTED, false},
+        {ODA_DRAWENTIRE, 0, false},
+        {ODA_DRAWENTIRE, noCues, false},
+        {ODA_DRAWENTIRE, ODS_FOCUS, true},
+        {ODA_DRAWENTIRE, ODS_SELECTED | noCues, true},
+    };
+    for (const auto& c : cases) {
+        Draw(c.action, c.state);
+        EXPECT_EQ(IsRaised(), c.raised) << c.action << " " << c.state;
+        EXPECT_EQ(IsFlat(), !c.raised) << c.action << " " << c.state;
+    }
+}
+
+TEST_F(SkinDrawing, PressedFaceDiffersAndIsCopiedToTheSamePlace) {
+    const auto picture = [this] {
+        std::vector<COLORREF> pixels;
+        for (int y = 1; y < 48; ++y) {
+            for (int x = 1; x < 52; ++x)
+                pixels.push_back(GetPixel(dc, x, y));
+        }
+        return pixels;
+    };
+    Draw(ODA_SELECT, 0);
+    const auto up = picture();
+    Draw(ODA_SELECT, ODS_SELECTED);
+    const auto pressed = picture();
+    EXPECT_NE(up, pressed);
+    Draw(ODA_SELECT, 0);
+    EXPECT_EQ(picture(), up);
+    EXPECT_EQ(GetPixel(dc, 55, 20), RGB(0, 0, 0)) << "drawn beyond the item";
+}
+
+TEST_F(SkinDrawing, FacesFollowTheSystemColours) {
+    const int index = COLOR_BTNFACE;
+    const COLORREF before = GetSysColor(index);
+    const COLORREF strange = RGB(12, 200, 34);
+    SetSysColors(1, &index, &strange);
+    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
+    Draw(ODA_SELECT, ODS_SELECTED);
+    int found = 0;
+    for (int x = 1; x < 52; ++x)
+        found += GetPixel(dc, x, 24) == strange;
+    SetSysColors(1, &index, &before);
+    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
+    EXPECT_GT(found, 5);
+}
+
+TEST_F(SkinDrawing, IconsTakeTheGroundTheyStandOn) {
+    const auto has = [this](SkinSlot slot, int systemColor) {
+        HDC memory = CreateCompatibleDC(dc);
+        HGDIOBJ oldBitmap = SelectObject(memory, SkinBitmap(slot));
+        int found = 0;
+        for (int i = 0; i < kSmallIconSize * kSmallIconSize; ++i) {
+            const COLORREF color = GetPixel(memory, i % kSmallIconSize, i / kSmallIconSize);
+            found += color == GetSysColor(systemColor);
+        }
+        SelectObject(memory, oldBitmap);
+        DeleteDC(memory);
+        return found > kSmallIconSize;
+    };
+    EXPECT_FALSE(has(kSlotIconsOnEntry, COLOR_BTNFACE));
+    EXPECT_TRUE(has(kSlotIconsOnFace, COLOR_BTNFACE));
+    EXPECT_TRUE(has(kSlotIconsOnHighlight, COLOR_HIGHLIGHT));
+    Settings.entryFieldColorization = true;
+    FreeSkin();
+    LoadSkin(MainWindow);
+    EXPECT_TRUE(has(kSlotIconsOnEntry, COLOR_BTNFACE));
+}
+
+TEST_F(SkinDrawing, SeventyThousandDrawingsLeaveNoHandleBehind) {
+    // The platform's handle table holds fewer than that.
+    for (int i = 0; i < 70000; ++i)
+        Draw(ODA_SELECT, i % 2 ? ODS_SELECTED : 0);
+    for (int i = 0; i < 4000; ++i) {  // eighteen bitmaps and a palette each time
+        FreeSkin();
+        LoadSkin(MainWindow);
+    }
+    EXPECT_NE(SkinBitmap(kSlotDialogButtons), nullptr);
+    HPEN pen = CreatePen(PS_SOLID, 1, 0);
+    EXPECT_NE(pen, nullptr);
+    DeleteObject(pen);
+}

@@ -46,6 +46,12 @@ void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face) {
     CopyFromSkin(item.hDC, 1, 1, face.grid->slot, source);
 }
 
+// The large buttons have their label below and stand right above it; the others have it beside them.
+static bool HasLabelBelow(const SkinFace& face) {
+    return face.grid == &kMainButtonGrid || face.grid == &kDialogButtonGrid ||
+           face.grid == &kMenuButtonGrid;
+}
+
 void FitSkinButton(HWND button, const SkinFace& face) {
     const SkinRect picture = FaceRect(face, false, LargeSkin != 0);
     const int width = picture.width + 2;
@@ -54,8 +60,9 @@ void FitSkinButton(HWND button, const SkinFace& face) {
     GetWindowRect(button, &place);
     MapWindowPoints(nullptr, GetParent(button), reinterpret_cast<POINT*>(&place), 2);
     const int left = place.left + (place.right - place.left - width) / 2;
-    SetWindowPos(button, nullptr, left, place.bottom - height, width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const int top = HasLabelBelow(face) ? place.bottom - height
+                                        : place.top + (place.bottom - place.top - height) / 2;
+    SetWindowPos(button, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void PaintFrameCorners(HWND dialog, HDC dc) {

@@ -8,8 +8,8 @@
 // Draws edge and face for a WM_DRAWITEM. Does nothing for an action that changes no picture.
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face);
 
-// Makes the button as large as its face and edge, centred at the foot of the place that the
-// template gave it: pictures have two sizes, templates grow with every font.
+// Makes the button as large as its face and edge, centred in the place that the template gave it, a
+// large button at its foot: pictures have two sizes, templates grow with every font.
 void FitSkinButton(HWND button, const SkinFace& face);
 
 // Into the client corners of a dialog.

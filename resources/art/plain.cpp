@@ -1,21 +1,6 @@
 #include <algorithm>
 #include "resources/art/shapes.h"
 #include "resources/art/skin_pictures.h"
-Picture DrawGrid(const SkinGrid& grid, bool large) {
-    const SkinSize c = large ? grid.largeCell : grid.smallCell;
-    Picture p = MakePicture(c.width * grid.columns * 2, c.height * grid.rows, kFaceGrey);
-    for (int r = 0; r < grid.rows; ++r)
-        for (int k = 0; k < grid.columns * 2; ++k) {
-            const bool pressed = k & 1;
-            const int x = k * c.width, y = r * c.height;
-            DrawEdge(p, x, y, c.width, c.height, pressed ? kReliefShade : kReliefLight, pressed ? kReliefLight : kReliefShade);
-            Layer l = MakeLayer(c.width, c.height);
-            const double o = pressed ? 1 : 0;
-            PaintBody(l, Circle({c.width / 2.0 + o, c.height / 2.0 + o}, c.height / 3.0), {kInk, kHoney, static_cast<Index>(kInk + 1 + (r * 5 + k / 2) % 12), kCopper}, 1, 2);
-            Stamp(p, Resolve(l, HousePalette(), EdgeRule::kRelief), x, y);
-        }
-    return p;
-}
 Picture DrawIcons(int s, bool) {
     Picture p = MakePicture(s * kSkinIconCount, s, kFaceGrey);
     for (int i = 0; i < kSkinIconCount; ++i) FillRectangle(p, i * s + 2, 3, s - 4, s - 6, static_cast<Index>(kInk + 1 + i));

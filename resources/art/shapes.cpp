@@ -243,7 +243,10 @@ static int Nearest(const Palette& palette, double red, double green, double blue
         const double dr = colour.red - red;
         const double dg = colour.green - green;
         const double db = colour.blue - blue;
-        const double distance = 3 * dr * dr + 6 * dg * dg + 2 * db * db;
+        // Hue counts for more than lightness, so that no greenish pixel edges a warm shape.
+        const double light = (3 * dr + 6 * dg + db) / 10;
+        const double distance =
+            light * light + 2 * (dr - dg) * (dr - dg) + (dg - db) * (dg - db);
         if (distance < bestDistance) {
             bestDistance = distance;
             best = i;

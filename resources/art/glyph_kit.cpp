@@ -108,7 +108,7 @@ void DrawDisc(const Pen& pen, double x, double y, double radius) {
     DrawFlat(pen, CircleOf(pen, x, y, std::max(radius * 0.14, 1.0)), kInk);
 }
 
-void DrawFolder(const Pen& pen, double left, double top, double right, double bottom) {
+void DrawFolderBack(const Pen& pen, double left, double top, double right, double bottom) {
     const double tab = (right - left) * 0.42;
     DrawBody(pen,
              PolygonOf(pen, {{left, top + 1},
@@ -119,28 +119,35 @@ void DrawFolder(const Pen& pen, double left, double top, double right, double bo
                              {right - 1, bottom},
                              {left, bottom}}),
              {kInk, kHoney, kCopper, kCopper});
+}
+
+void DrawFolderFront(const Pen& pen, double left, double top, double right, double bottom) {
     DrawBody(pen,
              PolygonOf(pen, {{left, top + 5}, {right, top + 5}, {right, bottom}, {left, bottom}}),
              kBrass);
 }
 
-void DrawPencil(const Pen& pen, double x, double y, double length) {
+void DrawFolder(const Pen& pen, double left, double top, double right, double bottom) {
+    DrawFolderBack(pen, left, top, right, bottom);
+    DrawFolderFront(pen, left, top, right, bottom);
+}
+
+void DrawPencil(const Pen& pen, double x, double y, double length, double half) {
     constexpr double kUnit = 0.70710678;
     const auto along = [&](double distance, double side) {
         return Point{x + (distance + side) * kUnit, y - (distance - side) * kUnit};
     };
-    const double half = 2.6;
     DrawBody(pen,
-             FreePolygonOf(pen, {along(0, 0), along(6, -half), along(length, -half),
-                                 along(length, half), along(6, half)}),
+             FreePolygonOf(pen, {along(0, 0), along(2.3 * half, -half), along(length, -half),
+                                 along(length, half), along(2.3 * half, half)}),
              kBrass);
     DrawBody(pen,
-             FreePolygonOf(pen, {along(0, 0), along(6.5, -half), along(6.5, half)}),
+             FreePolygonOf(pen, {along(0, 0), along(2.5 * half, -half), along(2.5 * half, half)}),
              {kInk, kCream, kCream, kHoney});
-    DrawFlat(pen, FreePolygonOf(pen, {along(0, 0), along(3, -1.4), along(3, 1.4)}), kInk);
+    DrawFlat(pen, FreePolygonOf(pen, {along(0, 0), along(1.2 * half, -0.55 * half), along(1.2 * half, 0.55 * half)}), kInk);
     DrawBody(pen,
-             FreePolygonOf(pen, {along(length - 4, -half), along(length, -half),
-                                 along(length, half), along(length - 4, half)}),
+             FreePolygonOf(pen, {along(length - 1.6 * half, -half), along(length, -half),
+                                 along(length, half), along(length - 1.6 * half, half)}),
              kRed);
 }
 

@@ -46,8 +46,11 @@ void DrawSheet(const Pen& pen, double left, double top, double width, double hei
 void DrawCard(const Pen& pen, double left, double top, double width, double height);
 void DrawDisc(const Pen& pen, double x, double y, double radius);
 void DrawFolder(const Pen& pen, double left, double top, double right, double bottom);
+// Its two halves, for what lies in the folder.
+void DrawFolderBack(const Pen& pen, double left, double top, double right, double bottom);
+void DrawFolderFront(const Pen& pen, double left, double top, double right, double bottom);
 // The point is at (x, y), the rest reaches to the upper right.
-void DrawPencil(const Pen& pen, double x, double y, double length);
+void DrawPencil(const Pen& pen, double x, double y, double length, double half = 2.6);
 void DrawWaveScreen(const Pen& pen, double left, double top, double right, double bottom);
 void DrawKnob(const Pen& pen, double x, double y, double radius);
 void DrawSpeaker(const Pen& pen, double left, double middle, double size);

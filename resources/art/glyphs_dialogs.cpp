@@ -47,7 +47,7 @@ static void DrawMenuEditor(const Pen& pen) {
     DrawCard(pen, 10, 6, 44, 30);
     DrawCard(pen, 6, 14, 48, 38);
     DrawDisc(pen, 20, 37, 10);
-    DrawPencil(pen, 34, 50, 42);
+    DrawPencil(pen, 32, 51, 45, 3.6);
 }
 
 static void DrawMenuSorter(const Pen& pen) {

@@ -7,8 +7,8 @@
 // The marks before the names have a box of 16 x 12 units.
 
 static void MarkWave(const Pen& pen, Index index) {
-    std::vector<Point> wave = Curve({0, 6}, {3, -4}, {5, -4}, {8, 6});
-    const std::vector<Point> rest = Curve({8, 6}, {11, 16}, {13, 16}, {16, 6});
+    std::vector<Point> wave = Curve({0.5, 6}, {2.5, -1.5}, {5.5, -1.5}, {8, 6});
+    const std::vector<Point> rest = Curve({8, 6}, {10.5, 13.5}, {13.5, 13.5}, {15.5, 6});
     wave.insert(wave.end(), rest.begin(), rest.end());
     DrawFlat(pen, StrokeOf(pen, wave, 2), index);
 }

@@ -50,7 +50,7 @@ Field ArcOf(const Pen& pen, double x, double y, double radius, double width, dou
     return Arc(Free(pen, {x, y}), radius * pen.scale, width * pen.scale, fromTurn, toTurn);
 }
 
-static double LineWidth(const Pen& pen) { return pen.scale > 1.2 ? 1.25 : 1.0; }
+static double LineWidth(const Pen& pen) { return pen.scale > 1.3 ? 1.25 : 1.0; }
 
 void DrawBody(const Pen& pen, const Field& field, const Body& body) {
     PaintBody(pen.layer, field, body, LineWidth(pen), 1.2 * pen.scale);
@@ -184,14 +184,14 @@ void DrawKnob(const Pen& pen, double x, double y, double radius) {
              kInk);
 }
 
-void DrawSpeaker(const Pen& pen, double left, double middle, double size) {
+void DrawSpeaker(const Pen& pen, double left, double middle, double size, const Body& cone) {
     const double third = size / 3;
     DrawBody(pen,
              PolygonOf(pen, {{left + third + 1, middle - third * 0.55},
                              {left + size, middle - size * 0.62},
                              {left + size, middle + size * 0.62},
                              {left + third + 1, middle + third * 0.55}}),
-             kBrass);
+             cone);
     DrawBody(pen,
              BoxOf(pen, left, middle - third * 0.75, left + third + 2, middle + third * 0.75), kWood);
 }
@@ -277,7 +277,9 @@ void PaintEmblem(Layer& layer, Point centre, double radius, double lineWidth,
     const Point sun = {centre.x, shore - std::floor(radius * 0.42 + 0.5)};
     const double size = radius * 0.4;
     PaintShaded(layer, Circle(sun, size), [&](double x, double y) {
-        return (x - sun.x) + (y - sun.y) > size * 0.5 ? colours.discShade : colours.disc;
+        const double dx = x - sun.x + 0.3 * size;
+        const double dy = y - sun.y + 0.3 * size;
+        return dx * dx + dy * dy > size * size ? colours.discShade : colours.disc;
     });
     Paint(layer, Circle(sun, std::max(size * 0.24, 0.9)), colours.sky[1]);
     const double step = std::max(2.0, std::floor(radius * 0.2));

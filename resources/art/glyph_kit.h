@@ -35,6 +35,7 @@ constexpr Body kGreen = {kInk, kCream, kLeaf, kMoss};
 constexpr Body kWood = {kInk, kAmber, kCopper, kUmber};
 constexpr Body kSilver = {kInk, kCream, kAqua, kTeal};
 constexpr Body kGlass = {kInk, kUmber, kInk, kInk};
+constexpr Body kUnlit = {kInk, kCopper, kUmber, kUmber};  // brass that is switched off
 
 // A filled shape with the house's line and light.
 void DrawBody(const Pen& pen, const Field& field, const Body& body);
@@ -53,7 +54,7 @@ void DrawFolderFront(const Pen& pen, double left, double top, double right, doub
 void DrawPencil(const Pen& pen, double x, double y, double length, double half = 2.6);
 void DrawWaveScreen(const Pen& pen, double left, double top, double right, double bottom);
 void DrawKnob(const Pen& pen, double x, double y, double radius);
-void DrawSpeaker(const Pen& pen, double left, double middle, double size);
+void DrawSpeaker(const Pen& pen, double left, double middle, double size, const Body& cone);
 Field TickOf(const Pen& pen, double left, double top, double size);
 Field CrossOf(const Pen& pen, double left, double top, double size);
 Field ArrowRightOf(const Pen& pen, double left, double middle, double length, double half);

@@ -4,7 +4,7 @@
 static void DrawBrowse(const Pen& pen) { DrawFolder(pen, 4, 0, 22, 15); }
 
 static void DrawSoundOn(const Pen& pen) {
-    DrawSpeaker(pen, 3, 7.5, 10);
+    DrawSpeaker(pen, 3, 7.5, 10, kBrass);
     for (const double radius : {4.5, 8.0}) {
         DrawFlat(pen, ArcOf(pen, 13, 7.5, radius, 2.6, 0.87, 1.13), kInk);
         DrawFlat(pen, ArcOf(pen, 13, 7.5, radius, 1.2, 0.87, 1.13), kHoney);
@@ -12,7 +12,7 @@ static void DrawSoundOn(const Pen& pen) {
 }
 
 static void DrawSoundOff(const Pen& pen) {
-    DrawSpeaker(pen, 3, 7.5, 10);
+    DrawSpeaker(pen, 3, 7.5, 10, kUnlit);
     DrawBody(pen, CrossOf(pen, 14, 2, 11), kRed);
 }
 
@@ -27,7 +27,7 @@ static void DrawLoop(const Pen& pen, const Body& body) {
 
 static void DrawRepeatOn(const Pen& pen) { DrawLoop(pen, kBrass); }
 
-static void DrawRepeatOff(const Pen& pen) { DrawLoop(pen, {kInk, kReliefLight, kFaceGrey, kReliefShade}); }
+static void DrawRepeatOff(const Pen& pen) { DrawLoop(pen, kUnlit); }
 
 static void DrawPageUp(const Pen& pen) {
     DrawBody(pen, PolygonOf(pen, {{13, 0}, {22, 8}, {4, 8}}), kBrass);

@@ -33,7 +33,10 @@ static void DrawNetwork(const Pen& pen) {
 }
 
 static void DrawCdRom(const Pen& pen) {
-    DrawDisc(pen, 8, 7, 7);
+    DrawBody(pen, CircleOf(pen, 8, 7, 7), kSilver);
+    DrawFlat(pen, PolygonOf(pen, {{8, 6}, {3, 4}, {6, 1}}), kCream);
+    DrawFlat(pen, PolygonOf(pen, {{8, 6}, {13, 4}, {14, 8}}), kHoney);
+    DrawFlat(pen, BoxOf(pen, 7, 5, 9, 7), kInk);
     DrawBody(pen, BoxOf(pen, 0, 9, 16, 15), kBrass);
     DrawFlat(pen, BoxOf(pen, 2, 11, 10, 12), kInk);
     DrawFlat(pen, BoxOf(pen, 12, 11, 14, 13), kMoss);

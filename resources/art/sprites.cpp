@@ -53,53 +53,17 @@ static void DrawNotesThing(const Pen& pen) {
 
 // The video mode shows its film without the program's palette, so its sprite keeps to the colours
 // that every display has.
-namespace {
-
-enum CommonColour : Index {
-    kBlack = kReservedCount,
-    kMaroon,
-    kGreen8,
-    kOlive,
-    kNavy,
-    kPurple,
-    kTeal8,
-    kRed15,
-    kLime,
-    kYellow,
-    kBlue,
-    kFuchsia,
-    kCyan
-};
-
-}  // namespace
-
-static Palette CommonPalette() {
-    return MakePalette({{{0x00, 0x00, 0x00},
-                         {0x80, 0x00, 0x00},
-                         {0x00, 0x80, 0x00},
-                         {0x80, 0x80, 0x00},
-                         {0x00, 0x00, 0x80},
-                         {0x80, 0x00, 0x80},
-                         {0x00, 0x80, 0x80},
-                         {0xFF, 0x00, 0x00},
-                         {0x00, 0xFF, 0x00},
-                         {0xFF, 0xFF, 0x00},
-                         {0x00, 0x00, 0xFF},
-                         {0xFF, 0x00, 0xFF},
-                         {0x00, 0xFF, 0xFF}}});
-}
-
 static void DrawFilmThing(const Pen& pen) {
     DrawFlat(pen, BoxOf(pen, 2, 0, 24, 22), kBlack);
     for (const double y : {2.0, 7.0, 12.0, 17.0}) {
-        DrawFlat(pen, BoxOf(pen, 4, y, 6, y + 3), kYellow);
-        DrawFlat(pen, BoxOf(pen, 20, y, 22, y + 3), kYellow);
+        DrawFlat(pen, BoxOf(pen, 4, y, 6, y + 3), kPureYellow);
+        DrawFlat(pen, BoxOf(pen, 20, y, 22, y + 3), kPureYellow);
     }
-    DrawFlat(pen, BoxOf(pen, 8, 2, 18, 20), kTeal8);
-    DrawFlat(pen, Both(BoxOf(pen, 8, 2, 18, 20), CircleOf(pen, 13, 12, 3.5)), kYellow);
+    DrawFlat(pen, BoxOf(pen, 8, 2, 18, 20), kDarkCyan);
+    DrawFlat(pen, Both(BoxOf(pen, 8, 2, 18, 20), CircleOf(pen, 13, 12, 3.5)), kPureYellow);
     DrawFlat(pen, PolygonOf(pen, {{8, 16}, {11, 12}, {14, 16}, {16, 14}, {18, 16}, {18, 20}, {8, 20}}),
-             kMaroon);
-    DrawFlat(pen, BoxOf(pen, 8, 18, 18, 20), kOlive);
+             kDarkRed);
+    DrawFlat(pen, BoxOf(pen, 8, 18, 18, 20), kDarkYellow);
 }
 
 StripPicture DrawCdSprite() { return DrawSprite(kCdSprite, HousePalette(), kAmber, DrawDiscThing); }
@@ -113,5 +77,5 @@ StripPicture DrawMidiSprite() {
 }
 
 StripPicture DrawVideoSprite() {
-    return DrawSprite(kVideoSprite, CommonPalette(), kOlive, DrawFilmThing);
+    return DrawSprite(kVideoSprite, CommonPalette(), kDarkYellow, DrawFilmThing);
 }

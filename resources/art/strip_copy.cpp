@@ -4,9 +4,9 @@
 
 StripPicture DrawCopyStrip() {
     return DrawPanes(kCopyStrip, HousePalette(), kInk, kInk, [](Layer& layer, int frame) {
-        PaintShaded(layer, Box(0, 0, layer.width, layer.height), [](double x, double y) {
-            return Dither({kInk, kUmber}, y / 90, x, y);
-        });
+        // A table to stand on.
+        Paint(layer, Box(0, layer.height - 6, layer.width, layer.height), kUmber);
+        Paint(layer, Box(0, layer.height - 6, layer.width, layer.height - 5), kCopper);
         const Pen pen = {layer, 0, 0, 1};
         DrawFolderBack(pen, 6, 13, 34, 34);
         DrawFolderBack(pen, 82, 13, 110, 34);

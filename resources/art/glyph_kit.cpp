@@ -247,7 +247,7 @@ Field ArrowDownOf(const Pen& pen, double middle, double top, double length, doub
 }
 
 EmblemColours HouseEmblem() {
-    return {kInk, {kTomato, kAmber, kHoney}, kCream, kHoney, kUmber, {kTeal, kDeepTeal}, kAqua};
+    return {kInk, {kTomato, kAmber, kHoney}, kCream, kAmber, kUmber, {kTeal, kDeepTeal}, kAqua};
 }
 
 void PaintEmblem(Layer& layer, Point centre, double radius, double lineWidth,

@@ -44,14 +44,14 @@ struct SkinGrid {
     int rows;
 };
 
-constexpr SkinGrid kMainButtonGrid = {
+inline constexpr SkinGrid kMainButtonGrid = {
     kSlotMainButtons, IDB_MAIN_BUTTONS, IDB_MAIN_BUTTONS_LARGE, {51, 47}, {68, 58}, 3, 7};
-constexpr SkinGrid kDialogButtonGrid = {
+inline constexpr SkinGrid kDialogButtonGrid = {
     kSlotDialogButtons, IDB_DIALOG_BUTTONS, IDB_DIALOG_BUTTONS_LARGE, {51, 47}, {68, 58}, 1, 8};
-constexpr SkinGrid kSmallButtonGrid = {
+inline constexpr SkinGrid kSmallButtonGrid = {
     kSlotSmallButtons, IDB_SMALL_BUTTONS, IDB_SMALL_BUTTONS_LARGE, {34, 21}, {46, 26}, 4, 3};
-constexpr SkinGrid kTabGrid = {kSlotTabs, IDB_TABS, IDB_TABS_LARGE, {112, 21}, {150, 26}, 2, 4};
-constexpr SkinGrid kMenuButtonGrid = {
+inline constexpr SkinGrid kTabGrid = {kSlotTabs, IDB_TABS, IDB_TABS_LARGE, {112, 21}, {150, 26}, 2, 4};
+inline constexpr SkinGrid kMenuButtonGrid = {
     kSlotMenuButtons, IDB_MENU_BUTTONS, IDB_MENU_BUTTONS_LARGE, {88, 78}, {118, 96}, 1, 4};
 
 // One button face: its grid and its place there, counted in faces.

@@ -1,5 +1,5 @@
-// Draws every picture of the skin and the program's icon: draw_skin OUTPUT_FOLDER. The same files
-// come out of every run and every build.
+// Draws every picture of the skin and the program's icon: draw_skin SKIN_FOLDER ICON_FILE. The
+// same files come out of every run and every build.
 #include <cstdio>
 #include <string>
 
@@ -19,8 +19,8 @@ static void Write(const std::string& path, const StripPicture& strip) {
 }
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: draw_skin OUTPUT_FOLDER\n");
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: draw_skin SKIN_FOLDER ICON_FILE\n");
         return 2;
     }
     const std::string folder = std::string(argv[1]) + "/";
@@ -54,5 +54,10 @@ int main(int argc, char** argv) {
     Write(folder + "wave_sprite.bmp", DrawWaveSprite());
     Write(folder + "midi_sprite.bmp", DrawMidiSprite());
     Write(folder + "video_sprite.bmp", DrawVideoSprite());
+
+    if (!WriteIcon(argv[2])) {
+        std::fprintf(stderr, "cannot write %s\n", argv[2]);
+        Failed = true;
+    }
     return Failed ? 1 : 0;
 }

@@ -28,6 +28,22 @@ Palette HousePalette() {
                          {0x9C, 0xB8, 0x4C}}});
 }
 
+Palette CommonPalette() {
+    return MakePalette({{{0x00, 0x00, 0x00},
+                         {0x80, 0x00, 0x00},
+                         {0x00, 0x80, 0x00},
+                         {0x80, 0x80, 0x00},
+                         {0x00, 0x00, 0x80},
+                         {0x80, 0x00, 0x80},
+                         {0x00, 0x80, 0x80},
+                         {0xFF, 0x00, 0x00},
+                         {0x00, 0xFF, 0x00},
+                         {0xFF, 0xFF, 0x00},
+                         {0x00, 0x00, 0xFF},
+                         {0xFF, 0x00, 0xFF},
+                         {0x00, 0xFF, 0xFF}}});
+}
+
 Picture MakePicture(int width, int height, Index fill) {
     const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     return {width, height, std::vector<Index>(count, fill)};

@@ -47,6 +47,24 @@ enum HouseColour : Index {
 };
 Palette HousePalette();
 
+// The sixteen colours that every display has, in which the reserved ones are the greys and white.
+enum CommonColour : Index {
+    kBlack = kReservedCount,
+    kDarkRed,
+    kDarkGreen,
+    kDarkYellow,
+    kDarkBlue,
+    kDarkMagenta,
+    kDarkCyan,
+    kPureRed,
+    kPureGreen,
+    kPureYellow,
+    kPureBlue,
+    kPureMagenta,
+    kPureCyan
+};
+Palette CommonPalette();
+
 // A palette of the reserved colours and thirteen of the caller's.
 Palette MakePalette(const std::array<Colour, 16 - kReservedCount>& own);
 

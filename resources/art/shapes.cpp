@@ -235,11 +235,29 @@ Index Dither(const std::vector<Index>& ramp, double value, double x, double y) {
     return ramp[std::min(step, ramp.size() - 1)];
 }
 
-static int Nearest(const Palette& palette, double red, double green, double blue) {
+// Mixing must not leave the hues that meet in a pixel: between a brass edge and its dark line there
+// is brown, never the green that happens to lie nearest.
+enum HueClass : unsigned { kNeutral = 0, kWarm = 1, kRed = 2, kGreen = 4, kCold = 8, kViolet = 16 };
+
+static unsigned ClassOf(const Colour& colour) {
+    constexpr int kFaint = 36;
+    const int least = std::min({colour.red, colour.green, colour.blue});
+    const int most = std::max({colour.red, colour.green, colour.blue});
+    if (most - least < kFaint) return kNeutral;
+    if (colour.red == least) return kCold;
+    if (colour.green == most) return kGreen;
+    if (colour.red != most) return kViolet;
+    return colour.red - colour.green > 3 * (colour.green - colour.blue) ? kRed : kWarm;
+}
+
+static int Nearest(const Palette& palette, unsigned classes, double red, double green,
+                   double blue) {
     int best = kReservedCount;
     double bestDistance = 1e18;
     for (int i = kReservedCount; i < 16; ++i) {
         const Colour& colour = palette[static_cast<std::size_t>(i)];
+        const unsigned hue = ClassOf(colour);
+        if (hue != kNeutral && (hue & classes) == 0) continue;
         const double dr = colour.red - red;
         const double dg = colour.green - green;
         const double db = colour.blue - blue;
@@ -256,13 +274,16 @@ static Index ResolvePixel(const std::array<int, 256>& counts, const Palette& pal
                           EdgeRule rule) {
     constexpr int kAll = kSamples * kSamples;
     int own = 0;
+    unsigned classes = kNeutral;
     double red = 0;
     double green = 0;
     double blue = 0;
     for (int i = kReservedCount; i < 16; ++i) {
         const auto slot = static_cast<std::size_t>(i);
         if (counts[slot] == kAll) return static_cast<Index>(i);
+        if (counts[slot] == 0) continue;
         own += counts[slot];
+        classes |= ClassOf(palette[slot]);
         red += counts[slot] * palette[slot].red;
         green += counts[slot] * palette[slot].green;
         blue += counts[slot] * palette[slot].blue;
@@ -278,7 +299,8 @@ static Index ResolvePixel(const std::array<int, 256>& counts, const Palette& pal
     red /= own;
     green /= own;
     blue /= own;
-    const auto nearest = static_cast<Index>(Nearest(palette, red, green, blue));
+    if (classes == kNeutral) classes = kWarm;
+    const auto nearest = static_cast<Index>(Nearest(palette, classes, red, green, blue));
     if (own >= kAll * 5 / 8) return nearest;
     if (rule == EdgeRule::kHard) return own >= kAll / 2 ? nearest : background;
     const bool dark = 2 * red + 5 * green + blue < 8 * 80;

@@ -1,6 +1,8 @@
 // The pictures of the skin, each drawn at every size it has.
 #pragma once
 
+#include <string>
+
 #include "resources/art/picture.h"
 #include "ui/skin_map.h"
 
@@ -25,3 +27,7 @@ StripPicture DrawCdSprite();
 StripPicture DrawWaveSprite();
 StripPicture DrawMidiSprite();
 StripPicture DrawVideoSprite();
+
+// The program's icon: 16, 32 and 48 pixels, each in 16 and in 256 colours. Returns false when the
+// file cannot be written.
+bool WriteIcon(const std::string& path);

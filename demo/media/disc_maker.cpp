@@ -6,7 +6,7 @@
 #include "demo/media/wave_maker.h"
 
 static size_t TrackFrames(const DiscTrack& track) {
-    return static_cast<size_t>(TrackSectors(track)) * kDiscSampleRate / kSectorsPerSecond;
+    return static_cast<size_t>(TrackSectors(track)) * kTrackSampleRate / kSectorsPerSecond;
 }
 
 uint32_t TrackSectors(const DiscTrack& track) {
@@ -23,8 +23,8 @@ bool WriteDisc(const std::filesystem::path& directory, const DemoDisc& disc) {
         char fileName[32];
         std::snprintf(fileName, sizeof fileName, "track%02d.wav", ++number);
         const Piece piece = ComposePiece(track.sketch);
-        const auto samples = RenderPiece(piece, kDiscSampleRate, TrackFrames(track));
-        if (!WriteFile(directory / fileName, PackWave(samples, {kDiscSampleRate, 1, 16})))
+        const auto samples = RenderPiece(piece, kTrackSampleRate, TrackFrames(track));
+        if (!WriteFile(directory / fileName, PackWave(samples, {kTrackSampleRate, 1, 16})))
             return false;
         std::snprintf(line, sizeof line,
                       "FILE \"%s\" WAVE\r\n  TRACK %02d AUDIO\r\n    TITLE \"%s\"\r\n"

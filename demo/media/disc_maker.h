@@ -3,10 +3,10 @@
 
 #include <filesystem>
 
+#include "demo/drive/disc_layout.h"
 #include "demo/media/pieces.h"
 
-constexpr int kDiscSampleRate = 22050;
-constexpr uint32_t kSectorsPerSecond = 75;
+constexpr int kTrackSampleRate = 22050;
 
 // The sectors a track takes on the disc: its sound, rounded up to whole sectors.
 uint32_t TrackSectors(const DiscTrack& track);

@@ -24,7 +24,13 @@ static bool WriteEntryCount(FileHandle file, uint32_t entryCount) {
     return WriteAndFlush(file, kCountOffset, field, sizeof field);
 }
 
-// A file too short for its header was ended while it was created: no disc can be in it.
+// The program was ended while it created the file, and no disc can be in it: it is too short for
+// its header, or only its length reached the disk.
+static bool HeaderIsUnfinished(const DatabaseCheck& check) {
+    return check.sizeBytes < kHeaderBytes ||
+           (check.sizeBytes == kHeaderBytes && !check.markIsRight && check.entryCount == 0);
+}
+
 static RecoveryResult RepairHeader(FileHandle file) {
     uint8_t header[kHeaderBytes] = {};
     std::memcpy(header, kHeaderMark, sizeof kHeaderMark);
@@ -74,7 +80,7 @@ static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
 RecoveryResult RepairDatabaseEnd(FileHandle file) {
     DatabaseCheck check;
     if (!CheckDatabase(file, &check)) return RecoveryResult::failed;
-    if (check.sizeBytes < kHeaderBytes) return RepairHeader(file);
+    if (HeaderIsUnfinished(check)) return RepairHeader(file);
     if (check.wholeEntries > kMaxEntries) return RecoveryResult::damaged;
     if (check.chainEnd == check.sizeBytes) {
         if (check.wholeEntries == check.entryCount) return RecoveryResult::nothingToDo;

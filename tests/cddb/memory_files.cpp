@@ -90,7 +90,7 @@ static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t
     const std::string& bytes = handle->file->bytes;
     const uint64_t offset = std::min<uint64_t>(handle->offset, bytes.size());
     const uint64_t count = std::min<uint64_t>(sizeBytes, bytes.size() - offset);
-    std::memcpy(data, bytes.data() + offset, count);
+    std::memcpy(data, bytes.data() + offset, static_cast<size_t>(count));
     handle->offset += count;
     *readBytes = static_cast<uint32_t>(count);
     return FileStatus::ok;

@@ -24,11 +24,9 @@ static bool WriteEntryCount(FileHandle file, uint32_t entryCount) {
     return WriteAndFlush(file, kCountOffset, field, sizeof field);
 }
 
-// The program was ended while it created the file, and no disc can be in it: it is too short for
-// its header, or only its length reached the disk.
+// No disc can be in a file that ends with its header or before; an ended creation leaves one.
 static bool HeaderIsUnfinished(const DatabaseCheck& check) {
-    return check.sizeBytes < kHeaderBytes ||
-           (check.sizeBytes == kHeaderBytes && !check.markIsRight && check.entryCount == 0);
+    return check.sizeBytes <= kHeaderBytes && !IsIntact(check);
 }
 
 static RecoveryResult RepairHeader(FileHandle file) {

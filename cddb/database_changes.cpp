@@ -88,27 +88,6 @@ DatabaseResult AppendEntry(const EntryFields& fields) {
     return WriteResult(status);
 }
 
-// NextOffset, EntrySize and the trailer say the same thing three times. Two that agree are enough,
-// so that an entry with one damaged pointer can still be deleted, and no other disc with it.
-static bool FindEntryEnd(RewriteSource& source, uint32_t entryStart, uint64_t* entryEnd) {
-    EntryHeader header;
-    if (entryStart < kHeaderBytes || !ReadEntryHeader(source.reader, entryStart, &header)) {
-        return false;
-    }
-    const uint64_t bySize = uint64_t{entryStart} + kNextOffsetBytes + header.entrySize;
-    for (const uint64_t end : {uint64_t{header.nextOffset}, bySize}) {
-        if (end < uint64_t{entryStart} + kMinEntryBytes || end > source.sizeBytes) continue;
-        uint32_t trailer = 0;
-        source.reader.position = end - kTrailerBytes;
-        const bool trailerAgrees = ReadU32(source.reader, &trailer) && trailer == entryStart;
-        if (trailerAgrees || header.nextOffset == bySize) {
-            *entryEnd = end;
-            return true;
-        }
-    }
-    return false;
-}
-
 static DatabaseResult PutEntry(RewriteTarget& target, const EntryFields& fields) {
     if (target.offset > UINT32_MAX - kMaxEntryBytes) return DatabaseResult::full;
     const std::vector<uint8_t> bytes =
@@ -126,7 +105,8 @@ enum class NewEntry { none, inPlace, atEnd };
 static DatabaseResult WriteWithout(RewriteSource& source, RewriteTarget& target,
                                    uint32_t entryStart, NewEntry place, const EntryFields* fields) {
     uint64_t entryEnd = 0;
-    if (source.entryCount == 0 || !FindEntryEnd(source, entryStart, &entryEnd)) {
+    if (source.entryCount == 0 ||
+        !FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd)) {
         return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
     }
     const int removed = place == NewEntry::none ? 1 : 0;

@@ -24,7 +24,11 @@ static bool WriteEntryCount(FileHandle file, uint32_t entryCount) {
     return WriteAndFlush(file, kCountOffset, field, sizeof field);
 }
 
-// A file too short for its header was ended while it was created: no disc can be in it.
+// No disc can be in a file that ends with its header or before; an ended creation leaves one.
+static bool HeaderIsUnfinished(const DatabaseCheck& check) {
+    return check.sizeBytes <= kHeaderBytes && !IsIntact(check);
+}
+
 static RecoveryResult RepairHeader(FileHandle file) {
     uint8_t header[kHeaderBytes] = {};
     std::memcpy(header, kHeaderMark, sizeof kHeaderMark);
@@ -74,7 +78,7 @@ static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
 RecoveryResult RepairDatabaseEnd(FileHandle file) {
     DatabaseCheck check;
     if (!CheckDatabase(file, &check)) return RecoveryResult::failed;
-    if (check.sizeBytes < kHeaderBytes) return RepairHeader(file);
+    if (HeaderIsUnfinished(check)) return RepairHeader(file);
     if (check.wholeEntries > kMaxEntries) return RecoveryResult::damaged;
     if (check.chainEnd == check.sizeBytes) {
         if (check.wholeEntries == check.entryCount) return RecoveryResult::nothingToDo;

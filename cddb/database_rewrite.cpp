@@ -75,25 +75,25 @@ DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTar
 
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
     EntryHeader header;
-    if (!ReadEntryHeader(source.reader, entryStart, &header)) {
+    uint64_t entryEnd = 0;
+    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd) ||
+        !ReadEntryHeader(source.reader, entryStart, &header)) {
         return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
     }
-    const uint32_t sizeBytes = kNextOffsetBytes + header.entrySize;
-    if (sizeBytes < kMinEntryBytes || sizeBytes > source.sizeBytes - entryStart) {
-        return DatabaseResult::damaged;
-    }
-    const uint64_t newEnd = target.offset + sizeBytes;
-    if (newEnd > UINT32_MAX) return DatabaseResult::full;
-
-    uint8_t field[4];
+    const uint32_t sizeBytes = static_cast<uint32_t>(entryEnd - entryStart);
+    if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::damaged;
+    if (target.offset + sizeBytes > UINT32_MAX) return DatabaseResult::full;
     const uint32_t newStart = static_cast<uint32_t>(target.offset);
-    PutU32(field, static_cast<uint32_t>(newEnd));
-    PutBytes(target, field, kNextOffsetBytes);
-    const DatabaseResult result = CopyBytes(source, entryStart + kNextOffsetBytes,
-                                            sizeBytes - kNextOffsetBytes - kTrailerBytes, target);
+
+    uint8_t pointers[kDiscKeyOffset];
+    PutU32(pointers, newStart + sizeBytes);
+    PutU16(pointers + kEntrySizeOffset, header.entrySize);
+    PutBytes(target, pointers, sizeof pointers);
+    const DatabaseResult result = CopyBytes(source, entryStart + kDiscKeyOffset,
+                                            sizeBytes - kDiscKeyOffset - kTrailerBytes, target);
     if (result != DatabaseResult::ok) return result;
-    PutU32(field, newStart);
-    PutBytes(target, field, kTrailerBytes);
+    PutU32(pointers, newStart);
+    PutBytes(target, pointers, kTrailerBytes);
     return ResultOf(target.status);
 }
 

@@ -36,7 +36,8 @@ DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeByte
                          RewriteTarget& target);
 
 // Copies one entry to the target's end with its pointers set for its new place, the rest byte for
-// byte. `damaged` when it does not fit into the old file.
+// byte. `damaged` when its EntrySize does not fit into the old file, or neither of its other
+// pointers agrees with it.
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target);
 
 // Copies the entries from `from` to the end of the old file the same way. `copiedTo` is where the

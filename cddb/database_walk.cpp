@@ -47,6 +47,27 @@ bool SkipEntryBody(WindowReader& reader) {
     return SkipText(reader);
 }
 
+bool FindEntryEnd(WindowReader& reader, uint64_t entryStart, uint64_t fileBytes,
+                  uint64_t* entryEnd) {
+    EntryHeader header;
+    if (entryStart < kHeaderBytes || !ReadEntryHeader(reader, entryStart, &header)) return false;
+    const uint64_t bySize = entryStart + kNextOffsetBytes + header.entrySize;
+    for (const uint64_t end : {bySize, uint64_t{header.nextOffset}}) {
+        if (end < entryStart + kMinEntryBytes || end > fileBytes) continue;
+        if (end - entryStart - kNextOffsetBytes > UINT16_MAX) continue;
+        bool agree = header.nextOffset == bySize;
+        if (!agree) {
+            uint32_t trailer = 0;
+            reader.position = end - kTrailerBytes;
+            agree = ReadU32(reader, &trailer) && trailer == entryStart;
+        }
+        if (!agree) continue;
+        *entryEnd = end;
+        return true;
+    }
+    return false;
+}
+
 bool ReadEntryCount(WindowReader& reader, uint16_t* entryCount) {
     reader.position = kCountOffset;
     return ReadU16(reader, entryCount);

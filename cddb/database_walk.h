@@ -25,6 +25,12 @@ bool SkipTracks(WindowReader& reader);
 // From before TrackCount to before the trailer.
 bool SkipEntryBody(WindowReader& reader);
 
+// NextOffset, EntrySize and the trailer say the same thing three times. Two that agree are enough,
+// so that an entry with one damaged pointer can still be moved or deleted, and no other disc with
+// it. False when they do not, or when the entry does not fit into a file of fileBytes.
+bool FindEntryEnd(WindowReader& reader, uint64_t entryStart, uint64_t fileBytes,
+                  uint64_t* entryEnd);
+
 bool ReadEntryCount(WindowReader& reader, uint16_t* entryCount);
 
 // How far a database file keeps its rules.

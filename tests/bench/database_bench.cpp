@@ -1,0 +1,194 @@
+// What the disc database costs among many discs, beside one reading of its file in the same window
+// and, natively, beside SQLite with the same discs. Prints medians and ratios; asserts nothing
+// about time.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+#include "app/app_directory.h"
+#include "cddb/database_changes.h"
+#include "cddb/database_file.h"
+#include "cddb/database_format.h"
+#include "cddb/database_recovery.h"
+#include "cddb/disc_lookup.h"
+#include "cddb/window_reader.h"
+#include "tests/cddb/sample_discs.h"
+#ifdef TARNWELL_WITH_SQLITE
+#include "sqlite_side.h"
+#endif
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Measure {
+    const char* name;
+    std::function<void()> work;
+    std::vector<double> microseconds = {};
+    int calls = 0;
+};
+
+// Counts the system calls: one for each call of the table.
+int systemCalls = 0;
+FileAccess realFiles;
+
+}  // namespace
+
+static void CountSystemCalls() {
+    realFiles = DatabaseFiles;
+    DatabaseFiles.open = [](const char* path, FileMode mode, FileHandle* file) {
+        return ++systemCalls, realFiles.open(path, mode, file);
+    };
+    DatabaseFiles.read = [](FileHandle file, void* data, uint32_t size, uint32_t* count) {
+        return ++systemCalls, realFiles.read(file, data, size, count);
+    };
+    DatabaseFiles.write = [](FileHandle file, const void* data, uint32_t size, uint32_t* count) {
+        return ++systemCalls, realFiles.write(file, data, size, count);
+    };
+    DatabaseFiles.seek = [](FileHandle file, uint64_t offset) {
+        return ++systemCalls, realFiles.seek(file, offset);
+    };
+    DatabaseFiles.size = [](FileHandle file, uint64_t* size) {
+        return ++systemCalls, realFiles.size(file, size);
+    };
+    DatabaseFiles.flush = [](FileHandle file) { return ++systemCalls, realFiles.flush(file); };
+    DatabaseFiles.truncate = [](FileHandle file, uint64_t size) {
+        return ++systemCalls, realFiles.truncate(file, size);
+    };
+    DatabaseFiles.close = [](FileHandle file) { return ++systemCalls, realFiles.close(file); };
+    DatabaseFiles.rename = [](const char* from, const char* to) {
+        return ++systemCalls, realFiles.rename(from, to);
+    };
+    DatabaseFiles.remove = [](const char* path) { return ++systemCalls, realFiles.remove(path); };
+    DatabaseFiles.exists = [](const char* path) { return ++systemCalls, realFiles.exists(path); };
+}
+
+static void Require(bool holds, const char* what) {
+    if (holds) return;
+    std::fprintf(stderr, "%s failed\n", what);
+    std::exit(1);
+}
+
+static void ReadFileOnce() {
+    ScopedFile file;
+    uint8_t window[kWindowBytes];
+    uint32_t count = 1;
+    const std::string path = InAppDirectory(kDatabaseName);
+    Require(DatabaseFiles.open(path.c_str(), FileMode::readShared, &file.handle) == FileStatus::ok,
+            "open");
+    while (count > 0)
+        DatabaseFiles.read(file.handle, window, sizeof window, &count);
+}
+
+static void LookUp(const Disc& disc, bool known) {
+    CopyDiscToc(disc.toc);
+    Require(FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount) == known, "look-up");
+}
+
+static std::vector<Disc> MakeDiscs(int count) {
+    std::mt19937 random(1);
+    std::vector<Disc> discs;
+    for (int i = 0; i < count; ++i) {
+        Disc disc = SampleDisc(i, 8 + i % 9);
+        // Lengths of real discs: keys differ, but some are equal.
+        disc.toc.totalSeconds = 0;
+        for (int track = 0; track < disc.toc.trackCount; ++track) {
+            disc.toc.lengthSeconds[track] = static_cast<uint16_t>(90 + random() % 300);
+            disc.toc.totalSeconds =
+                static_cast<uint16_t>(disc.toc.totalSeconds + disc.toc.lengthSeconds[track]);
+        }
+        discs.push_back(disc);
+    }
+    return discs;
+}
+
+static void Print(const Measure& measure, double reading) {
+    std::printf("  %-34s %11.1f us %9.2f x %9d calls\n", measure.name,
+                measure.microseconds[measure.microseconds.size() / 2],
+                measure.microseconds[measure.microseconds.size() / 2] / reading, measure.calls);
+}
+
+// Round by round, so that all of them meet the same weather.
+static void Run(std::vector<Measure>& measures, int rounds) {
+    for (int round = 0; round <= rounds; ++round) {
+        for (Measure& measure : measures) {
+            systemCalls = 0;
+#ifdef TARNWELL_WITH_SQLITE
+            SqliteCallsMade();
+#endif
+            const auto start = std::chrono::steady_clock::now();
+            measure.work();
+            const std::chrono::duration<double, std::micro> taken =
+                std::chrono::steady_clock::now() - start;
+            measure.calls = systemCalls;
+#ifdef TARNWELL_WITH_SQLITE
+            measure.calls += SqliteCallsMade();
+#endif
+            if (round > 0) measure.microseconds.push_back(taken.count());
+        }
+    }
+    for (Measure& measure : measures) {
+        std::sort(measure.microseconds.begin(), measure.microseconds.end());
+    }
+}
+
+static void MeasureAmong(int count, const fs::path& directory, int rounds) {
+    const std::vector<Disc> discs = MakeDiscs(count);
+    const Disc extra = MakeDiscs(count + 1).back();
+    const std::string image = DatabaseImage(discs);
+    const std::vector<uint32_t> starts = EntryStarts(discs);
+    std::ofstream(directory / kDatabaseName, std::ios::binary) << image;
+    const uint32_t middle = starts[discs.size() / 2];
+    const Disc& moved = discs[discs.size() / 2];
+
+    std::vector<Measure> measures = {
+        {"one reading of the file", ReadFileOnce},
+        {"look-up, last disc", [&] { LookUp(discs.back(), true); }},
+        {"look-up, unknown disc", [&] { LookUp(extra, false); }},
+        {"title text, last disc", [&] { DiscTitleText(); }},
+        {"start-up recovery, nothing to do",
+         [&] { Require(RecoverDatabase() == RecoveryResult::nothingToDo, "recovery"); }},
+        {"delete, middle", [&] { Require(DeleteEntry(middle) == DatabaseResult::ok, "delete"); }},
+        {"append",
+         [&] {
+             CopyDiscToc(moved.toc);
+             Require(AppendEntry(moved.fields) == DatabaseResult::ok, "append");
+         }},
+    };
+#ifdef TARNWELL_WITH_SQLITE
+    const std::string sqlite = (directory / "discs.sqlite").string();
+    SqliteCreate(sqlite, discs);
+    const std::vector<Measure> others = {
+        {"SQLite look-up, last disc",
+         [&] { Require(!SqliteTitle(sqlite, discs.back().toc).empty(), "sqlite look-up"); }},
+        {"SQLite look-up, unknown disc",
+         [&] { Require(SqliteTitle(sqlite, extra.toc).empty(), "sqlite look-up"); }},
+        {"SQLite append", [&] { SqliteAppend(sqlite, extra); }},
+        {"SQLite delete", [&] { SqliteDelete(sqlite, count + 1); }},
+    };
+    measures.insert(measures.end(), others.begin(), others.end());
+#endif
+    Run(measures, rounds);
+    const double reading = measures[0].microseconds[measures[0].microseconds.size() / 2];
+    std::printf("%d discs, %zu bytes, %zu windows\n", count, image.size(),
+                (image.size() + kWindowBytes - 1) / kWindowBytes);
+    for (const Measure& measure : measures)
+        Print(measure, reading);
+}
+
+int main() {
+    const fs::path directory =
+        fs::temp_directory_path() / ("tarnwell_bench_" + std::to_string(std::random_device()()));
+    fs::create_directory(directory);
+    AppDirectory = (directory / "").string();
+    CountSystemCalls();
+    // The unknown disc is never in the file, and the last one leaves room for an append.
+    MeasureAmong(1000, directory, 101);
+    MeasureAmong(10000, directory, 31);
+    MeasureAmong(65534, directory, 7);
+    fs::remove_all(directory);
+}

@@ -1,0 +1,101 @@
+// Recovery, and changes after it, on any bytes under the three names. The first byte says which
+// files exist, the next four how long tarnwell.new and tarnwell.dbk are; tarnwell.dat gets the
+// rest.
+#include <algorithm>
+
+#include "cddb/database_changes.h"
+#include "cddb/database_file.h"
+#include "cddb/database_format.h"
+#include "cddb/database_recovery.h"
+#include "cddb/disc_lookup.h"
+#include "tests/cddb/memory_files.h"
+
+static void Require(bool holds) {
+    if (!holds) __builtin_trap();
+}
+
+static std::string Database() {
+    return FileBytes(DiskAfterEnd(), kDatabaseName);
+}
+
+static MemorySnapshot DiskFrom(std::string bytes) {
+    MemorySnapshot disk;
+    if (bytes.size() < 5) bytes.resize(5);
+    const auto* head = reinterpret_cast<const uint8_t*>(bytes.data());
+    const uint8_t exists = head[0];
+    const size_t newBytes = std::min<size_t>(GetU16(head + 1), bytes.size() - 5);
+    const size_t backupBytes = std::min<size_t>(GetU16(head + 3), bytes.size() - 5 - newBytes);
+    if (exists & 1) disk[kNewDatabaseName] = bytes.substr(5, newBytes);
+    if (exists & 2) disk[kBackupName] = bytes.substr(5 + newBytes, backupBytes);
+    if (exists & 4) disk[kDatabaseName] = bytes.substr(5 + newBytes + backupBytes);
+    return disk;
+}
+
+// Recovery may take back one entry at the end, and write a header, a count, one entry's pointers.
+static void RequireLittleChanged(const std::string& before, const std::string& after) {
+    if (before.size() < kHeaderBytes) return;
+    Require(after.size() <= before.size() && before.size() - after.size() <= kMaxEntryBytes);
+    size_t differing = 0;
+    for (size_t i = 0; i < after.size(); ++i)
+        differing += before[i] != after[i];
+    Require(differing <= 8);
+}
+
+// The new entry fills the file's end, and nothing in front of it has changed but the count.
+static void RequireAppended(std::string before, const DiscToc& toc, const EntryFields& fields) {
+    std::string after = Database();
+    const size_t entryBytes = EncodeEntry(toc, fields, 0).size();
+    Require(after.size() == before.size() + entryBytes);
+    const uint32_t entryStart = static_cast<uint32_t>(before.size());
+    const std::vector<uint8_t> entry = EncodeEntry(toc, fields, entryStart);
+    Require(std::equal(entry.begin(), entry.end(), after.begin() + entryStart,
+                       [](uint8_t a, char b) { return static_cast<char>(a) == b; }));
+    Require(DatabaseEntryCount() ==
+            GetU16(reinterpret_cast<const uint8_t*>(before.data()) + kCountOffset) + 1);
+    before.replace(kCountOffset, 2, 2, '\0');
+    after.replace(kCountOffset, 2, 2, '\0');
+    Require(after.compare(0, before.size(), before) == 0);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const bool ready = (UseMemoryFiles(), true);
+    Require(ready);
+    const MemorySnapshot before = DiskFrom({reinterpret_cast<const char*>(data), size});
+    StartOnDisk(before);
+    const RecoveryResult result = RecoverDatabase();
+    Require(result != RecoveryResult::failed && OpenHandles() == 0);
+    const MemorySnapshot recovered = DiskAfterEnd();
+    const std::string database = FileBytes(recovered, kDatabaseName);
+    if (before.count(kDatabaseName) > 0) {
+        RequireLittleChanged(before.at(kDatabaseName), database);
+        Require(FileBytes(recovered, kBackupName) == FileBytes(before, kBackupName));
+        Require(FileBytes(recovered, kNewDatabaseName) == FileBytes(before, kNewDatabaseName));
+    } else {
+        // Only a backup vouches for a database that is missing.
+        Require((recovered.count(kDatabaseName) > 0) == (before.count(kBackupName) > 0));
+    }
+    RecoverDatabase();
+    Require(DiskAfterEnd() == recovered);
+
+    DiscToc toc;
+    toc.trackCount = 1;
+    toc.totalSeconds = toc.lengthSeconds[0] = 77;
+    EntryFields fields;
+    fields.artist = "appended";
+    CopyDiscToc(toc);
+    const DatabaseResult appended = AppendEntry(fields);
+    if (appended == DatabaseResult::ok) {
+        RequireAppended(database, toc, fields);
+    } else {
+        Require(Database() == database);
+    }
+    const std::string beforeDelete = Database();
+    for (const uint32_t index : {0u, 1u}) {
+        const uint32_t entryStart = FindEntryOffset(index);
+        const DatabaseResult deleted =
+            index == 0 ? DeleteEntry(entryStart) : ReplaceEntryAtEnd(entryStart, fields);
+        Require(deleted == DatabaseResult::ok || Database() == beforeDelete);
+        StartOnDisk({{kDatabaseName, beforeDelete}});
+    }
+    return 0;
+}

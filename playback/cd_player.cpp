@@ -230,7 +230,8 @@ void OpenCdPlayer() {
 
 void CloseCdPlayer() {
     if (!IsCdOpen()) return;
-    DWORD mode = 0;
+    // Without an answer, what the last tick saw.
+    DWORD mode = CdPlayer.state == DiscState::kPlaying ? MCI_MODE_PLAY : MCI_MODE_STOP;
     QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
     // Closing alone would leave the drive playing.
     if (mode == MCI_MODE_PLAY || CdPlayer.paused) SendToCd(MCI_STOP, MCI_WAIT);

@@ -405,9 +405,9 @@ TEST_F(CdPlayerTest, UnreadableWhileSpinningUpIsReadLaterWithoutABox) {
 }
 
 TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
-    Start(std::vector<DWORD>(120, 15555));
+    Start(std::vector<DWORD>(120, 15315));
     EXPECT_EQ(Shown(IDC_TOTAL_TRACKS), "99");
-    EXPECT_EQ(PlayerDiscToc().totalSeconds, static_cast<uint16_t>(99 * 15555));
+    EXPECT_EQ(PlayerDiscToc().totalSeconds, static_cast<uint16_t>(99 * 15315));
     for (int page = 0; page < 6; ++page)
         OnNextPage();
     EXPECT_EQ(Shown(IDC_TRACK_LABEL_FIRST), "91");

@@ -44,29 +44,30 @@ static bool QueryMediumPresent(DWORD& present) {
 // Reading the disc
 
 // Tracks whose length the drive does not tell count as empty.
-static void ReadTrackLengths(DiscToc& toc) {
+static void ReadTrackLengths() {
+    DiscToc toc;
+    toc.trackCount = static_cast<uint16_t>(std::min<DWORD>(CdPlayer.deviceTrackCount, kMaxTracks));
     for (uint16_t track = 1; track <= toc.trackCount; ++track) {
         DWORD length = 0;
         QueryTrackStatus(CdDevice(), MCI_STATUS_LENGTH, track, length);
-        const uint16_t seconds = UnpackLengthSeconds(length);
-        toc.lengthSeconds[track - 1] = seconds;
-        toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + seconds);
+        toc.lengthSeconds[track - 1] = UnpackLengthSeconds(length);
+        toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + toc.lengthSeconds[track - 1]);
     }
+    CdPlayer.toc = toc;
 }
 
 static void ReadToc() {
     CdPlayer.deviceTrackCount = 0;
     CdPlayer.deviceLength = 0;
+    CdPlayer.toc = {};
     const MCIERROR error =
         QueryStatus(CdDevice(), MCI_STATUS_NUMBER_OF_TRACKS, CdPlayer.deviceTrackCount);
-    QueryStatus(CdDevice(), MCI_STATUS_LENGTH, CdPlayer.deviceLength);
-
-    DiscToc toc;
-    toc.trackCount = static_cast<uint16_t>(std::min<DWORD>(CdPlayer.deviceTrackCount, kMaxTracks));
-    ReadTrackLengths(toc);
-    CdPlayer.toc = toc;
+    if (error == 0) {
+        QueryStatus(CdDevice(), MCI_STATUS_LENGTH, CdPlayer.deviceLength);
+        ReadTrackLengths();
+    }
     CdPlayer.page = 0;
-    CdPlayer.pageCount = PageCount(toc.trackCount);
+    CdPlayer.pageCount = PageCount(CdPlayer.toc.trackCount);
     CdPlayer.trackStale = true;
     // A drive that still spins up knows its medium before it can read it. The first tick after that
     // finds another number of tracks and reads again.
@@ -229,7 +230,8 @@ void OpenCdPlayer() {
 
 void CloseCdPlayer() {
     if (!IsCdOpen()) return;
-    DWORD mode = 0;
+    // Without an answer, what the last tick saw.
+    DWORD mode = CdPlayer.state == DiscState::kPlaying ? MCI_MODE_PLAY : MCI_MODE_STOP;
     QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
     // Closing alone would leave the drive playing.
     if (mode == MCI_MODE_PLAY || CdPlayer.paused) SendToCd(MCI_STOP, MCI_WAIT);

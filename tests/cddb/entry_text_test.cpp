@@ -36,7 +36,8 @@ TEST(EntryText, NumbersInFrontAreTakenOffButNamesKeepTheirDigits) {
         {"4 -", "4 -"},
         {"- no number", "- no number"},
     };
-    for (const auto& c : cases) EXPECT_THAT(SplitTrackNames(c.line), ElementsAre(c.name));
+    for (const auto& c : cases)
+        EXPECT_THAT(SplitTrackNames(c.line), ElementsAre(c.name));
 }
 
 TEST(EntryText, NamesAreCutToWhatTheCatalogueHolds) {

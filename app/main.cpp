@@ -7,6 +7,7 @@
 #include "app/main_window.h"
 #include "app/program_state.h"
 #include "app/settings.h"
+#include "cddb/database_recovery.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
 #include "ui/skin.h"
@@ -58,6 +59,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCom
     CreateBackgroundBrush();
     RegisterMainWindowClass();
     if (!StartFileGiven) ReadMediaDirectories();
+    // Before the first look into the catalogue, which would create an empty one for a missing file.
+    RecoverDatabase();
     if (CreateMainWindow() == nullptr) return 1;
     ShowWindow(MainWindow, showCommand);
     const int exitCode = RunMessageLoop();

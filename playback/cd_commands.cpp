@@ -9,6 +9,7 @@
 #include "playback/cd_readouts.h"
 #include "playback/disc_times.h"
 #include "playback/mci.h"
+#include "playback/media_device.h"
 #include "playback/media_error.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
@@ -25,7 +26,7 @@ static bool IsDiscMissing() {
 
 // True when there is a device, perhaps after asking the user.
 static bool GetDevice() {
-    if (!CdDriverAvailable) {
+    if (!DriverAvailable.cdAudio) {
         ShowMessage("No MCI CD audio driver installed!");
         return false;
     }

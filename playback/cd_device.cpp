@@ -2,9 +2,8 @@
 #include "playback/cd_device.h"
 
 #include "playback/mci.h"
+#include "playback/media_device.h"
 #include "playback/media_error.h"
-
-bool CdDriverAvailable = true;
 
 static MCIDEVICEID Device;
 static bool CanEject;
@@ -39,7 +38,7 @@ static bool IsDriverMissing(MCIERROR error) {
 bool OpenCdDevice() {
     Device = 0;
     CanEject = false;
-    if (!CdDriverAvailable) return false;
+    if (!DriverAvailable.cdAudio) return false;
 
     MCI_OPEN_PARMSA open = {};
     open.lpstrDeviceType = "cdaudio";

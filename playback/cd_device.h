@@ -6,9 +6,6 @@
 
 #include <mmsystem.h>
 
-// Set when a driver may be asked for; nothing is sent to the platform while it is clear.
-extern bool CdDriverAvailable;
-
 // 0 while no device is open.
 MCIDEVICEID CdDevice();
 bool IsCdOpen();

@@ -12,6 +12,7 @@
 #include "cddb/disc_lookup.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
+#include "playback/media_device.h"
 #include "resources/ids.h"
 #include "tests/playback/fake_drive.h"
 #include "ui/boxes.h"
@@ -59,7 +60,7 @@ protected:
         Questions.clear();
         Consent = true;
         CdPlayer = {};
-        CdDriverAvailable = true;
+        DriverAvailable.cdAudio = true;
         MainWindow = CreatePlainWindow();
         PlayMode = IDC_MODE_CDPLAYER;
     }
@@ -545,7 +546,7 @@ TEST_F(CdPlayerTest, CommandsWithoutADeviceAskForOne) {
     EXPECT_TRUE(IsShown(IDC_TRACK_FIRST));
 
     CloseCdPlayer();
-    CdDriverAvailable = false;
+    DriverAvailable.cdAudio = false;
     Messages.clear();
     OnCdPlay(0);
     EXPECT_THAT(Messages, ElementsAre("No MCI CD audio driver installed!"));

@@ -50,7 +50,8 @@ inline constexpr SkinGrid kDialogButtonGrid = {
     kSlotDialogButtons, IDB_DIALOG_BUTTONS, IDB_DIALOG_BUTTONS_LARGE, {51, 47}, {68, 58}, 1, 8};
 inline constexpr SkinGrid kSmallButtonGrid = {
     kSlotSmallButtons, IDB_SMALL_BUTTONS, IDB_SMALL_BUTTONS_LARGE, {34, 21}, {46, 26}, 4, 3};
-inline constexpr SkinGrid kTabGrid = {kSlotTabs, IDB_TABS, IDB_TABS_LARGE, {112, 21}, {150, 26}, 2, 4};
+inline constexpr SkinGrid kTabGrid = {kSlotTabs, IDB_TABS, IDB_TABS_LARGE, {112, 21}, {150, 26},
+                                      2,         4};
 inline constexpr SkinGrid kMenuButtonGrid = {
     kSlotMenuButtons, IDB_MENU_BUTTONS, IDB_MENU_BUTTONS_LARGE, {88, 78}, {118, 96}, 1, 4};
 

@@ -40,7 +40,8 @@ static void DrawPlate(Picture& picture, const SkinRect& at, bool pressed) {
 
 Picture DrawGrid(const SkinGrid& grid, bool large) {
     const SkinSize cell = large ? grid.largeCell : grid.smallCell;
-    Picture picture = MakePicture(cell.width * grid.columns * 2, cell.height * grid.rows, kFaceGrey);
+    Picture picture =
+        MakePicture(cell.width * grid.columns * 2, cell.height * grid.rows, kFaceGrey);
     for (int i = 0; i < grid.columns * grid.rows; ++i) {
         const SkinFace face = {&grid, i % grid.columns, i / grid.columns};
         DrawPlate(picture, FaceRect(face, false, large), false);

@@ -4,20 +4,29 @@
 #include <algorithm>
 #include <cmath>
 
-static double Whole(double value) { return std::floor(value + 0.5); }
+static double Whole(double value) {
+    return std::floor(value + 0.5);
+}
 
-static double Half(double value) { return std::floor(value * 2 + 0.5) / 2; }
+static double Half(double value) {
+    return std::floor(value * 2 + 0.5) / 2;
+}
 
-double X(const Pen& pen, double x) { return pen.left + Whole(x * pen.scale); }
+double X(const Pen& pen, double x) {
+    return pen.left + Whole(x * pen.scale);
+}
 
-double Y(const Pen& pen, double y) { return pen.top + Whole(y * pen.scale); }
+double Y(const Pen& pen, double y) {
+    return pen.top + Whole(y * pen.scale);
+}
 
 static Point Free(const Pen& pen, Point point) {
     return {pen.left + point.x * pen.scale, pen.top + point.y * pen.scale};
 }
 
 static std::vector<Point> Free(const Pen& pen, std::vector<Point> points) {
-    for (Point& point : points) point = Free(pen, point);
+    for (Point& point : points)
+        point = Free(pen, point);
     return points;
 }
 
@@ -28,7 +37,8 @@ Field BoxOf(const Pen& pen, double left, double top, double right, double bottom
 
 Field PolygonOf(const Pen& pen, const std::vector<Point>& points) {
     std::vector<Point> whole;
-    for (const Point& point : points) whole.push_back({X(pen, point.x), Y(pen, point.y)});
+    for (const Point& point : points)
+        whole.push_back({X(pen, point.x), Y(pen, point.y)});
     return Polygon(whole);
 }
 
@@ -50,13 +60,17 @@ Field ArcOf(const Pen& pen, double x, double y, double radius, double width, dou
     return Arc(Free(pen, {x, y}), radius * pen.scale, width * pen.scale, fromTurn, toTurn);
 }
 
-static double LineWidth(const Pen& pen) { return pen.scale > 1.3 ? 1.25 : 1.0; }
+static double LineWidth(const Pen& pen) {
+    return pen.scale > 1.3 ? 1.25 : 1.0;
+}
 
 void DrawBody(const Pen& pen, const Field& field, const Body& body) {
     PaintBody(pen.layer, field, body, LineWidth(pen), 1.2 * pen.scale);
 }
 
-void DrawFlat(const Pen& pen, const Field& field, Index index) { Paint(pen.layer, field, index); }
+void DrawFlat(const Pen& pen, const Field& field, Index index) {
+    Paint(pen.layer, field, index);
+}
 
 // A line of writing: one pixel high at the small size, two at the large one where there is room.
 static void DrawWriting(const Pen& pen, double left, double right, double y, Index index) {
@@ -76,7 +90,8 @@ void DrawSheet(const Pen& pen, double left, double top, double width, double hei
                              {left, bottom}}),
              kPaper);
     DrawBody(pen,
-             PolygonOf(pen, {{right - fold - 1, top}, {right, top + fold + 1},
+             PolygonOf(pen, {{right - fold - 1, top},
+                             {right, top + fold + 1},
                              {right - fold - 1, top + fold + 1}}),
              {kInk, kHoney, kHoney, kAmber});
     for (int i = 0; i < lines; ++i) {
@@ -144,7 +159,10 @@ void DrawPencil(const Pen& pen, double x, double y, double length, double half) 
     DrawBody(pen,
              FreePolygonOf(pen, {along(0, 0), along(2.5 * half, -half), along(2.5 * half, half)}),
              {kInk, kCream, kCream, kHoney});
-    DrawFlat(pen, FreePolygonOf(pen, {along(0, 0), along(1.2 * half, -0.55 * half), along(1.2 * half, 0.55 * half)}), kInk);
+    DrawFlat(pen,
+             FreePolygonOf(pen, {along(0, 0), along(1.2 * half, -0.55 * half),
+                                 along(1.2 * half, 0.55 * half)}),
+             kInk);
     DrawBody(pen,
              FreePolygonOf(pen, {along(length - 1.6 * half, -half), along(length, -half),
                                  along(length, half), along(length - 1.6 * half, half)}),
@@ -170,16 +188,16 @@ void DrawKnob(const Pen& pen, double x, double y, double radius) {
     for (int i = 0; i <= 6; ++i) {
         const double turn = 0.375 + 0.125 * i;
         const double reach = radius + 4;
-        DrawBody(pen,
-                 CircleOf(pen, x + reach * Cosine(turn), y + reach * Sine(turn), 2),
+        DrawBody(pen, CircleOf(pen, x + reach * Cosine(turn), y + reach * Sine(turn), 2),
                  i < 5 ? Body{kInk, kAmber, kAmber, kAmber} : Body{kInk, kUmber, kUmber, kUmber});
     }
     DrawBody(pen, CircleOf(pen, x, y, radius), kWood);
     DrawBody(pen, CircleOf(pen, x, y, radius * 0.72), kBrass);
     const double turn = 0.875;
     DrawFlat(pen,
-             StrokeOf(pen, {{x + 0.2 * radius * Cosine(turn), y + 0.2 * radius * Sine(turn)},
-                            {x + 0.8 * radius * Cosine(turn), y + 0.8 * radius * Sine(turn)}},
+             StrokeOf(pen,
+                      {{x + 0.2 * radius * Cosine(turn), y + 0.2 * radius * Sine(turn)},
+                       {x + 0.8 * radius * Cosine(turn), y + 0.8 * radius * Sine(turn)}},
                       1.6),
              kInk);
 }
@@ -192,8 +210,8 @@ void DrawSpeaker(const Pen& pen, double left, double middle, double size, const 
                              {left + size, middle + size * 0.62},
                              {left + third + 1, middle + third * 0.55}}),
              cone);
-    DrawBody(pen,
-             BoxOf(pen, left, middle - third * 0.75, left + third + 2, middle + third * 0.75), kWood);
+    DrawBody(pen, BoxOf(pen, left, middle - third * 0.75, left + third + 2, middle + third * 0.75),
+             kWood);
 }
 
 Field TickOf(const Pen& pen, double left, double top, double size) {
@@ -268,9 +286,9 @@ void PaintEmblem(Layer& layer, Point centre, double radius, double lineWidth,
         return Point{centre.x + radius * x, shore - radius * y};
     };
     for (const double side : {-1.0, 1.0}) {
-        const Field hill = Polygon({above(side * 1.1, 0), above(side * 1.1, 0.62),
-                                    above(side * 0.82, 0.4), above(side * 0.66, 0.3),
-                                    above(side * 0.34, 0)});
+        const Field hill =
+            Polygon({above(side * 1.1, 0), above(side * 1.1, 0.62), above(side * 0.82, 0.4),
+                     above(side * 0.66, 0.3), above(side * 0.34, 0)});
         Paint(layer, Both(hill, inside), colours.hills);
     }
     // The disc stands low over the shore; its light lies on the water in broken lines.

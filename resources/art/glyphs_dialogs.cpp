@@ -15,9 +15,13 @@ static void DrawSave(const Pen& pen) {
     DrawFlat(pen, BoxOf(pen, 10, 25, 20, 26), kCopper);
 }
 
-static void DrawOk(const Pen& pen) { DrawBody(pen, TickOf(pen, 3, 3, 28), kGreen); }
+static void DrawOk(const Pen& pen) {
+    DrawBody(pen, TickOf(pen, 3, 3, 28), kGreen);
+}
 
-static void DrawCancel(const Pen& pen) { DrawBody(pen, CrossOf(pen, 5, 4.5, 24), kRed); }
+static void DrawCancel(const Pen& pen) {
+    DrawBody(pen, CrossOf(pen, 5, 4.5, 24), kRed);
+}
 
 static void DrawDeleteEntry(const Pen& pen) {
     DrawCard(pen, 2, 7, 26, 19);
@@ -51,7 +55,8 @@ static void DrawMenuEditor(const Pen& pen) {
 }
 
 static void DrawMenuSorter(const Pen& pen) {
-    for (int i = 0; i < 4; ++i) DrawCard(pen, 4 + 6 * i, 4 + 8 * i, 34, 26);
+    for (int i = 0; i < 4; ++i)
+        DrawCard(pen, 4 + 6 * i, 4 + 8 * i, 34, 26);
     DrawBody(pen, ArrowDownOf(pen, 58, 8, 44, 8), kGreen);
 }
 

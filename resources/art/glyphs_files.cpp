@@ -62,9 +62,13 @@ static void DrawList(const Pen& pen, bool chosen) {
     }
 }
 
-static void DrawSelect(const Pen& pen) { DrawList(pen, true); }
+static void DrawSelect(const Pen& pen) {
+    DrawList(pen, true);
+}
 
-static void DrawNone(const Pen& pen) { DrawList(pen, false); }
+static void DrawNone(const Pen& pen) {
+    DrawList(pen, false);
+}
 
 std::vector<Glyph> FileGlyphs() {
     return {{kFaceInfo, DrawInfo},     {kFaceCopy, DrawCopy},     {kFaceRename, DrawRename},

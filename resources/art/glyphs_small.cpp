@@ -1,7 +1,9 @@
 // Glyphs of the small buttons, in a box of 26 x 15 units.
 #include "resources/art/glyphs.h"
 
-static void DrawBrowse(const Pen& pen) { DrawFolder(pen, 4, 0, 22, 15); }
+static void DrawBrowse(const Pen& pen) {
+    DrawFolder(pen, 4, 0, 22, 15);
+}
 
 static void DrawSoundOn(const Pen& pen) {
     DrawSpeaker(pen, 3, 7.5, 10, kBrass);
@@ -17,17 +19,21 @@ static void DrawSoundOff(const Pen& pen) {
 }
 
 static void DrawLoop(const Pen& pen, const Body& body) {
-    const Field upper = PolygonOf(pen, {{3, 9}, {3, 2}, {16, 2}, {16, -1}, {22, 4}, {16, 9}, {16, 6},
-                                        {7, 6}, {7, 9}});
-    const Field lower = PolygonOf(pen, {{23, 6}, {23, 13}, {10, 13}, {10, 16}, {4, 11}, {10, 6},
-                                        {10, 9}, {19, 9}, {19, 6}});
+    const Field upper = PolygonOf(
+        pen, {{3, 9}, {3, 2}, {16, 2}, {16, -1}, {22, 4}, {16, 9}, {16, 6}, {7, 6}, {7, 9}});
+    const Field lower = PolygonOf(
+        pen, {{23, 6}, {23, 13}, {10, 13}, {10, 16}, {4, 11}, {10, 6}, {10, 9}, {19, 9}, {19, 6}});
     DrawBody(pen, upper, body);
     DrawBody(pen, lower, body);
 }
 
-static void DrawRepeatOn(const Pen& pen) { DrawLoop(pen, kBrass); }
+static void DrawRepeatOn(const Pen& pen) {
+    DrawLoop(pen, kBrass);
+}
 
-static void DrawRepeatOff(const Pen& pen) { DrawLoop(pen, kUnlit); }
+static void DrawRepeatOff(const Pen& pen) {
+    DrawLoop(pen, kUnlit);
+}
 
 static void DrawPageUp(const Pen& pen) {
     DrawBody(pen, PolygonOf(pen, {{13, 0}, {22, 8}, {4, 8}}), kBrass);
@@ -44,7 +50,8 @@ static void DrawArrowForward(const Pen& pen) {
 }
 
 static void DrawArrowBack(const Pen& pen) {
-    DrawBody(pen, PolygonOf(pen, {{23, 4}, {11, 4}, {11, 0}, {3, 7.5}, {11, 15}, {11, 11}, {23, 11}}),
+    DrawBody(pen,
+             PolygonOf(pen, {{23, 4}, {11, 4}, {11, 0}, {3, 7.5}, {11, 15}, {11, 11}, {23, 11}}),
              kBrass);
 }
 

@@ -7,7 +7,9 @@ static void DrawPlay(const Pen& pen) {
     DrawBody(pen, PolygonOf(pen, {{7, 3}, {31, 16.5}, {7, 30}}), kGreen);
 }
 
-static void DrawStop(const Pen& pen) { DrawBody(pen, BoxOf(pen, 7, 6, 28, 27, 1.5), kRed); }
+static void DrawStop(const Pen& pen) {
+    DrawBody(pen, BoxOf(pen, 7, 6, 28, 27, 1.5), kRed);
+}
 
 static void DrawPause(const Pen& pen) {
     DrawBody(pen, BoxOf(pen, 7, 5, 15, 28, 1.5), kBrass);
@@ -53,7 +55,9 @@ static void DrawAbout(const Pen& pen) {
     PaintEmblem(pen.layer, {X(pen, 17), Y(pen, 16.5)}, 15 * pen.scale, 1, HouseEmblem());
 }
 
-static void DrawVolume(const Pen& pen) { DrawKnob(pen, 17, 18, 10.5); }
+static void DrawVolume(const Pen& pen) {
+    DrawKnob(pen, 17, 18, 10.5);
+}
 
 static void DrawExit(const Pen& pen) {
     DrawBody(pen, BoxOf(pen, 3, 2, 21, 30), kWood);
@@ -66,8 +70,18 @@ static void DrawExit(const Pen& pen) {
 static void DrawAddEntry(const Pen& pen) {
     DrawCard(pen, 2, 8, 24, 18);
     DrawBody(pen,
-             PolygonOf(pen, {{23, 15}, {28, 15}, {28, 20}, {33, 20}, {33, 25}, {28, 25}, {28, 30},
-                             {23, 30}, {23, 25}, {18, 25}, {18, 20}, {23, 20}}),
+             PolygonOf(pen, {{23, 15},
+                             {28, 15},
+                             {28, 20},
+                             {33, 20},
+                             {33, 25},
+                             {28, 25},
+                             {28, 30},
+                             {23, 30},
+                             {23, 25},
+                             {18, 25},
+                             {18, 20},
+                             {23, 20}}),
              kGreen);
 }
 
@@ -80,18 +94,24 @@ static void DrawGarnish(const Pen& pen) {
 }
 
 std::vector<Glyph> TransportGlyphs() {
-    return {{kFacePlay, DrawPlay},         {kFaceStop, DrawStop},
-            {kFacePause, DrawPause},       {kFaceSkipBack, DrawSkipBack},
-            {kFaceSkipForward, DrawSkipForward}, {kFaceEject, DrawEject},
-            {kFaceSetup, DrawSetup},       {kFaceAbout, DrawAbout},
-            {kFaceVolume, DrawVolume},     {kFaceExit, DrawExit},
-            {kFaceAddEntry, DrawAddEntry}, {kFaceGarnish, DrawGarnish}};
+    return {{kFacePlay, DrawPlay},
+            {kFaceStop, DrawStop},
+            {kFacePause, DrawPause},
+            {kFaceSkipBack, DrawSkipBack},
+            {kFaceSkipForward, DrawSkipForward},
+            {kFaceEject, DrawEject},
+            {kFaceSetup, DrawSetup},
+            {kFaceAbout, DrawAbout},
+            {kFaceVolume, DrawVolume},
+            {kFaceExit, DrawExit},
+            {kFaceAddEntry, DrawAddEntry},
+            {kFaceGarnish, DrawGarnish}};
 }
 
 std::vector<Glyph> Glyphs() {
     std::vector<Glyph> all;
-    for (const auto& part : {TransportGlyphs(), FileGlyphs(), DialogGlyphs(), SmallGlyphs(),
-                             MenuGlyphs()}) {
+    for (const auto& part :
+         {TransportGlyphs(), FileGlyphs(), DialogGlyphs(), SmallGlyphs(), MenuGlyphs()}) {
         all.insert(all.end(), part.begin(), part.end());
     }
     return all;

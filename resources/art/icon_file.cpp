@@ -111,7 +111,9 @@ static IconImage DrawSmoothImage(int size) {
 }
 
 // Bytes of one row, padded to four.
-static int Stride(int size, int bitsPerPixel) { return (size * bitsPerPixel + 31) / 32 * 4; }
+static int Stride(int size, int bitsPerPixel) {
+    return (size * bitsPerPixel + 31) / 32 * 4;
+}
 
 static std::vector<std::uint8_t> ImageBytes(const IconImage& image) {
     const int size = image.size;
@@ -126,7 +128,8 @@ static std::vector<std::uint8_t> ImageBytes(const IconImage& image) {
     AppendLittleEndian(bytes, static_cast<std::uint32_t>(image.bitsPerPixel), 2);
     AppendLittleEndian(bytes, 0, 4);
     AppendLittleEndian(bytes, static_cast<std::uint32_t>(size * (stride + maskStride)), 4);
-    for (int i = 0; i < 4; ++i) AppendLittleEndian(bytes, 0, 4);
+    for (int i = 0; i < 4; ++i)
+        AppendLittleEndian(bytes, 0, 4);
     for (int i = 0; i < tableSize; ++i) {
         const auto slot = static_cast<std::size_t>(i);
         const Colour colour = slot < image.colours.size() ? image.colours[slot] : Colour{0, 0, 0};
@@ -157,8 +160,10 @@ static std::vector<std::uint8_t> ImageBytes(const IconImage& image) {
 
 bool WriteIcon(const std::string& path) {
     std::vector<IconImage> images;
-    for (const int size : {16, 32, 48}) images.push_back(DrawCommonImage(size));
-    for (const int size : {16, 32, 48}) images.push_back(DrawSmoothImage(size));
+    for (const int size : {16, 32, 48})
+        images.push_back(DrawCommonImage(size));
+    for (const int size : {16, 32, 48})
+        images.push_back(DrawSmoothImage(size));
 
     const auto count = static_cast<std::uint32_t>(images.size());
     std::vector<std::uint8_t> bytes;

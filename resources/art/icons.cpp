@@ -17,13 +17,16 @@ static void DrawFloppy(const Pen& pen) {
 // A drive seen from the front: its lid and its front plate with a slot and a lamp.
 static void DrawDriveBox(const Pen& pen, double top, double bottom) {
     DrawFlat(pen, PolygonOf(pen, {{3, top}, {13, top}, {16, top + 4}, {0, top + 4}}), kInk);
-    DrawFlat(pen, PolygonOf(pen, {{3, top + 1}, {13, top + 1}, {15, top + 4}, {1, top + 4}}), kHoney);
+    DrawFlat(pen, PolygonOf(pen, {{3, top + 1}, {13, top + 1}, {15, top + 4}, {1, top + 4}}),
+             kHoney);
     DrawBody(pen, BoxOf(pen, 0, top + 3, 16, bottom), kBrass);
     DrawFlat(pen, BoxOf(pen, 2, bottom - 4, 9, bottom - 3), kInk);
     DrawFlat(pen, BoxOf(pen, 12, bottom - 4, 14, bottom - 2), kMoss);
 }
 
-static void DrawHardDisk(const Pen& pen) { DrawDriveBox(pen, 3, 14); }
+static void DrawHardDisk(const Pen& pen) {
+    DrawDriveBox(pen, 3, 14);
+}
 
 static void DrawNetwork(const Pen& pen) {
     DrawDriveBox(pen, 0, 10);
@@ -66,8 +69,8 @@ static void DrawFolderClosed(const Pen& pen) {
 
 Picture DrawIcons(int iconSize, bool onHighlight) {
     void (*const draw[kSkinIconCount])(const Pen& pen) = {
-        DrawFloppy, DrawHardDisk, DrawNetwork, DrawCdRom, DrawRamDrive, DrawFolderOpen,
-        DrawFolderClosed};
+        DrawFloppy,   DrawHardDisk,   DrawNetwork,     DrawCdRom,
+        DrawRamDrive, DrawFolderOpen, DrawFolderClosed};
     Picture picture = MakePicture(iconSize * kSkinIconCount, iconSize, kFaceGrey);
     for (int i = 0; i < kSkinIconCount; ++i) {
         Layer layer = MakeLayer(iconSize, iconSize);

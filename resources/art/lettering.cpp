@@ -338,11 +338,17 @@ static const Letter* FindLetter(char letter, bool large) {
     return nullptr;
 }
 
-static int BlankWidth(bool large) { return large ? 6 : 4; }
+static int BlankWidth(bool large) {
+    return large ? 6 : 4;
+}
 
-static int Spacing(bool large) { return large ? 2 : 1; }
+static int Spacing(bool large) {
+    return large ? 2 : 1;
+}
 
-int CapitalHeight(bool large) { return large ? 12 : 9; }
+int CapitalHeight(bool large) {
+    return large ? 12 : 9;
+}
 
 int TextWidth(std::string_view text, bool large) {
     int width = -Spacing(large);

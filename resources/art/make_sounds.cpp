@@ -13,13 +13,17 @@
 #include "resources/art/sound_score.h"
 #include "resources/art/wave_file.h"
 
-static std::size_t SampleCount(double ms) { return static_cast<std::size_t>(ms * kSampleRate / 1000); }
+static std::size_t SampleCount(double ms) {
+    return static_cast<std::size_t>(ms * kSampleRate / 1000);
+}
 
 static double Hertz(double semitones) {
     constexpr double kSemitone = 1.0594630943592953;
     double hertz = 220;
-    for (; semitones >= 1; semitones -= 1) hertz *= kSemitone;
-    for (; semitones <= -1; semitones += 1) hertz /= kSemitone;
+    for (; semitones >= 1; semitones -= 1)
+        hertz *= kSemitone;
+    for (; semitones <= -1; semitones += 1)
+        hertz /= kSemitone;
     return hertz * (1 + semitones * (kSemitone - 1));
 }
 
@@ -42,10 +46,14 @@ static const std::vector<Partial>& Partials(Voice voice) {
     static const std::vector<Partial> kMuted = {{0.5, 0.5, 4}, {1, 1, 6}, {2, 0.15, 24}};
     static const std::vector<Partial> kNone;
     switch (voice) {
-        case Voice::kTine: return kTine;
-        case Voice::kWood: return kWood;
-        case Voice::kMuted: return kMuted;
-        case Voice::kBrush: break;
+        case Voice::kTine:
+            return kTine;
+        case Voice::kWood:
+            return kWood;
+        case Voice::kMuted:
+            return kMuted;
+        case Voice::kBrush:
+            break;
     }
     return kNone;
 }
@@ -102,7 +110,8 @@ static double LoudestStretch(const std::vector<double>& mix) {
 
 static double Peak(const std::vector<double>& mix) {
     double peak = 0;
-    for (const double sample : mix) peak = std::max(peak, std::fabs(sample));
+    for (const double sample : mix)
+        peak = std::max(peak, std::fabs(sample));
     return peak;
 }
 
@@ -138,7 +147,8 @@ static std::vector<std::int16_t> Play(const Sound& sound) {
 static double Decibels(double level) {
     double decibels = 0;
     if (level <= 0) return -99;
-    for (; level < 1; level *= 1.0115794542598986) decibels -= 0.1;
+    for (; level < 1; level *= 1.0115794542598986)
+        decibels -= 0.1;
     return decibels;
 }
 

@@ -68,7 +68,8 @@ void SetPixel(Picture& picture, int x, int y, Index index) {
 
 void FillRectangle(Picture& picture, int x, int y, int width, int height, Index index) {
     for (int row = y; row < y + height; ++row) {
-        for (int column = x; column < x + width; ++column) SetPixel(picture, column, row, index);
+        for (int column = x; column < x + width; ++column)
+            SetPixel(picture, column, row, index);
     }
 }
 
@@ -92,7 +93,8 @@ void Stamp(Picture& picture, const Picture& source, int x, int y) {
 void StampShadow(Picture& picture, const Picture& source, int x, int y, Index index) {
     for (int row = 0; row < source.height; ++row) {
         for (int column = 0; column < source.width; ++column) {
-            if (PixelAt(source, column, row) != kClear) SetPixel(picture, x + column, y + row, index);
+            if (PixelAt(source, column, row) != kClear)
+                SetPixel(picture, x + column, y + row, index);
         }
     }
 }

@@ -87,7 +87,8 @@ Field Arc(Point centre, double radius, double width, double fromTurn, double toT
         const double dx = x - centre.x;
         const double dy = y - centre.y;
         double turn = Turn(dx, dy);
-        while (turn < fromTurn) turn += 1;
+        while (turn < fromTurn)
+            turn += 1;
         if (turn <= toTurn) return std::fabs(std::sqrt(dx * dx + dy * dy) - radius) - width / 2;
         return std::min(DistanceToSegment(from, from, x, y), DistanceToSegment(to, to, x, y)) -
                width / 2;
@@ -134,13 +135,16 @@ double Sine(double turns) {
            (1 - q / 6 * (1 - q / 20 * (1 - q / 42 * (1 - q / 72 * (1 - q / 110 * (1 - q / 156))))));
 }
 
-double Cosine(double turns) { return Sine(turns + 0.25); }
+double Cosine(double turns) {
+    return Sine(turns + 0.25);
+}
 
 double Turn(double x, double y) {
     const double ax = std::fabs(x);
     const double ay = std::fabs(y);
     if (ax + ay < 1e-12) return 0;
-    // Halving the angle twice brings the tangent below 0.2, where a few terms of the series suffice.
+    // Halving the angle twice brings the tangent below 0.2, where a few terms of the series
+    // suffice.
     double t = std::min(ax, ay) / std::max(ax, ay);
     t = t / (1 + std::sqrt(1 + t * t));
     t = t / (1 + std::sqrt(1 + t * t));
@@ -163,15 +167,15 @@ std::vector<Point> Curve(Point a, Point b, Point c, Point d) {
         const double wb = 3 * s * s * t;
         const double wc = 3 * s * t * t;
         const double wd = t * t * t;
-        points.push_back({wa * a.x + wb * b.x + wc * c.x + wd * d.x,
-                          wa * a.y + wb * b.y + wc * c.y + wd * d.y});
+        points.push_back(
+            {wa * a.x + wb * b.x + wc * c.x + wd * d.x, wa * a.y + wb * b.y + wc * c.y + wd * d.y});
     }
     return points;
 }
 
 Layer MakeLayer(int width, int height, Index fill) {
-    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
-                       kSamples * kSamples;
+    const auto count =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples * kSamples;
     return {width, height, std::vector<Index>(count, fill)};
 }
 
@@ -317,7 +321,8 @@ Picture Resolve(const Layer& layer, const Palette& palette, EdgeRule rule) {
             for (int i = 0; i < kSamples * kSamples; ++i) {
                 const int sampleX = column * kSamples + i % kSamples;
                 const int sampleY = row * kSamples + i / kSamples;
-                ++counts[layer.samples[static_cast<std::size_t>(sampleY * samplesPerRow + sampleX)]];
+                ++counts[layer
+                             .samples[static_cast<std::size_t>(sampleY * samplesPerRow + sampleX)]];
             }
             SetPixel(picture, column, row, ResolvePixel(counts, palette, rule));
         }

@@ -53,8 +53,8 @@ struct Layer {
 
 Layer MakeLayer(int width, int height, Index fill = kClear);
 
-// How a body is coloured: a line along its edge, then a band that is lighter where the edge looks to
-// the light at the upper left and darker where it looks away.
+// How a body is coloured: a line along its edge, then a band that is lighter where the edge looks
+// to the light at the upper left and darker where it looks away.
 struct Body {
     Index line;
     Index light;

@@ -35,7 +35,9 @@ static StripPicture DrawSprite(const SkinStrip& strip, const Palette& palette, I
     return {picture, palette};
 }
 
-static void DrawDiscThing(const Pen& pen) { DrawDisc(pen, 13, 11, 11); }
+static void DrawDiscThing(const Pen& pen) {
+    DrawDisc(pen, 13, 11, 11);
+}
 
 static void DrawLoudspeakerThing(const Pen& pen) {
     DrawBody(pen, BoxOf(pen, 3, 0, 23, 22, 1), kWood);
@@ -61,12 +63,15 @@ static void DrawFilmThing(const Pen& pen) {
     }
     DrawFlat(pen, BoxOf(pen, 8, 2, 18, 20), kDarkCyan);
     DrawFlat(pen, Both(BoxOf(pen, 8, 2, 18, 20), CircleOf(pen, 13, 12, 3.5)), kPureYellow);
-    DrawFlat(pen, PolygonOf(pen, {{8, 16}, {11, 12}, {14, 16}, {16, 14}, {18, 16}, {18, 20}, {8, 20}}),
+    DrawFlat(pen,
+             PolygonOf(pen, {{8, 16}, {11, 12}, {14, 16}, {16, 14}, {18, 16}, {18, 20}, {8, 20}}),
              kDarkRed);
     DrawFlat(pen, BoxOf(pen, 8, 18, 18, 20), kDarkYellow);
 }
 
-StripPicture DrawCdSprite() { return DrawSprite(kCdSprite, HousePalette(), kAmber, DrawDiscThing); }
+StripPicture DrawCdSprite() {
+    return DrawSprite(kCdSprite, HousePalette(), kAmber, DrawDiscThing);
+}
 
 StripPicture DrawWaveSprite() {
     return DrawSprite(kWaveSprite, HousePalette(), kAmber, DrawLoudspeakerThing);

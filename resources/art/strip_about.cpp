@@ -54,7 +54,8 @@ static void DrawMoonDisc(Layer& layer, int frame) {
 }
 
 static void DrawHills(Layer& layer) {
-    Paint(layer, Polygon({{0, 26}, {8, 20}, {14, 25}, {20, 22}, {34, 36}, {40, 38}, {46, 42}, {0, 42}}),
+    Paint(layer,
+          Polygon({{0, 26}, {8, 20}, {14, 25}, {20, 22}, {34, 36}, {40, 38}, {46, 42}, {0, 42}}),
           kFarHill);
     Paint(layer,
           Polygon({{92, 19}, {84, 15}, {76, 23}, {70, 21}, {58, 35}, {50, 39}, {44, 42}, {92, 42}}),

@@ -39,8 +39,8 @@ static Index Shimmer(double x, double y, int frame) {
     const double radius = std::sqrt(dx * dx + dy * dy);
     // Colours spread outwards, as from a grating.
     const double spread = off * (3.0 - radius / kDiscRadius);
-    static const std::vector<Index> kFan = {kGleam, kStraw, kRose, kViolet, kLagoon, kMint,
-                                            kLagoon, kSea};
+    static const std::vector<Index> kFan = {kGleam,  kStraw, kRose,   kViolet,
+                                            kLagoon, kMint,  kLagoon, kSea};
     return Dither(kFan, spread / 0.5, x, y);
 }
 
@@ -61,7 +61,8 @@ static void DrawTurningDisc(Layer& layer, int frame) {
     Paint(layer, Arc(kCentre, 12, 2.4, turned + 0.42, turned + 0.5), kRust);
     Paint(layer, Arc(kCentre, 12, 2.4, turned + 0.62, turned + 0.84), kStraw);
     const double mark = turned + 0.15;
-    Paint(layer, Circle({kCentre.x + 8 * Cosine(mark + 0.5), kCentre.y + 8 * Sine(mark + 0.5)}, 1.8),
+    Paint(layer,
+          Circle({kCentre.x + 8 * Cosine(mark + 0.5), kCentre.y + 8 * Sine(mark + 0.5)}, 1.8),
           kEmber);
     Paint(layer, Circle(kCentre, 5.6), kBark);
     Paint(layer, Circle(kCentre, 4.6), kGleam);

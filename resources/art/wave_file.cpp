@@ -4,7 +4,8 @@
 #include "resources/art/picture.h"
 
 static void AppendTag(std::vector<std::uint8_t>& bytes, const char* tag) {
-    for (int i = 0; i < 4; ++i) bytes.push_back(static_cast<std::uint8_t>(tag[i]));
+    for (int i = 0; i < 4; ++i)
+        bytes.push_back(static_cast<std::uint8_t>(tag[i]));
 }
 
 bool WriteWave(const std::string& path, const std::vector<std::int16_t>& samples) {

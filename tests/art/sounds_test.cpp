@@ -1,0 +1,86 @@
+// The click sounds: what the platform's player expects of them, and what the ear does.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <string>
+
+#include "tests/art/skin_files.h"
+
+// The files that the resource script names, in its order.
+static std::vector<std::string> SoundFiles() {
+    std::ifstream script(RESOURCES_FOLDER "/sounds.rc");
+    std::vector<std::string> files;
+    for (std::string line; std::getline(script, line);) {
+        if (!line.starts_with("IDS_SOUND_")) continue;
+        const std::size_t from = line.find('"') + 1;
+        files.push_back(line.substr(from, line.rfind('"') - from));
+    }
+    return files;
+}
+
+// Mean square of the loudest 30 ms, in decibels of full scale.
+static double Loudness(const std::vector<int>& samples) {
+    constexpr std::size_t kWindow = 661;
+    double most = 0;
+    for (std::size_t from = 0; from + kWindow <= samples.size(); from += 40) {
+        double sum = 0;
+        for (std::size_t i = from; i < from + kWindow; ++i) {
+            sum += static_cast<double>(samples[i]) * samples[i];
+        }
+        most = std::max(most, sum / kWindow);
+    }
+    return 10 * std::log10(most / (32768.0 * 32768.0));
+}
+
+TEST(Sounds, ArePlainShortAndSoftAtTheEdges) {
+    const std::vector<std::string> files = SoundFiles();
+    ASSERT_EQ(files.size(), 26u);
+    double quietest = 0;
+    double loudest = -99;
+    std::map<Bytes, std::string> known;
+    for (const std::string& name : files) {
+        SCOPED_TRACE(name);
+        const Bytes bytes = ReadFileBytes(std::string(RESOURCES_FOLDER "/") + name);
+        ASSERT_GT(bytes.size(), 44u);
+        EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 4), "RIFF");
+        EXPECT_EQ(ReadNumber(bytes, 4, 4), bytes.size() - 8);
+        EXPECT_EQ(std::string(bytes.begin() + 8, bytes.begin() + 16), "WAVEfmt ");
+        EXPECT_EQ(ReadNumber(bytes, 16, 4), 16u);
+        EXPECT_EQ(ReadNumber(bytes, 20, 2), 1u);  // PCM
+        EXPECT_EQ(ReadNumber(bytes, 22, 2), 1u);  // mono
+        EXPECT_EQ(ReadNumber(bytes, 24, 4), 22050u);
+        EXPECT_EQ(ReadNumber(bytes, 28, 4), 44100u);     // bytes a second
+        EXPECT_EQ(ReadNumber(bytes, 32, 4), 0x100002u);  // 2 bytes a sample, 16 bits
+        EXPECT_EQ(std::string(bytes.begin() + 36, bytes.begin() + 40), "data");
+        EXPECT_EQ(ReadNumber(bytes, 40, 4), bytes.size() - 44);
+
+        std::vector<int> samples;
+        for (std::size_t i = 44; i + 1 < bytes.size(); i += 2) {
+            samples.push_back(static_cast<std::int16_t>(ReadNumber(bytes, i, 2)));
+        }
+        const double ms = 1000.0 * static_cast<double>(samples.size()) / 22050;
+        const bool isExit = name == "sounds/exit.wav";
+        EXPECT_GE(ms, isExit ? 500 : 40);
+        EXPECT_LE(ms, isExit ? 1200 : 200.1);
+        int peak = 0;
+        for (const int sample : samples)
+            peak = std::max(peak, std::abs(sample));
+        EXPECT_LE(peak, 16422);  // 6 dB below full scale
+        // A step of more than this at either end is heard as a click.
+        for (std::size_t i = 0; i < 6; ++i) {
+            EXPECT_LE(std::abs(samples[i]), 800);
+            EXPECT_LE(std::abs(samples[samples.size() - 1 - i]), 800);
+        }
+        EXPECT_LE(std::abs(samples.front()), 8);
+        EXPECT_LE(std::abs(samples.back()), 8);
+        const double loudness = Loudness(samples);
+        quietest = std::min(quietest, loudness);
+        loudest = std::max(loudest, loudness);
+        EXPECT_TRUE(known.emplace(bytes, name).second) << "sounds like " << known[bytes];
+    }
+    EXPECT_LE(loudest - quietest, 4);
+}

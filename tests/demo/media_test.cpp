@@ -123,7 +123,8 @@ TEST(DemoMedia, MidiTracksEndTogetherWithEveryNoteReleased) {
         size_t at = 14;
         for (uint32_t track = 0; track < Big(file, 10, 2); ++track) {
             const size_t size = Big(file, at + 4, 4);
-            EXPECT_EQ(TrackTicks(file, at + 8, at + 8 + size), std::lround(piece.beats * 480))
+            EXPECT_EQ(TrackTicks(file, at + 8, at + 8 + size),
+                      std::lround(PieceSeconds(piece) * 960))
                 << midi.fileName << " track " << track;
             at += 8 + size;
         }

@@ -185,7 +185,6 @@ Piece ComposePiece(const Sketch& sketch) {
     Piece piece;
     piece.title = sketch.title;
     piece.beatsPerMinute = sketch.beatsPerMinute;
-    piece.beatsPerBar = sketch.beatsPerBar;
     piece.beats = sketch.bars * sketch.beatsPerBar;
     piece.programs[kLead] = sketch.leadProgram;
     piece.programs[kChords] = sketch.chordProgram;

@@ -17,7 +17,6 @@ struct Note {
 struct Piece {
     std::string title;
     double beatsPerMinute;
-    int beatsPerBar;
     double beats;  // of the whole piece
     std::vector<Note> notes;
     uint8_t programs[4];  // General MIDI programs of channels 0 to 3

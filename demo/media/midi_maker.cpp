@@ -1,10 +1,13 @@
-// The standard MIDI file, format 1, 480 ticks a quarter note.
+// The standard MIDI file, format 1. Every piece is written down at 120 quarter notes a minute, its
+// own beats longer or shorter than quarters: Wine's sequencer reckons with that tempo until it has
+// played, and would tell a wrong length for any other.
 #include "demo/media/midi_maker.h"
 
 #include <algorithm>
 #include <cmath>
 
-static constexpr uint32_t kTicksPerBeat = 480;
+static constexpr uint32_t kTicksPerQuarter = 480;
+static constexpr uint32_t kQuarterMicroseconds = 500000;
 
 struct TickedEvent {
     uint32_t tick;
@@ -21,8 +24,9 @@ static void PutVariable(Bytes& bytes, uint32_t value) {
     bytes.push_back(static_cast<uint8_t>(value & 127));
 }
 
-static uint32_t TickOfBeat(double beat) {
-    return static_cast<uint32_t>(std::lround(beat * kTicksPerBeat));
+static uint32_t TickOfBeat(const Piece& piece, double beat) {
+    const double quarters = beat * 60e6 / piece.beatsPerMinute / kQuarterMicroseconds;
+    return static_cast<uint32_t>(std::lround(quarters * kTicksPerQuarter));
 }
 
 static void PutTrack(Bytes& file, const Bytes& events) {
@@ -41,16 +45,15 @@ static void PutMeta(Bytes& events, uint32_t delta, uint8_t kind, const Bytes& co
 
 // The end of every track is the end of the piece, so that the last notes may ring out.
 static void PutTrackEnd(Bytes& events, const Piece& piece, uint32_t lastTick) {
-    const uint32_t end = TickOfBeat(piece.beats);
+    const uint32_t end = TickOfBeat(piece, piece.beats);
     PutMeta(events, end > lastTick ? end - lastTick : 0, 0x2F, {});
 }
 
 static Bytes TempoTrack(const Piece& piece) {
     Bytes events;
     PutMeta(events, 0, 0x03, Bytes(piece.title.begin(), piece.title.end()));
-    PutMeta(events, 0, 0x58, {static_cast<uint8_t>(piece.beatsPerBar), 2, 24, 8});
     Bytes tempo;
-    PutBig32(tempo, static_cast<uint32_t>(std::lround(60e6 / piece.beatsPerMinute)));
+    PutBig32(tempo, kQuarterMicroseconds);
     tempo.erase(tempo.begin());
     PutMeta(events, 0, 0x51, tempo);
     PutTrackEnd(events, piece, 0);
@@ -63,8 +66,8 @@ static std::vector<TickedEvent> EventsOfChannel(const Piece& piece, uint8_t chan
         if (note.channel != channel) continue;
         const auto on = static_cast<uint8_t>(0x90 | channel);
         const auto off = static_cast<uint8_t>(0x80 | channel);
-        events.push_back({TickOfBeat(note.beat), true, {on, note.key, note.velocity}});
-        events.push_back({TickOfBeat(note.beat + note.beats), false, {off, note.key, 64}});
+        events.push_back({TickOfBeat(piece, note.beat), true, {on, note.key, note.velocity}});
+        events.push_back({TickOfBeat(piece, note.beat + note.beats), false, {off, note.key, 64}});
     }
     std::stable_sort(events.begin(), events.end(), [](const auto& a, const auto& b) {
         return a.tick != b.tick ? a.tick < b.tick : !a.isNoteOn && b.isNoteOn;
@@ -101,7 +104,7 @@ Bytes PackMidi(const Piece& piece) {
     PutBig32(file, 6);
     PutBig16(file, 1);
     PutBig16(file, static_cast<uint32_t>(tracks.size()));
-    PutBig16(file, kTicksPerBeat);
+    PutBig16(file, kTicksPerQuarter);
     for (const Bytes& track : tracks)
         PutTrack(file, track);
     return file;

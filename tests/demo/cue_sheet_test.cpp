@@ -1,0 +1,100 @@
+// CUE sheets: what is understood, what is refused and at which line.
+#include "demo/drive/cue_sheet.h"
+
+#include <gtest/gtest.h>
+
+static CueSheet Parse(const std::string& text) {
+    CueSheet sheet;
+    int line = 0;
+    EXPECT_TRUE(ParseCueSheet(text, sheet, line)) << "line " << line << " of\n" << text;
+    return sheet;
+}
+
+TEST(CueSheet, TracksOfOneFileEndWhereTheNextBegins) {
+    CueSheet sheet = Parse(
+        "\xEF\xBB\xBFREM GENRE none\r\nPERFORMER \"Somebody\"\r\n"
+        "FILE \"one file.wav\" WAVE\r\n"
+        "  TRACK 01 AUDIO\r\n    TITLE \"First\"\r\n    INDEX 01 00:00:00\r\n"
+        "  TRACK 02 AUDIO\r\n    INDEX 00 00:09:00\r\n    INDEX 01 00:10:37\r\n"
+        "file other.wav wave\r\n  track 3 audio\r\n    index 01 00:01:00");
+    ASSERT_EQ(sheet.files.size(), 2U);
+    EXPECT_EQ(sheet.files[0].name, "one file.wav");
+    EXPECT_EQ(sheet.files[1].name, "other.wav");
+    sheet.files[0].sectors = 1000;
+    sheet.files[1].sectors = 50;
+    const DiscLayout disc = LayOutDisc(sheet);
+    ASSERT_EQ(disc.tracks.size(), 3U);
+    EXPECT_EQ(disc.tracks[0].sectors, 787U);
+    EXPECT_EQ(disc.tracks[1].startSector, 787U);
+    EXPECT_EQ(disc.tracks[1].sectors, 213U);
+    EXPECT_EQ(disc.tracks[2].startSector, 1000U);
+    EXPECT_EQ(disc.tracks[2].sectors, 0U) << "begins behind the end of its file";
+    EXPECT_EQ(disc.sectors, 1000U);
+}
+
+TEST(CueSheet, StatedLengthsNeedNoFileAndReachBeyond65535Seconds) {
+    std::string text;
+    for (int track = 1; track <= 120; ++track)
+        text += "TRACK " + std::to_string(track) + " AUDIO\nREM LENGTH 200:00:10\n";
+    text += "TRACK 121 MODE1/2352\nREM TONE 440\nREM LENGTH 00:00:00\n";
+    CueSheet sheet = Parse(text);
+    const DiscLayout disc = LayOutDisc(sheet);
+    ASSERT_EQ(disc.tracks.size(), 121U);
+    EXPECT_EQ(disc.sectors, 120U * (200 * 60 * 75 + 10));
+    EXPECT_TRUE(disc.tracks[119].isAudio);
+    EXPECT_FALSE(disc.tracks[120].isAudio);
+    EXPECT_EQ(disc.tracks[120].sectors, 0U);
+    EXPECT_EQ(sheet.tracks[120].toneHertz, 440U);
+}
+
+TEST(CueSheet, TheLongestSheetDoesNotOverflow) {
+    std::string text;
+    for (size_t track = 1; track <= kMaxCueTracks; ++track)
+        text += "TRACK " + std::to_string(track) + " AUDIO\nREM LENGTH 4000:59:74\n";
+    CueSheet sheet = Parse(text);
+    const DiscLayout disc = LayOutDisc(sheet);
+    for (size_t i = 1; i < disc.tracks.size(); ++i)
+        ASSERT_GE(disc.tracks[i].startSector, disc.tracks[i - 1].startSector);
+    EXPECT_LT(disc.sectors, 0xFFFFFFFFU - kLeadInSectors);
+}
+
+TEST(CueSheet, FaultsAreFoundAtTheirLineAndLeaveTheSheetAlone) {
+    const std::string track = "FILE a.wav WAVE\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n";
+    struct Case {
+        std::string text;
+        int line;
+    };
+    const Case cases[] = {
+        {"", 0},
+        {"REM nothing here\n\n", 0},
+        {"TRACK 01 AUDIO\nINDEX 01 00:00:00\n", 0},  // no file
+        {"FILE a.wav WAVE\nTRACK 01 AUDIO\n", 0},    // no beginning
+        {"FILE\n" + track, 1},
+        {"FILE \"\" WAVE\n", 1},
+        {"TRACK 02 AUDIO\n", 1},
+        {"TRACK 00 AUDIO\n", 1},
+        {"TRACK 1x AUDIO\n", 1},
+        {"TRACK 99999999999 AUDIO\n", 1},
+        {"INDEX 01 00:00:00\n", 1},
+        {track + "TRACK 03 AUDIO\n", 4},
+        {track + "INDEX 01 00:60:00\n", 4},
+        {track + "INDEX 01 00:00:75\n", 4},
+        {track + "INDEX 01 00:00\n", 4},
+        {track + "INDEX 01 -1:00:00\n", 4},
+        {track + "INDEX 01 4001:00:00\n", 4},
+        {track + "INDEX 01\n", 4},
+        {track + "INDEX 01 00:10:00\nTRACK 02 AUDIO\nINDEX 01 00:05:00\n", 6},
+        {track + "TRACK 02 AUDIO\nTRACK 03 AUDIO\n", 5},
+        {track + "REM LENGTH soon\n", 4},
+        {track + "REM TONE 20001\n", 4},
+        {std::string(kMaxCueBytes + 1, '\n'), 0},
+    };
+    for (const Case& c : cases) {
+        CueSheet sheet;
+        sheet.files.push_back({"untouched", 7});
+        int line = -1;
+        EXPECT_FALSE(ParseCueSheet(c.text, sheet, line)) << c.text.substr(0, 200);
+        EXPECT_EQ(line, c.line) << c.text.substr(0, 200);
+        EXPECT_EQ(sheet.files.size(), 1U);
+    }
+}

@@ -1,0 +1,72 @@
+// Sectors and the three time formats: rounding, the lead-in, empty tracks, lengths beyond a byte.
+#include "demo/drive/disc_layout.h"
+
+#include <gtest/gtest.h>
+
+using enum TimeFormat;
+
+static uint32_t Packed(uint32_t a, uint32_t b, uint32_t c, uint32_t d = 0) {
+    return a | b << 8 | c << 16 | d << 24;
+}
+
+// 10 s, nothing, 1 min 0 s 74 f, 2 s.
+static DiscLayout SmallDisc() {
+    return {{{0, 750, true}, {750, 0, true}, {750, 4574, true}, {5324, 150, true}}, 5474};
+}
+
+TEST(DiscLayout, PositionsComeBackToTheSameSectorInEveryFormat) {
+    const DiscLayout disc = SmallDisc();
+    for (const TimeFormat format : {milliseconds, msf, tmsf}) {
+        for (uint32_t sector = 0; sector <= disc.sectors; ++sector) {
+            uint32_t back = 0xFFFFFFFF;
+            ASSERT_TRUE(UnpackPosition(disc, PackPosition(disc, sector, format), format, back));
+            ASSERT_EQ(back, sector) << "format " << static_cast<int>(format);
+        }
+    }
+}
+
+TEST(DiscLayout, PositionsReadAsOnADrive) {
+    const DiscLayout disc = SmallDisc();
+    EXPECT_EQ(PackPosition(disc, 0, msf), Packed(0, 2, 0));
+    EXPECT_EQ(PackPosition(disc, 0, milliseconds), 2000U);
+    EXPECT_EQ(PackPosition(disc, 0, tmsf), Packed(1, 0, 0, 0));
+    EXPECT_EQ(PackPosition(disc, 749, tmsf), Packed(1, 0, 9, 74));
+    EXPECT_EQ(PackPosition(disc, 750, tmsf), Packed(3, 0, 0, 0)) << "the empty track holds nothing";
+    EXPECT_EQ(PackPosition(disc, disc.sectors, tmsf), Packed(4, 0, 2, 0)) << "the end is track 4's";
+    EXPECT_EQ(PackLength(4574, msf), Packed(1, 0, 74));
+    EXPECT_EQ(PackLength(4574, tmsf), Packed(1, 0, 74)) << "lengths have no track";
+}
+
+TEST(DiscLayout, PlacesOffTheDiscAreRefusedAndChangeNothing) {
+    const DiscLayout disc = SmallDisc();
+    struct Case {
+        TimeFormat format;
+        uint32_t packed;
+        bool isOnDisc;
+    };
+    const Case cases[] = {
+        {tmsf, Packed(0, 0, 0, 0), false},     {tmsf, Packed(5, 0, 0, 0), false},
+        {tmsf, Packed(1, 0, 60, 0), false},    {tmsf, Packed(1, 0, 0, 75), false},
+        {tmsf, Packed(4, 0, 2, 0), true},      {tmsf, Packed(4, 0, 2, 1), false},
+        {tmsf, Packed(2, 0, 0, 0), true},      {tmsf, Packed(1, 1, 0, 0), true},
+        {tmsf, Packed(1, 255, 59, 74), false}, {msf, Packed(0, 1, 74), false},
+        {msf, Packed(1, 14, 74), true},        {msf, Packed(1, 15, 0), false},
+        {milliseconds, 1999, false},           {milliseconds, 2000, true},
+        {milliseconds, 0xFFFFFFFF, false},
+    };
+    for (const Case& c : cases) {
+        uint32_t sector = 4711;
+        EXPECT_EQ(UnpackPosition(disc, c.packed, c.format, sector), c.isOnDisc)
+            << "format " << static_cast<int>(c.format) << " value " << std::hex << c.packed;
+        EXPECT_EQ(sector == 4711, !c.isOnDisc);
+    }
+    uint32_t sector = 4711;
+    EXPECT_FALSE(UnpackPosition(DiscLayout(), Packed(1, 0, 0, 0), tmsf, sector));
+}
+
+TEST(DiscLayout, LengthsBeyond255MinutesStayAtTheLargestThatFits) {
+    const uint32_t longest = (256 * 60) * kSectorsPerSecond - 1;
+    EXPECT_EQ(PackLength(longest, msf), Packed(255, 59, 74));
+    EXPECT_EQ(PackLength(longest + 1, msf), Packed(255, 59, 74));
+    EXPECT_EQ(PackLength(199U * 4000 * 60 * kSectorsPerSecond, msf), Packed(255, 59, 74));
+}

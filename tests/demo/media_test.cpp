@@ -1,0 +1,206 @@
+// The demo's media: whole pieces, the promised lengths, files that hang together.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+#include "demo/media/catalogue_maker.h"
+#include "demo/media/disc_maker.h"
+#include "demo/media/midi_maker.h"
+#include "demo/media/video_maker.h"
+#include "demo/media/wave_maker.h"
+
+static uint32_t Little(const Bytes& bytes, size_t at, int count) {
+    uint32_t value = 0;
+    for (int i = count - 1; i >= 0; --i)
+        value = value << 8 | bytes.at(at + static_cast<size_t>(i));
+    return value;
+}
+
+static uint32_t Big(const Bytes& bytes, size_t at, int count) {
+    uint32_t value = 0;
+    for (int i = 0; i < count; ++i)
+        value = value << 8 | bytes.at(at + static_cast<size_t>(i));
+    return value;
+}
+
+static double LastNoteEnds(const Piece& piece) {
+    double beat = 0;
+    for (const Note& note : piece.notes)
+        beat = std::max(beat, note.beat + note.beats);
+    return beat * 60 / piece.beatsPerMinute;
+}
+
+TEST(DemoMedia, NoPieceIsCutBeforeItsLastNoteEnds) {
+    for (const WaveSketch& wave : WaveSketches())
+        EXPECT_LE(LastNoteEnds(ComposePiece(wave.sketch)), wave.milliseconds / 1000.0)
+            << wave.fileName;
+    for (const DemoDisc& disc : DemoDiscs()) {
+        for (const DiscTrack& track : disc.tracks) {
+            const double seconds = TrackSectors(track) / 75.0;
+            EXPECT_LE(LastNoteEnds(ComposePiece(track.sketch)), seconds) << track.sketch.title;
+            EXPECT_LE(seconds - LastNoteEnds(ComposePiece(track.sketch)), 3) << track.sketch.title;
+        }
+    }
+}
+
+TEST(DemoMedia, MelodiesStayInRangeAndAreAllDifferent) {
+    std::set<std::vector<int>> melodies;
+    size_t count = 0;
+    const auto check = [&](const Sketch& sketch) {
+        std::vector<int> melody;
+        const Piece piece = ComposePiece(sketch);
+        for (const Note& note : piece.notes) {
+            EXPECT_GE(note.beat, 0);
+            EXPECT_LE(note.beat + note.beats, piece.beats) << sketch.title;
+            if (note.channel == 0) {
+                EXPECT_NEAR(note.key, sketch.tonic + 9, 12) << sketch.title;
+                melody.push_back(note.key);
+            }
+        }
+        EXPECT_EQ(melody.back() % 12, sketch.tonic % 12) << sketch.title << " comes home";
+        melodies.insert(melody);
+        ++count;
+    };
+    for (const MidiSketch& midi : MidiSketches())
+        check(midi.sketch);
+    for (const DemoDisc& disc : DemoDiscs()) {
+        for (const DiscTrack& track : disc.tracks)
+            check(track.sketch);
+    }
+    EXPECT_EQ(melodies.size(), count);
+}
+
+TEST(DemoMedia, WavesHaveTheirLengthAndAreHeard) {
+    bool has1005 = false;
+    for (const WaveSketch& wave : WaveSketches()) {
+        const auto frames = static_cast<size_t>(wave.sampleRate) * wave.milliseconds / 1000;
+        const auto samples = RenderPiece(ComposePiece(wave.sketch), wave.sampleRate, frames);
+        const Bytes file = PackWave(samples, {wave.sampleRate, wave.channels, wave.bitsPerSample});
+        const uint32_t bytesPerSecond = Little(file, 28, 4);
+        const uint32_t dataBytes = Little(file, 40, 4);
+        EXPECT_EQ(uint64_t{dataBytes} * 1000 / bytesPerSecond, wave.milliseconds) << wave.fileName;
+        EXPECT_EQ(file.size(), 44 + dataBytes + dataBytes % 2);
+        EXPECT_EQ(Little(file, 4, 4) + 8, file.size());
+        has1005 = has1005 || wave.milliseconds == 1005;
+        double sum = 0;
+        for (const int16_t sample : samples)
+            sum += static_cast<double>(sample) * sample;
+        EXPECT_GT(std::sqrt(sum / static_cast<double>(samples.size())), 2000) << wave.fileName;
+        EXPECT_NEAR(samples.back(), 0, 30) << wave.fileName << " ends with a click";
+    }
+    EXPECT_TRUE(has1005);
+}
+
+// Steps over one track's events; the ticks it lasts, -1 when the events do not fit the track.
+static long TrackTicks(const Bytes& file, size_t at, size_t end) {
+    long ticks = 0;
+    int sounding = 0;
+    while (at < end) {
+        long delta = 0;
+        while (file.at(at) >= 128)
+            delta = delta << 7 | (file.at(at++) & 127);
+        ticks += delta << 7 | file.at(at++);
+        const int kind = file.at(at) >> 4;
+        if (file.at(at) == 0xFF) {
+            const bool isEnd = file.at(at + 1) == 0x2F;
+            at += 3 + file.at(at + 2);
+            if (isEnd) return at == end && sounding == 0 ? ticks : -1;
+            continue;
+        }
+        sounding += kind == 9 ? 1 : kind == 8 ? -1 : 0;
+        at += kind == 12 ? 2 : 3;
+    }
+    return -1;
+}
+
+TEST(DemoMedia, MidiTracksEndTogetherWithEveryNoteReleased) {
+    for (const MidiSketch& midi : MidiSketches()) {
+        const Piece piece = ComposePiece(midi.sketch);
+        EXPECT_GE(PieceSeconds(piece), 5) << midi.fileName;
+        EXPECT_LE(PieceSeconds(piece), 15) << midi.fileName;
+        const Bytes file = PackMidi(piece);
+        size_t at = 14;
+        for (uint32_t track = 0; track < Big(file, 10, 2); ++track) {
+            const size_t size = Big(file, at + 4, 4);
+            EXPECT_EQ(TrackTicks(file, at + 8, at + 8 + size),
+                      std::lround(PieceSeconds(piece) * 960))
+                << midi.fileName << " track " << track;
+            at += 8 + size;
+        }
+        EXPECT_EQ(at, file.size()) << midi.fileName;
+    }
+}
+
+// The pixels that one run-length coded picture fills, and -1 when a run leaves its row.
+static int CodedRows(const Bytes& file, size_t at, size_t size, int width) {
+    int rows = 0, column = 0;
+    for (size_t i = at; i + 1 < at + size; i += 2) {
+        if (file.at(i) != 0) {
+            column += file.at(i);
+            continue;
+        }
+        if (column != width) return -1;
+        column = 0;
+        ++rows;
+        if (file.at(i + 1) == 1) return i + 2 == at + size ? rows : -1;
+    }
+    return -1;
+}
+
+TEST(DemoMedia, CartoonIndexLeadsToEveryPictureAndSound) {
+    for (const bool runLength : {false, true}) {
+        const Cartoon cartoon = {160, 120, 12, 15, runLength};
+        const Bytes file = PackCartoon(cartoon, std::vector<int16_t>(22050, 99));
+        EXPECT_EQ(Little(file, 4, 4) + 8, file.size());
+        const std::string text(file.begin(), file.end());
+        const size_t movie = text.find("movi");
+        const size_t index = text.rfind("idx1");
+        ASSERT_EQ(Little(file, index + 4, 4), 24U * 16);
+        for (size_t entry = 0; entry < 24; ++entry) {
+            const size_t at = index + 8 + entry * 16;
+            const size_t chunk = movie + Little(file, at + 8, 4);
+            const size_t size = Little(file, at + 12, 4);
+            EXPECT_EQ(text.substr(at, 4), text.substr(chunk, 4));
+            EXPECT_EQ(Little(file, chunk + 4, 4), size);
+            const char* name = entry % 2 == 1 ? "01wb" : runLength ? "00dc" : "00db";
+            EXPECT_EQ(text.substr(chunk, 4), name);
+            if (entry % 2 == 1)
+                EXPECT_EQ(size, 22050U / 15 * 2);
+            else if (runLength)
+                EXPECT_EQ(CodedRows(file, chunk + 8, size, 160), 120);
+            else
+                EXPECT_EQ(size, 160U * 120);
+        }
+    }
+}
+
+TEST(DemoMedia, CatalogueChainIsWholeAndKnowsTheFirstDisc) {
+    const DemoDisc& known = DemoDiscs().front();
+    const Bytes file = PackCatalogue(known);
+    size_t entry = 8;
+    uint32_t found = 0;
+    for (uint32_t i = 0; i < Little(file, 6, 2); ++i) {
+        const uint32_t next = Little(file, entry, 4);
+        ASSERT_EQ(next, entry + 4 + Little(file, entry + 4, 2));
+        ASSERT_LE(next, file.size());
+        ASSERT_EQ(Little(file, next - 4, 4), entry);
+        const uint32_t tracks = file.at(entry + 10);
+        size_t at = entry + 11;
+        uint32_t total = 0, matching = 0;
+        for (uint32_t track = 0; track < tracks; ++track) {
+            at += 1 + file.at(at);
+            const uint32_t seconds = Little(file, at, 2);
+            at += 2;
+            total += seconds;
+            const bool isKnown =
+                track < known.tracks.size() && seconds == TrackSectors(known.tracks[track]) / 75;
+            matching += isKnown ? 1 : 0;
+        }
+        EXPECT_EQ(Little(file, entry + 6, 2), total);
+        found += tracks == known.tracks.size() && matching == tracks ? 1 : 0;
+        entry = next;
+    }
+    EXPECT_EQ(entry, file.size());
+    EXPECT_EQ(found, 1U);
+}

@@ -168,6 +168,17 @@ TEST(DamagedDatabase, ChainsAndCountsThatLie) {
         EXPECT_EQ(Database(), image);
         EXPECT_EQ(ReadArtist(0xFFFFFFFFu) + ReadTrackName(0xFFFFFFFFu, 1), "");
     }
+    // A circle wider than the window, walked as often as the count says, would read on for long.
+    const std::vector<Disc> wide = {SampleDisc(1, 90), SampleDisc(2, 90), SampleDisc(3, 90)};
+    std::string circle = DatabaseImage(wide);
+    circle.replace(EntryStarts(wide)[2], 4, std::string("\x08\0\0\0", 4));
+    circle.replace(kCountOffset, 2, "\xFF\xFF");
+    StartOn(circle);
+    CopyDiscToc(SampleDisc(9, 3).toc);
+    EXPECT_FALSE(FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount));
+    EXPECT_EQ(FindEntryOffset(60000), 0u);
+    EXPECT_LT(CallsMade(), 50);
+
     // Up to three stray bytes stand in nobody's way.
     StartOn(image + "abc");
     EXPECT_EQ(DeleteEntry(starts[2]), DatabaseResult::ok);

@@ -185,6 +185,27 @@ TEST(DamagedDatabase, ChainsAndCountsThatLie) {
     EXPECT_EQ(Database(), DatabaseImage({discs[0], discs[1]}) + "abc");
 }
 
+// What no ended append leaves may be discs.
+TEST(DamagedDatabase, WhatRecoveryDoesNotCutOff) {
+    UseMemoryFiles();
+    const std::vector<Disc> discs = ThreeDiscs();
+    const std::string image = DatabaseImage(discs);
+    std::string zerosInFront = image;
+    zerosInFront.replace(0, 20, 20, '\0');
+    std::string oneCounted = image;
+    oneCounted[kCountOffset] = 1;
+    oneCounted[EntryStarts(discs)[1] + kTrackCountOffset] = 99;
+    const std::string longRest = image + std::string(kMaxEntryBytes + 1, '\0');
+    for (const std::string& damaged : {zerosInFront, oneCounted, longRest}) {
+        StartOn(damaged);
+        EXPECT_EQ(RecoverDatabase(), RecoveryResult::damaged);
+        EXPECT_EQ(Database(), damaged);
+    }
+    // A new disc could not be reached behind it.
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::damaged);
+    EXPECT_EQ(Database(), longRest);
+}
+
 TEST(DamagedDatabase, TrackCountsBeyondTheLimits) {
     UseMemoryFiles();
     // 120 tracks without names, put together by hand.

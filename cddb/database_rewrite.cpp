@@ -184,10 +184,9 @@ static FileStatus PutNewDatabaseInPlace() {
 DatabaseResult SafeRewrite(const RewriteContent& writeContent) {
     DatabaseResult result = WriteNewDatabase(writeContent);
     if (result == DatabaseResult::ok) result = ResultOf(PutNewDatabaseInPlace());
-    // While the database stands under its own name, what was written beside it is of no use.
-    // Without it (undoing the first rename failed) the new file is kept for recovery.
-    if (result != DatabaseResult::ok &&
-        DatabaseFiles.exists(InAppDirectory(kDatabaseName).c_str()) == FileStatus::ok) {
+    if (result != DatabaseResult::ok) {
+        // Also when undoing the first rename failed: the backup, which is the old database, is then
+        // what recovery finds.
         DatabaseFiles.remove(InAppDirectory(kNewDatabaseName).c_str());
     }
     return result;

@@ -48,6 +48,6 @@ DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& 
 // Writes the whole new file, header included, and answers ok, or what stops the rewrite.
 using RewriteContent = std::function<DatabaseResult(RewriteSource&, RewriteTarget&)>;
 
-// Ok: the new file is in place. Anything else: the old one is (or, should undoing a rename fail
-// too, both wait under their other names and the next use of the database brings one back).
+// Ok: the new file is in place. Anything else: the old one is, or, should undoing the first rename
+// fail too, it waits as the backup and the next use of the database brings it back.
 DatabaseResult SafeRewrite(const RewriteContent& writeContent);

@@ -168,10 +168,42 @@ TEST(DamagedDatabase, ChainsAndCountsThatLie) {
         EXPECT_EQ(Database(), image);
         EXPECT_EQ(ReadArtist(0xFFFFFFFFu) + ReadTrackName(0xFFFFFFFFu, 1), "");
     }
+    // A circle wider than the window, walked as often as the count says, would read on for long.
+    const std::vector<Disc> wide = {SampleDisc(1, 90), SampleDisc(2, 90), SampleDisc(3, 90)};
+    std::string circle = DatabaseImage(wide);
+    circle.replace(EntryStarts(wide)[2], 4, std::string("\x08\0\0\0", 4));
+    circle.replace(kCountOffset, 2, "\xFF\xFF");
+    StartOn(circle);
+    CopyDiscToc(SampleDisc(9, 3).toc);
+    EXPECT_FALSE(FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount));
+    EXPECT_EQ(FindEntryOffset(60000), 0u);
+    EXPECT_LT(CallsMade(), 50);
+
     // Up to three stray bytes stand in nobody's way.
     StartOn(image + "abc");
     EXPECT_EQ(DeleteEntry(starts[2]), DatabaseResult::ok);
     EXPECT_EQ(Database(), DatabaseImage({discs[0], discs[1]}) + "abc");
+}
+
+// What no ended append leaves may be discs.
+TEST(DamagedDatabase, WhatRecoveryDoesNotCutOff) {
+    UseMemoryFiles();
+    const std::vector<Disc> discs = ThreeDiscs();
+    const std::string image = DatabaseImage(discs);
+    std::string zerosInFront = image;
+    zerosInFront.replace(0, 20, 20, '\0');
+    std::string oneCounted = image;
+    oneCounted[kCountOffset] = 1;
+    oneCounted[EntryStarts(discs)[1] + kTrackCountOffset] = 99;
+    const std::string longRest = image + std::string(kMaxEntryBytes + 1, '\0');
+    for (const std::string& damaged : {zerosInFront, oneCounted, longRest}) {
+        StartOn(damaged);
+        EXPECT_EQ(RecoverDatabase(), RecoveryResult::damaged);
+        EXPECT_EQ(Database(), damaged);
+    }
+    // A new disc could not be reached behind it.
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::damaged);
+    EXPECT_EQ(Database(), longRest);
 }
 
 TEST(DamagedDatabase, TrackCountsBeyondTheLimits) {

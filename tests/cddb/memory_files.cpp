@@ -102,6 +102,8 @@ static void Put(Handle& handle, const void* data, uint32_t sizeBytes) {
     if (bytes.size() < offset + sizeBytes) bytes.resize(offset + sizeBytes);
     std::memcpy(bytes.data() + offset, data, sizeBytes);
     handle.offset += sizeBytes;
+    handle.file->lastWrite = bytes.substr(offset, sizeBytes);
+    handle.file->lastWriteAt = offset;
 }
 
 static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
@@ -118,7 +120,11 @@ static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
         return FileStatus::diskFull;
     }
     if (fault == Fault::fallsShort) sizeBytes /= 2;
-    Put(*handle, data, sizeBytes);
+    if (fault == Fault::writeLost) {
+        handle->offset += sizeBytes;
+    } else {
+        Put(*handle, data, sizeBytes);
+    }
     *writtenBytes = sizeBytes;
     return FileStatus::ok;
 }
@@ -144,6 +150,7 @@ static FileStatus Flush(FileHandle file) {
     Handle* handle = Find(file);
     if (struck != FileStatus::ok || !handle) return FileStatus::failed;
     handle->file->flushedBytes = handle->file->bytes;
+    handle->file->lastWrite.clear();
     return FileStatus::ok;
 }
 
@@ -210,7 +217,7 @@ void StartOnDisk(const MemorySnapshot& snapshot) {
     disk.clear();
     handles.clear();
     for (const auto& [name, bytes] : snapshot) {
-        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, 0});
+        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0});
     }
     ArmFault(Fault::none, 0);
 }
@@ -219,9 +226,13 @@ MemorySnapshot DiskAfterEnd() {
     MemorySnapshot snapshot;
     for (const auto& [name, file] : disk) {
         std::string bytes = file->bytes;
-        if (endedBy == Fault::powerLoss || endedBy == Fault::powerLossZeros) {
+        if (endedBy == Fault::powerLoss) bytes = file->flushedBytes;
+        if (endedBy == Fault::powerLossInPart) {
             bytes = file->flushedBytes;
-            if (endedBy == Fault::powerLossZeros) bytes.resize(file->bytes.size());
+            bytes.resize(file->bytes.size());
+            const size_t kept = std::min(file->lastWrite.size(),
+                                         bytes.size() - std::min(bytes.size(), file->lastWriteAt));
+            if (kept > 0) bytes.replace(file->lastWriteAt, kept, file->lastWrite, 0, kept);
         }
         snapshot[name] = bytes;
     }

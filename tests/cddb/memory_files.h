@@ -16,16 +16,21 @@ enum class Fault {
     diskFull,     // from here on no write finds room; the first one still does half
     held,         // from here on another program holds every file
     heldBriefly,  // the same for three calls
+    writeLost,    // a write answers ok and nothing of it is kept
     endsBefore,   // the program ends: this call and all later ones have no effect
     endsHalfway,  // a write still does half of its work
     endsAfter,
-    powerLoss,       // the program ends after this call, and what was not flushed is lost
-    powerLossZeros,  // the same, but files keep their length and read zeros there
+    powerLoss,  // the program ends after this call, and what was not flushed is lost
+    // The same, but files keep their length, the last write reached the disk, and what came before
+    // it reads as zeros.
+    powerLossInPart,
 };
 
 struct MemoryFile {
     std::string bytes;
     std::string flushedBytes;
+    std::string lastWrite;
+    size_t lastWriteAt = 0;
     int openHandles = 0;
 };
 

@@ -98,7 +98,8 @@ protected:
     void SetUp() override {
         char directory[MAX_PATH];
         GetTempPathA(MAX_PATH, directory);
-        AppDirectory = directory;
+        AppDirectory = std::string(directory) + "entry_dialog_test\\";
+        CreateDirectoryA(AppDirectory.c_str(), nullptr);
         DeleteFileA(DatabasePath().c_str());
         Settings.soundControls = false;
         Settings.databaseLayout = DatabaseLayout::kAdvanced;

@@ -53,7 +53,8 @@ protected:
     void SetUp() override {
         char directory[MAX_PATH];
         GetTempPathA(MAX_PATH, directory);
-        AppDirectory = directory;
+        AppDirectory = std::string(directory) + "cd_player_test\\";
+        CreateDirectoryA(AppDirectory.c_str(), nullptr);
         DeleteFileA(DatabasePath().c_str());
         Boxes = {NoteMessage, NoteQuestion};
         Messages.clear();

@@ -280,6 +280,47 @@ COLORREF ScreenPixel(POINT at) {
     return colour;
 }
 
+static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(value >> (8 * i) & 0xff);
+}
+
+bool ChangeSystemColour(const Program& program, int element, COLORREF colour) {
+    constexpr uint32_t kCodeSize = 22;
+    constexpr uint32_t kDataSize = 8;
+    void* memory = VirtualAllocEx(program.process, nullptr, kCodeSize + kDataSize, MEM_COMMIT,
+                                  PAGE_EXECUTE_READWRITE);
+    if (!memory) return false;
+    const auto data = static_cast<uint32_t>(reinterpret_cast<uintptr_t>(memory)) + kCodeSize;
+    // A thread procedure: SetSysColors(1, &element, &colour). The system's own modules lie at the
+    // same place in every process.
+    std::string code = "\x68";  // push the last argument
+    AppendLittleEndian(code, data + 4, 4);
+    code += '\x68';
+    AppendLittleEndian(code, data, 4);
+    code += "\x6a\x01\xb8";  // push 1; mov eax, ...
+    AppendLittleEndian(code,
+                       static_cast<uint32_t>(reinterpret_cast<uintptr_t>(
+                           GetProcAddress(GetModuleHandleA("user32"), "SetSysColors"))),
+                       4);
+    code += std::string("\xff\xd0\xc2\x04\x00", 5);  // call eax; ret 4
+    AppendLittleEndian(code, static_cast<uint32_t>(element), 4);
+    AppendLittleEndian(code, colour, 4);
+    DWORD result = 0;
+    if (WriteProcessMemory(program.process, memory, code.data(), code.size(), nullptr)) {
+        HANDLE thread = CreateRemoteThread(program.process, nullptr, 0,
+                                           reinterpret_cast<LPTHREAD_START_ROUTINE>(memory),
+                                           nullptr, 0, nullptr);
+        if (thread) {
+            WaitForSingleObject(thread, kDeadlineMs);
+            GetExitCodeThread(thread, &result);
+            CloseHandle(thread);
+        }
+    }
+    VirtualFreeEx(program.process, memory, 0, MEM_RELEASE);
+    return result == TRUE;
+}
+
 double SoundLevel(int lastMs) {
     constexpr int kSamplesPerMs = 8;
     const char* recording = getenv("TARNWELL_RECORDING");
@@ -304,11 +345,6 @@ void WriteFileBytes(const std::string& path, const std::string& bytes) {
     if (!file) return;
     fwrite(bytes.data(), 1, bytes.size(), file);
     fclose(file);
-}
-
-static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
-    for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(value >> (8 * i) & 0xff);
 }
 
 std::string WaveFile(int lengthMs) {

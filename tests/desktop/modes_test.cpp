@@ -56,6 +56,11 @@ static SIZE TextExtent(const std::string& text, HDC screen) {
     return extent;
 }
 
+static std::string PlaceText(const RECT& place) {
+    return std::to_string(place.left) + "," + std::to_string(place.top) + " to " +
+           std::to_string(place.right) + "," + std::to_string(place.bottom);
+}
+
 static void ExpectComposed(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
@@ -87,7 +92,8 @@ static void ExpectComposed(HWND dialog) {
             RECT common = {};
             if (MayEnclose(control) || MayEnclose(controls[k])) continue;
             EXPECT_FALSE(IntersectRect(&common, &place, &controls[k].place))
-                << "covers control " << controls[k].id;
+                << PlaceText(place) << " covers control " << controls[k].id << " at "
+                << PlaceText(controls[k].place);
         }
     }
     SelectObject(screen, oldFace);
@@ -98,9 +104,9 @@ static void ExpectComposed(HWND dialog) {
 constexpr int kFileModeButtons[] = {IDC_PLAY,   IDC_STOP,      IDC_PAUSE,  IDC_INFO,
                                     IDC_COPY,   IDC_MOVE,      IDC_RENAME, IDC_EDITOR,
                                     IDC_DELETE, IDC_FILE_LIST, IDC_BROWSE, IDC_DIRECTORY};
-constexpr int kCdButtons[] = {IDC_CD_PLAY,       IDC_CD_PAUSE, IDC_CD_STOP,      IDC_SKIP_BACK,
-                              IDC_SKIP_FORWARD,  IDC_ENTRY,    IDC_GARNISH,      IDC_NEXT_PAGE,
-                              IDC_PREVIOUS_PAGE, IDC_TIME,     IDC_TOTAL_PLAYING};
+constexpr int kCdButtons[] = {IDC_CD_PLAY,   IDC_CD_PAUSE,     IDC_CD_STOP,
+                              IDC_SKIP_BACK, IDC_SKIP_FORWARD, IDC_ENTRY,
+                              IDC_GARNISH,   IDC_TIME,         IDC_TOTAL_PLAYING};
 constexpr int kCommonButtons[] = {IDC_SETUP, IDC_ABOUT, IDC_VOLUME, IDC_EXIT, IDC_SCROLL};
 
 TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
@@ -215,13 +221,14 @@ TEST_F(ModesTest, TabsAndButtonsAnswerTheMouse) {
     EXPECT_EQ(GetSetting(player, "TarnwellMode"), "cdplayer");
 }
 
-// A spot of bare background: in the client rectangle and in no shown control, nor near one.
+// A spot of bare background: near no shown control, nor the frame along the window's edge.
 static POINT BareSpot(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
     const std::vector<ShownControl> controls = ShownControls(dialog);
-    for (POINT spot = {4, client.bottom - 5}; spot.y > 4; spot.y -= 5) {
-        for (spot.x = 4; spot.x < client.right - 4; spot.x += 5) {
+    constexpr int kEdge = 24;
+    for (POINT spot = {kEdge, client.bottom - kEdge}; spot.y > kEdge; spot.y -= 5) {
+        for (spot.x = kEdge; spot.x < client.right - kEdge; spot.x += 5) {
             const bool bare =
                 std::none_of(controls.begin(), controls.end(), [&](const ShownControl& control) {
                     RECT around = control.place;
@@ -250,9 +257,9 @@ TEST_F(ModesTest, BackgroundFollowsTheSystemColours) {
         const COLORREF before = GetSysColor(scheme.element);
         EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
         const COLORREF changed = RGB(0x20, 0x60, 0x80);
-        SetSysColors(1, &scheme.element, &changed);
+        ASSERT_TRUE(ChangeSystemColour(player, scheme.element, changed));
         EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == changed; })) << "kept its colour";
-        SetSysColors(1, &scheme.element, &before);
+        ASSERT_TRUE(ChangeSystemColour(player, scheme.element, before));
         EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
     }
 }

@@ -74,6 +74,13 @@ TEST_F(PlaybackTest, PauseDoesNotOutliveItsFile) {
     EXPECT_TRUE(WaitForSound());
 }
 
+// The messages of one drag, as the bar sends them.
+static void DragThumb(const Program& player, int position) {
+    Scroll(player, SB_THUMBTRACK, position);
+    Scroll(player, SB_THUMBPOSITION, position);
+    Scroll(player, SB_ENDSCROLL);
+}
+
 TEST_F(PlaybackTest, SeeksMoveBothReadOutAndDevice) {
     AddMedia("long.wav", WaveFile(40000));  // 40 ms to the scroll unit
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
@@ -85,10 +92,8 @@ TEST_F(PlaybackTest, SeeksMoveBothReadOutAndDevice) {
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "long.wav"));
     Command(player.window, IDC_PAUSE);
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
-    Scroll(player, SB_THUMBTRACK, 500);
+    DragThumb(player, 500);
     EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 20000);
-    Scroll(player, SB_THUMBPOSITION, 500);
-    Scroll(player, SB_ENDSCROLL);
     EXPECT_EQ(ScrollPosition(player), 500);
     EXPECT_EQ(Shown(IDC_STATUS), "Paused");
 
@@ -104,21 +109,26 @@ TEST_F(PlaybackTest, SeeksMoveBothReadOutAndDevice) {
     }
     EXPECT_TRUE(WaitForSilence());
 
+    // Beyond both ends.
+    for (int i = 0; i < 52; ++i)
+        Scroll(player, SB_PAGELEFT);
+    EXPECT_EQ(ScrollPosition(player), 0);
+    DragThumb(player, 990);
+    for (int i = 0; i < 3; ++i)
+        Scroll(player, SB_PAGERIGHT);
+    Scroll(player, SB_ENDSCROLL);
+    EXPECT_EQ(ScrollPosition(player), 1000);
+    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 40000);
+
+    DragThumb(player, 500);
     Command(player.window, IDC_PAUSE);
     EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 20000; }))
         << "did not play on from where it was sought to";
     EXPECT_TRUE(WaitForSound());
-    // Beyond both ends.
-    for (int i = 0; i < 60; ++i)
-        Scroll(player, SB_PAGELEFT);
-    EXPECT_EQ(ScrollPosition(player), 0);
-    Scroll(player, SB_THUMBTRACK, 990);
-    for (int i = 0; i < 3; ++i)
-        Scroll(player, SB_PAGERIGHT);
-    EXPECT_EQ(ScrollPosition(player), 1000);
-    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 40000);
-    Scroll(player, SB_ENDSCROLL);
+    DragThumb(player, 975);
+    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
     EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 40000);
 }
 
 TEST_F(PlaybackTest, ThumbFollowsTheMouse) {

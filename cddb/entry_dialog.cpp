@@ -20,6 +20,9 @@ static const DialogButton kButtons[] = {
     {IDC_ENTRY_PAGE_DOWN, kFacePageDown},
 };
 
+// Whether the catalogue knew the disc when the dialog opened.
+static bool KnownAtOpening;
+
 static void OnInitDialog(HWND dialog, const DiscToc& disc) {
     PrepareDialog(dialog, kButtons);
     OpenEntryFields(dialog);
@@ -27,7 +30,8 @@ static void OnInitDialog(HWND dialog, const DiscToc& disc) {
 
     EntryFields fields;
     CopyDiscToc(disc);
-    if (FindDisc(disc.totalSeconds, disc.trackCount)) LoadEntryFields(FoundEntryOffset, &fields);
+    KnownAtOpening = FindDisc(disc.totalSeconds, disc.trackCount);
+    if (KnownAtOpening) LoadEntryFields(FoundEntryOffset, &fields);
     ShowEntry(dialog, disc, fields);
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(DatabaseEntryCount()));
 }
@@ -36,8 +40,12 @@ static void OnInitDialog(HWND dialog, const DiscToc& disc) {
 // may have changed while the dialog was open.
 static DatabaseResult SaveEntry(const DiscToc& disc, const EntryFields& fields) {
     CopyDiscToc(disc);
-    if (!FindDisc(disc.totalSeconds, disc.trackCount)) return AppendEntry(fields);
-    return ReplaceEntryAtEnd(FoundEntryOffset, fields);
+    if (FindDisc(disc.totalSeconds, disc.trackCount)) {
+        return ReplaceEntryAtEnd(FoundEntryOffset, fields);
+    }
+    // An entry does not vanish by itself: the file could not be read. Appending now could leave the
+    // disc with two entries, of which lookups find the old one.
+    return KnownAtOpening ? DatabaseResult::cannotOpen : AppendEntry(fields);
 }
 
 static void Close(HWND dialog) {

@@ -52,7 +52,8 @@ Picture DrawGrid(const SkinGrid& grid, bool large) {
         const Picture drawn = DrawGlyph(glyph, cell, large);
         const SkinRect up = FaceRect(glyph.face, false, large);
         const SkinRect down = FaceRect(glyph.face, true, large);
-        const int lift = 2;
+        // Small glyphs stand lower over the face: a wide shadow would fill their gaps.
+        const int lift = grid.slot == kSlotSmallButtons ? 1 : 2;
         StampShadow(picture, drawn, up.x + lift, up.y + lift, kReliefShade);
         Stamp(picture, drawn, up.x, up.y);
         // Pressed, the glyph goes down towards its shadow.

@@ -35,7 +35,7 @@ constexpr Body kGreen = {kInk, kCream, kLeaf, kMoss};
 constexpr Body kWood = {kInk, kAmber, kCopper, kUmber};
 constexpr Body kSilver = {kInk, kCream, kAqua, kTeal};
 constexpr Body kGlass = {kInk, kUmber, kInk, kInk};
-constexpr Body kUnlit = {kInk, kCopper, kUmber, kUmber};  // brass that is switched off
+constexpr Body kUnlit = {kInk, kCopper, kCopper, kUmber};  // brass that is switched off
 
 // A filled shape with the house's line and light.
 void DrawBody(const Pen& pen, const Field& field, const Body& body);

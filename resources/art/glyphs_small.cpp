@@ -57,7 +57,7 @@ static void DrawArrowBack(const Pen& pen) {
 
 static void DrawTrack(const Pen& pen) {
     DrawBody(pen, BoxOf(pen, 2, 1, 24, 14, 2), kGlass);
-    DrawFlat(pen, PolygonOf(pen, {{10, 3}, {17, 7.5}, {10, 12}}), kUmber);
+    DrawFlat(pen, PolygonOf(pen, {{10, 3}, {17, 7.5}, {10, 12}}), kCopper);
 }
 
 static void DrawTrackPlaying(const Pen& pen) {

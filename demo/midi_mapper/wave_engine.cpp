@@ -23,7 +23,7 @@ struct Engine {
     HWAVEOUT wave = nullptr;
     HANDLE bufferDone = nullptr;
     HANDLE thread = nullptr;
-    volatile LONG stopping = 0;
+    HANDLE stop = nullptr;
     WaveBuffer buffers[kBuffers];
 };
 
@@ -43,36 +43,6 @@ static void FillBuffer(Engine& engine, WaveBuffer& buffer, float& gain, float ga
     waveOutWrite(engine.wave, &buffer.header, sizeof buffer.header);
 }
 
-static DWORD WINAPI RunEngine(void* parameter) {
-    Engine& engine = *static_cast<Engine*>(parameter);
-    const float fadeStep = 1.0F / (kFadeBuffers * kBufferFrames);
-    float gain = 1;
-    int next = 0;
-    int fadeLeft = kFadeBuffers;
-    for (WaveBuffer& buffer : engine.buffers)
-        FillBuffer(engine, buffer, gain, 0);
-    while (fadeLeft > 0) {
-        WaveBuffer& buffer = engine.buffers[next];
-        // The time-out lets the thread end when a wave device hangs.
-        while ((buffer.header.dwFlags & WHDR_DONE) == 0) {
-            if (WaitForSingleObject(engine.bufferDone, 2000) == WAIT_TIMEOUT) return 0;
-        }
-        const bool stopping = engine.stopping != 0;
-        if (stopping) --fadeLeft;
-        FillBuffer(engine, buffer, gain, stopping ? fadeStep : 0);
-        next = (next + 1) % kBuffers;
-    }
-    const DWORD longest = kBuffers * 50;
-    for (DWORD waited = 0; waited < longest; waited += 10) {
-        bool playing = false;
-        for (const WaveBuffer& buffer : engine.buffers)
-            playing = playing || (buffer.header.dwFlags & WHDR_DONE) == 0;
-        if (!playing) break;
-        WaitForSingleObject(engine.bufferDone, 10);
-    }
-    return 0;
-}
-
 static bool OpenWave(Engine& engine) {
     WAVEFORMATEX format = {};
     format.wFormatTag = WAVE_FORMAT_PCM;
@@ -82,6 +52,7 @@ static bool OpenWave(Engine& engine) {
     format.nBlockAlign = 4;
     format.nAvgBytesPerSec = kSampleRate * 4;
     engine.bufferDone = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    engine.stop = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     const auto callback = reinterpret_cast<DWORD_PTR>(engine.bufferDone);
     if (waveOutOpen(&engine.wave, WAVE_MAPPER, &format, callback, 0, CALLBACK_EVENT) != 0) {
         engine.wave = nullptr;
@@ -105,8 +76,39 @@ static void FreeEngine(Engine* engine) {
     }
     if (engine->thread) CloseHandle(engine->thread);
     if (engine->bufferDone) CloseHandle(engine->bufferDone);
+    if (engine->stop) CloseHandle(engine->stop);
     DeleteCriticalSection(&engine->lock);
     delete engine;
+}
+
+static bool WaitForBuffer(const Engine& engine, const WaveBuffer& buffer, DWORD deadlineMs) {
+    while ((buffer.header.dwFlags & WHDR_DONE) == 0) {
+        if (WaitForSingleObject(engine.bufferDone, deadlineMs) == WAIT_TIMEOUT) return false;
+    }
+    return true;
+}
+
+// Plays until it is told to stop and the fade has been heard, then frees the engine. A wave device
+// that takes no more buffers is given up after two seconds.
+static DWORD WINAPI RunEngine(void* parameter) {
+    auto* engine = static_cast<Engine*>(parameter);
+    const float fadeStep = 1.0F / (kFadeBuffers * kBufferFrames);
+    float gain = 1;
+    int next = 0;
+    int fadeLeft = kFadeBuffers;
+    for (WaveBuffer& buffer : engine->buffers)
+        FillBuffer(*engine, buffer, gain, 0);
+    while (fadeLeft > 0 && WaitForBuffer(*engine, engine->buffers[next], 2000)) {
+        const bool isStopping = WaitForSingleObject(engine->stop, 0) == WAIT_OBJECT_0;
+        if (isStopping) --fadeLeft;
+        FillBuffer(*engine, engine->buffers[next], gain, isStopping ? fadeStep : 0);
+        next = (next + 1) % kBuffers;
+    }
+    WaitForSingleObject(engine->stop, INFINITE);
+    for (const WaveBuffer& buffer : engine->buffers)
+        WaitForBuffer(*engine, buffer, 500);
+    FreeEngine(engine);
+    return 0;
 }
 
 bool StartEngine() {
@@ -125,24 +127,22 @@ bool StartEngine() {
 }
 
 void SendToEngine(uint32_t message) {
-    if (!RunningEngine) return;
-    EnterCriticalSection(&RunningEngine->lock);
-    PlayMidiMessage(RunningEngine->synth, message);
-    LeaveCriticalSection(&RunningEngine->lock);
+    Engine* engine = RunningEngine;
+    if (!engine) return;
+    EnterCriticalSection(&engine->lock);
+    PlayMidiMessage(engine->synth, message);
+    LeaveCriticalSection(&engine->lock);
 }
 
 void QuietEngine() {
-    if (!RunningEngine) return;
-    EnterCriticalSection(&RunningEngine->lock);
-    ReleaseAllNotes(RunningEngine->synth);
-    LeaveCriticalSection(&RunningEngine->lock);
+    Engine* engine = RunningEngine;
+    if (!engine) return;
+    EnterCriticalSection(&engine->lock);
+    ReleaseAllNotes(engine->synth);
+    LeaveCriticalSection(&engine->lock);
 }
 
 void StopEngine() {
-    Engine* engine = RunningEngine;
-    if (!engine) return;
+    if (RunningEngine) SetEvent(RunningEngine->stop);
     RunningEngine = nullptr;
-    InterlockedExchange(&engine->stopping, 1);
-    WaitForSingleObject(engine->thread, INFINITE);
-    FreeEngine(engine);
 }

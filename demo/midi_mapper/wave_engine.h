@@ -12,6 +12,6 @@ void SendToEngine(uint32_t message);
 // Ends every note; they fade in the time their instruments take.
 void QuietEngine();
 
-// Fades out, ends the thread and closes the wave device. Waits for all that: about a quarter
-// second.
+// Fades out, ends the thread and closes the wave device, all within about a quarter second and
+// without waiting for it; the engine can be started again at once.
 void StopEngine();

@@ -69,6 +69,19 @@ static void OnCancel(HWND dialog) {
     Close(dialog);
 }
 
+static bool OnCommand(HWND dialog, int controlId, int notification) {
+    switch (controlId) {
+        case IDC_OK:
+            OnOk(dialog);
+            return true;
+        case IDC_CANCEL:
+            OnCancel(dialog);
+            return true;
+        default:
+            return HandleEntryFieldCommand(dialog, controlId, notification);
+    }
+}
+
 static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
     if (HandleDialogLook(dialog, message, wParam, lParam, kButtons, result)) return result;
@@ -77,17 +90,8 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
             OnInitDialog(dialog, *reinterpret_cast<const DiscToc*>(lParam));
             return TRUE;
         case WM_COMMAND:
-            switch (MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_CANCEL)) {
-                case IDC_OK:
-                    OnOk(dialog);
-                    return TRUE;
-                case IDC_CANCEL:
-                    OnCancel(dialog);
-                    return TRUE;
-                default:
-                    break;
-            }
-            return HandleEntryFieldCommand(dialog, LOWORD(wParam), HIWORD(wParam));
+            return OnCommand(dialog, MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_CANCEL),
+                             HIWORD(wParam));
         default:
             return FALSE;
     }

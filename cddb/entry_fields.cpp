@@ -116,6 +116,8 @@ static std::string ClipboardText(HWND window) {
 
 // False when the text is a single line, which the field itself pastes at its cursor.
 static bool PasteNames(HWND dialog, int row) {
+    // Whoever sends the message, a hidden row has no track.
+    if (row >= RowsOnPage()) return false;
     const std::vector<std::string> names = SplitTrackNames(ClipboardText(dialog));
     if (names.size() < 2) return false;
     KeepRows(dialog);

@@ -209,12 +209,15 @@ TEST_F(EntryDialogTest, NamesSurvivePagingWithoutAFocusChange) {
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST))
             << "the row that had the focus is gone";
         Type(dialog, IDC_ENTRY_NAME_FIRST, "Sixteenth");
-        Press(dialog, IDC_ENTRY_PAGE_UP);
+        // Enter on a picture button means that button.
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_PAGE_UP));
+        Press(dialog, IDOK);
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST), "First");
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 4), "Fifth");
         Press(dialog, IDC_ENTRY_PAGE_DOWN);
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
         // Enter, with the focus still in the name.
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST));
         Type(dialog, IDC_ENTRY_NAME_FIRST, "Finale");
         Press(dialog, IDOK);
     });
@@ -237,6 +240,13 @@ TEST_F(EntryDialogTest, PastedLinesFillRowsOverPages) {
             "14. Fourteen\r\n15. Fifteen\r\n\r\n16. Sixteen\r\n17. Seventeen\r\n18. Lost");
         SendMessageA(row, WM_PASTE, 0, 0);
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 14), "Fifteen");
+        // A hidden row takes no names, however many there are.
+        Press(dialog, IDC_ENTRY_PAGE_UP);
+        std::string many;
+        for (int i = 0; i < 1000; ++i)
+            many += "Too many\r\n";
+        PutOnClipboard(many);
+        SendMessageA(row, WM_PASTE, 0, 0);
         Press(dialog, IDC_OK);
     });
     const EntryFields stored = Stored(disc);

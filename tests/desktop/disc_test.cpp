@@ -1,0 +1,244 @@
+// The CD player and the entry dialog of the real program on the virtual drive, whose log says what
+// reached it.
+#include "tests/desktop/desktop_test.h"
+
+#include <fstream>
+#include <sstream>
+
+class DiscTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        if (GetFileAttributesA("c:\\windows\\system32\\vdrive.dll") == INVALID_FILE_ATTRIBUTES) {
+            GTEST_SKIP() << "the virtual drive is not registered here";
+        }
+        DesktopTest::SetUp();
+        PutSetting(player, "SoundControls", "Off");
+        SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", TrayPath().c_str());
+        SetEnvironmentVariableA("TARNWELL_DRIVE_LOG", LogPath().c_str());
+    }
+    void TearDown() override {
+        DesktopTest::TearDown();
+        SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", nullptr);
+        SetEnvironmentVariableA("TARNWELL_DRIVE_LOG", nullptr);
+    }
+
+    std::string TrayPath() { return player.directory + "tray.txt"; }
+    std::string LogPath() { return player.directory + "drive.log"; }
+
+    // A disc of humming tracks.
+    void Insert(const std::string& name, const std::vector<int>& trackSeconds) {
+        std::ostringstream sheet;
+        for (size_t i = 0; i < trackSeconds.size(); ++i) {
+            sheet << "TRACK " << i + 1 << " AUDIO\nREM TONE 441\nREM LENGTH "
+                  << trackSeconds[i] / 60 << ":" << trackSeconds[i] % 60 << ":00\n";
+        }
+        WriteFileBytes(player.directory + name + ".cue", sheet.str());
+        WriteFileBytes(TrayPath(), name + ".cue\n");
+    }
+    void Remove() { WriteFileBytes(TrayPath(), ""); }
+
+    // Waits for a command in the drive's log behind those found before.
+    bool DriveGets(const std::string& command) {
+        return WaitUntil([&] {
+            std::ifstream file(LogPath(), std::ios::binary);
+            std::stringstream log;
+            log << file.rdbuf();
+            const size_t at = log.str().find(command, logRead);
+            if (at != std::string::npos) logRead = at + command.size();
+            return at != std::string::npos;
+        });
+    }
+    void Press(int id) { Command(player.window, id); }
+
+    HWND OpenEntry() {
+        Press(IDC_ENTRY);
+        HWND dialog = WaitForPopup(player);
+        EXPECT_EQ(Title(dialog), "Compact Disc Database");
+        return dialog;
+    }
+    static void Enter(HWND dialog, int id, const std::string& text) {
+        SendMessageA(Control(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+
+    size_t logRead = 0;
+};
+
+TEST_F(DiscTest, TracksPagesSkipsAndSeeksReachTheDrive) {
+    std::vector<int> lengths(17, 20);
+    lengths[16] = 100;
+    Insert("seventeen", lengths);
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "17"));
+    EXPECT_TRUE(WaitForShown(IDC_DISC_LENGTH, "7:00"));
+    EXPECT_EQ(Shown(IDC_CD_STATUS), "Ready");
+
+    ClickMouse(CentreOf(Control(player.window, IDC_NEXT_PAGE)));
+    ASSERT_TRUE(WaitForShown(IDC_TRACK_LABEL_FIRST, "16"));
+    EXPECT_FALSE(IsShown(player.window, IDC_TRACK_FIRST + 2));
+    Press(IDC_TRACK_FIRST + 1);
+    EXPECT_TRUE(DriveGets("play flags=00000004 from=00000011 (17:00:00:00) result=0"));
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Playing"));
+    EXPECT_TRUE(WaitForSound());
+    EXPECT_EQ(Shown(IDC_TRACK_NUMBER), "17");
+    EXPECT_EQ(Shown(IDC_SCROLL_RIGHT), "1:40");
+
+    Press(IDC_SKIP_FORWARD);
+    EXPECT_TRUE(DriveGets("(01:00:00:00)"));
+    Press(IDC_SKIP_BACK);
+    EXPECT_TRUE(DriveGets("(17:00:00:00)")) << "from the beginning of track 1 to the last";
+    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:03"));
+    Press(IDC_SKIP_BACK);
+    EXPECT_TRUE(DriveGets("(17:00:00:00)")) << "after more than two seconds the same again";
+
+    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:01"));
+    Scroll(player, SB_THUMBTRACK, 65);
+    EXPECT_EQ(Shown(IDC_TIME), "1:05");
+    EXPECT_EQ(Shown(IDC_TOTAL_PLAYING), "6:25");
+    Scroll(player, SB_THUMBPOSITION, 65);
+    EXPECT_TRUE(DriveGets("(17:01:05:30)"));
+    Scroll(player, SB_THUMBTRACK, 0);
+    Scroll(player, SB_THUMBPOSITION, 0);
+    EXPECT_TRUE(DriveGets("(17:00:00:30)"));
+
+    Press(IDC_CD_PAUSE);
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+    EXPECT_TRUE(WaitForSilence());
+    Press(IDC_CD_PLAY);
+    EXPECT_TRUE(DriveGets("play flags=00000000"));
+    EXPECT_TRUE(WaitForSound());
+    Press(IDC_CD_STOP);
+    EXPECT_TRUE(WaitForShown(IDC_TRACK_NUMBER, ""));
+    EXPECT_TRUE(WaitForSilence());
+}
+
+TEST_F(DiscTest, DiscsComeAndGoInEveryState) {
+    Insert("two", {30, 40});
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
+    Press(IDC_TRACK_FIRST + 1);
+    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:01"));
+    Remove();
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
+    EXPECT_TRUE(WaitForShown(IDC_TIME, ""));
+    EXPECT_EQ(Shown(IDC_EJECT_LABEL), "Load");
+    EXPECT_TRUE(WaitUntil([&] { return !IsShown(player.window, IDC_TRACK_FIRST); }));
+    EXPECT_TRUE(WaitForSilence());
+
+    Insert("three", {10, 20, 30});
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "3"));
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
+    EXPECT_TRUE(IsShown(player.window, IDC_TRACK_FIRST + 2));
+
+    Press(IDC_CD_PLAY);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Playing"));
+    Press(IDC_CD_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+    Insert("four", {11, 21, 31, 41});
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "4"));
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready")) << "the pause went with the disc";
+
+    Press(IDC_MODE_WAVE);
+    ASSERT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_FILE_LIST); }));
+    EXPECT_FALSE(IsShown(player.window, IDC_TRACK_FIRST));
+    EXPECT_FALSE(IsShown(player.window, IDC_EJECT));
+    Insert("one", {50});
+    Press(IDC_MODE_CDPLAYER);
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "1"));
+    EXPECT_TRUE(WaitForShown(IDC_DISC_LENGTH, "0:50"));
+
+    Press(IDC_EJECT);
+    EXPECT_TRUE(DriveGets("set flags=00000100"));
+    EXPECT_TRUE(WaitForShown(IDC_EJECT_LABEL, "Load"));
+    Press(IDC_EJECT);
+    EXPECT_TRUE(DriveGets("set flags=00000200"));
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "1"));
+    EXPECT_TRUE(WaitForShown(IDC_EJECT_LABEL, "Eject"));
+    EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+}
+
+TEST_F(DiscTest, EntryIsAddedThenEdited) {
+    Insert("two", {30, 40});
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
+    EXPECT_EQ(Shown(IDC_ENTRY_LABEL), "Add Entry");
+    HWND dialog = OpenEntry();
+    Enter(dialog, IDC_ENTRY_ARTIST, "Someone & Sons");
+    Enter(dialog, IDC_ENTRY_DISC_NAME, "First Disc");
+    Enter(dialog, IDC_ENTRY_NAME_FIRST + 1, "Second Track");
+    Command(dialog, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
+    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Edit Entry"));
+
+    Press(IDC_TRACK_FIRST + 1);
+    EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Second Track"));
+    dialog = OpenEntry();
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_ARTIST), "Someone & Sons");
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_DISC_COUNT), "1");
+    Enter(dialog, IDC_ENTRY_NAME_FIRST + 1, "Renamed");
+    Command(dialog, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Renamed"));
+
+    dialog = OpenEntry();
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_DISC_COUNT), "1");
+    // The disc goes while its entry is open: the entry is still that of the disc.
+    Insert("other", {15, 25, 35});
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "3"));
+    Enter(dialog, IDC_ENTRY_ARTIST, "Someone Else");
+    Command(dialog, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Add Entry"));
+    Insert("two", {30, 40});
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone Else - First Disc"));
+}
+
+static void PutOnClipboard(const std::string& text) {
+    ASSERT_TRUE(WaitUntil([] { return OpenClipboard(nullptr) != FALSE; }));
+    EmptyClipboard();
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    memcpy(GlobalLock(block), text.c_str(), text.size() + 1);
+    GlobalUnlock(block);
+    SetClipboardData(CF_TEXT, block);
+    CloseClipboard();
+}
+
+TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
+    Insert("sixteen", std::vector<int>(16, 12));
+    PutSetting(player, "CDDatabaseMode", "Simple");
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "16"));
+    HWND dialog = OpenEntry();
+    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES));
+    PutOnClipboard("15. Fifteenth\r\n16. Sixteenth\r\n");
+    PostMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_LAST)), TRUE);
+    PressKey('V', VK_CONTROL);
+    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_LAST, "Fifteenth"));
+    PressKey('U', VK_MENU);
+    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NUMBER_FIRST, "16"));
+    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_FIRST, "Sixteenth"));
+    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NAME_FIRST + 1));
+
+    HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+    PressKey('O', VK_MENU);
+    HWND box = nullptr;
+    ASSERT_TRUE(WaitUntil([&] {
+        box = WaitForPopup(player);
+        return box != dialog;
+    }));
+    EXPECT_EQ(Title(box), "Tarnwell Message!");
+    Command(box, IDC_OK);
+    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog) != FALSE; }));
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
+    CloseHandle(lock);
+    Command(dialog, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+
+    dialog = OpenEntry();
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_LAST), "Fifteenth");
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(WaitForNoPopup(player));
+}

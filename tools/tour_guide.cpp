@@ -36,7 +36,7 @@ static bool PlayAt(const Program& program, const Stop& stop) {
         const int what = stop.playButton == IDC_PLAY ? IDC_FILE_NAME : IDC_TRACK_TITLE;
         printf("%s mode: playing %s\n", stop.name, Text(program.window, what).c_str());
     } else {
-        printf("%s mode: shown, nothing to play\n", stop.name);
+        printf("%s mode: shown, plays nothing\n", stop.name);
     }
     return true;
 }

@@ -5,6 +5,7 @@
 #include "app/program_state.h"
 #include "playback/cd_player.h"
 #include "playback/file_list.h"
+#include "playback/file_player.h"
 #include "playback/media_device.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
@@ -66,6 +67,7 @@ void ChangeMode(HWND window, int mode) {
     if (mode == PlayMode) return;
     const bool visible = IsWindowVisible(window) != FALSE;
     HoldDrawing(window);
+    CutPlayQueue();
     if (mode == IDC_MODE_CDPLAYER) {
         ChangeToCdPlayer(window);
     } else {

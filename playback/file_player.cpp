@@ -109,6 +109,11 @@ void OnRepeat() {
     SetRepeat(!PlayQueue.repeat);
 }
 
+void CutPlayQueue() {
+    CutQueue(PlayQueue);
+    SetControlText(MainWindow, IDC_FILES_LEFT, "0");
+}
+
 static void ShowPlayingPosition() {
     DWORD position = 0;
     if (!MediaDevice.open || MediaDevice.dragging) return;

@@ -8,6 +8,9 @@ void OnStop();
 void OnPause();
 void OnRepeat();
 
+// Forgets what is left of the queue, when the mode whose files they are is left.
+void CutPlayQueue();
+
 enum class TickResult {
     kGoOn,
     kEndProgram  // the queue that the program was started for has ended

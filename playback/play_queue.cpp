@@ -24,6 +24,10 @@ void AdvanceQueue(PlayQueueState& queue) {
     --queue.filesLeft;
 }
 
+void CutQueue(PlayQueueState& queue) {
+    queue.filesLeft = 0;
+}
+
 const std::string* NextQueueName(const PlayQueueState& queue) {
     if (queue.filesLeft == 0 || queue.index >= queue.names.size()) return nullptr;
     return &queue.names[queue.index];

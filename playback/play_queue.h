@@ -27,5 +27,7 @@ void StartQueue(PlayQueueState& queue, const std::string& directory,
 void RestartQueue(PlayQueueState& queue);
 // After a file has been opened.
 void AdvanceQueue(PlayQueueState& queue);
+// Nothing is left to play.
+void CutQueue(PlayQueueState& queue);
 // The next name, or null when the queue is exhausted.
 const std::string* NextQueueName(const PlayQueueState& queue);

@@ -145,11 +145,12 @@ TEST_F(FilePlayerTest, PauseAndResume) {
 }
 
 TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
-    Select(0, 0);
+    Select(0, 1);
     Command(IDC_PLAY);
     Command(IDC_PAUSE);
     Command(IDC_MODE_MIDI);
     Command(IDC_MODE_WAVE);
+    EXPECT_EQ(Text(IDC_FILES_LEFT), "0") << "nor does its queue";
     EXPECT_EQ(Text(IDC_LIST_COUNT), "3 Wave Files:");
     Select(1, 1);
     TakeLog();

@@ -229,7 +229,7 @@ void OpenEntryFields(HWND dialog) {
 }
 
 void CloseEntryFields() {
-    Sheet.filling = true;
+    Sheet = {};
 }
 
 void ShowEntry(HWND dialog, const DiscToc& disc, const EntryFields& fields) {

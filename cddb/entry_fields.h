@@ -12,7 +12,8 @@
 // controls that only the advanced layout shows stand rightmost in the template, because the simple
 // layout ends where they begin; centre the dialog after this.
 void OpenEntryFields(HWND dialog);
-// Before EndDialog: what the closing controls still notify is ignored from here on.
+// Before EndDialog: frees the names; what the closing controls still notify is ignored from here
+// on.
 void CloseEntryFields();
 
 // Fills everything, first page. Both arguments are copied.

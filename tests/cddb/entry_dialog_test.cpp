@@ -279,46 +279,6 @@ TEST_F(EntryDialogTest, SimpleLayoutHidesButKeepsTheOtherFields) {
     Open(disc, [](HWND dialog) { EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES)); });
 }
 
-TEST_F(EntryDialogTest, FailedSaveKeepsTheDialogAndEverythingTyped) {
-    const DiscToc disc = DiscOf(16);
-    Open(disc, [](HWND dialog) {
-        Type(dialog, IDC_ENTRY_NAME_FIRST, "Typed");
-        Press(dialog, IDC_ENTRY_PAGE_UP);
-        Type(dialog, IDC_ENTRY_ARTIST, "Artist");
-        HANDLE lock = CreateFileA(DatabasePath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                                  0, nullptr);
-        ASSERT_NE(lock, INVALID_HANDLE_VALUE);
-        Press(dialog, IDC_OK);
-        EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_EQ(Messages.size(), 1u);
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Artist");
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST), "16");
-        CloseHandle(lock);
-        Press(dialog, IDC_OK);
-        EXPECT_FALSE(IsOpen(dialog));
-    });
-    EXPECT_EQ(DatabaseEntryCount(), 1);
-    EXPECT_EQ(Stored(disc).trackNames[0], "Typed");
-}
-
-TEST_F(EntryDialogTest, DiscSwappedUnderTheDialogIsNotTheOneSaved) {
-    const DiscToc disc = DiscOf(2);
-    const DiscToc other = DiscOf(5, 200);
-    EntryFields fields;
-    fields.artist = "Other";
-    Store(other, fields);
-    Open(disc, [&other](HWND dialog) {
-        Type(dialog, IDC_ENTRY_ARTIST, "Mine");
-        // What a tick of the player does.
-        CopyDiscToc(other);
-        EXPECT_EQ(DiscTitleText(), "Other - ");
-        Press(dialog, IDC_OK);
-    });
-    EXPECT_EQ(DatabaseEntryCount(), 2);
-    EXPECT_EQ(Stored(disc).artist, "Mine");
-    EXPECT_EQ(Stored(other).artist, "Other");
-}
-
 TEST_F(EntryDialogTest, LeavingWithoutOkChangesNothing) {
     const DiscToc disc = DiscOf(1);
     const std::function<void(HWND)> ways[] = {

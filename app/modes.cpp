@@ -53,14 +53,12 @@ static void ShowCdMode(HWND window) {
     ShowAnimationAreas(window);
     ShowCdControls(window, true);
     PlaceScrollBar(window, true);
-    ShowCdPlayer();
 }
 
 static void ChangeToCdPlayer(HWND window) {
     PlayMode = IDC_MODE_CDPLAYER;
     StopAndReset();
     ShowCdMode(window);
-    PlayClickSound(IDS_SOUND_CDPLAYER);
 }
 
 void ChangeMode(HWND window, int mode) {
@@ -74,11 +72,16 @@ void ChangeMode(HWND window, int mode) {
         ChangeToFileMode(window, mode);
     }
     ResumeDrawing(window, visible);
+    if (!InCdMode()) return;
+    // The drive may have something to say, and its box must not stand before an undrawn window.
+    ShowCdPlayer();
+    PlayClickSound(IDS_SOUND_CDPLAYER);
 }
 
 void EnterStartMode(HWND window) {
     if (InCdMode()) {
         ShowCdMode(window);
+        ShowCdPlayer();
         return;
     }
     ShowCdControls(window, false);

@@ -11,6 +11,7 @@
 #include "playback/mci.h"
 #include "playback/media_device.h"
 #include "playback/media_error.h"
+#include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
 
@@ -54,7 +55,7 @@ static void PlayFromTrack(int track) {
 static void Resume() {
     CdPlayer.paused = false;
     SendToCd(MCI_PLAY, 0);
-    SetScrollRangeSeconds(TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack));
+    SetDiscRange(TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack));
 }
 
 static bool IsTrackNumber(int track) {
@@ -193,6 +194,12 @@ static int CurrentLengthSeconds() {
     return TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack);
 }
 
+// The last track's final second has no room for the frame, and the drive would refuse the place.
+static int LastSeekSecond() {
+    const bool lastTrack = CdPlayer.currentTrack == CdPlayer.toc.trackCount;
+    return std::max(CurrentLengthSeconds() - (lastTrack ? 1 : 0), 0);
+}
+
 static void SeekInTrack(int seconds) {
     const DiscPosition to = {CdPlayer.currentTrack, seconds / 60, seconds % 60};
     PlayCdFrom(PackPosition(to.track, to.minutes, to.seconds, kSeekFrame));
@@ -203,7 +210,7 @@ static void SeekInTrack(int seconds) {
 static void ReleaseThumb(int seconds) {
     if (!CdPlayer.dragging) return;
     CdPlayer.dragging = false;
-    if (IsDiscPlaying()) SeekInTrack(std::clamp(seconds, 0, CurrentLengthSeconds()));
+    if (IsDiscPlaying()) SeekInTrack(std::clamp(seconds, 0, LastSeekSecond()));
 }
 
 static void DragThumb(int seconds) {
@@ -215,9 +222,9 @@ static void DragThumb(int seconds) {
 static void MoveThumb(int bySeconds) {
     if (!IsDiscPlaying()) return;
     CdPlayer.dragging = true;
-    ShowElapsedAndThumb(MovedPosition(ScrollThumb(), bySeconds, CurrentLengthSeconds()));
+    ShowElapsedAndThumb(MovedPosition(PositionThumb(), bySeconds, CurrentLengthSeconds()));
     // Arrow keys are not followed by an end of scroll everywhere.
-    if (GetKeyState(VK_LBUTTON) >= 0) ReleaseThumb(ScrollThumb());
+    if (GetKeyState(VK_LBUTTON) >= 0) ReleaseThumb(PositionThumb());
 }
 
 void OnCdScroll(int code, int thumb) {
@@ -241,7 +248,7 @@ void OnCdScroll(int code, int thumb) {
             ReleaseThumb(thumb);
             break;
         case SB_ENDSCROLL:
-            ReleaseThumb(ScrollThumb());
+            ReleaseThumb(PositionThumb());
             break;
         default:
             break;

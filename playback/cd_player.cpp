@@ -248,7 +248,7 @@ void ShowCdPlayer() {
     if (CdPlayer.state == DiscState::kPlaying) {
         CdPlayer.paused = false;
     } else {
-        SetScrollRangeSeconds(0);
+        SetDiscRange(0);
         SetDiscThumb(0);
     }
     ShowDiscButtons();

@@ -9,6 +9,7 @@
 #include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
 #include "playback/disc_times.h"
+#include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 
@@ -35,29 +36,13 @@ void ShowDiscLength() {
     SetTimeReadout(IDC_DISC_LENGTH, CdPlayer.toc.totalSeconds);
 }
 
-int ScrollThumb() {
-    return GetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL);
-}
-
 // The file modes use the same scroll bar.
-static HWND DiscScrollBar() {
-    return InCdMode() ? GetDlgItem(MainWindow, IDC_SCROLL) : nullptr;
-}
-
-void SetScrollRangeSeconds(int seconds) {
-    HWND bar = DiscScrollBar();
-    int low = 0;
-    int high = 0;
-    if (bar == nullptr) return;
-    GetScrollRange(bar, SB_CTL, &low, &high);
-    if (low != 0 || high != seconds) SetScrollRange(bar, SB_CTL, 0, seconds, TRUE);
+void SetDiscRange(int seconds) {
+    if (InCdMode()) SetPositionRange(seconds);
 }
 
 void SetDiscThumb(int seconds) {
-    HWND bar = DiscScrollBar();
-    if (bar != nullptr && GetScrollPos(bar, SB_CTL) != seconds) {
-        SetScrollPos(bar, SB_CTL, seconds, TRUE);
-    }
+    if (InCdMode()) SetPositionThumb(seconds);
 }
 
 static void ShowTrackTitle(int track) {
@@ -72,7 +57,7 @@ void ShowTrack() {
     SetTimeReadout(IDC_SCROLL_LEFT, 0);
     SetTimeReadout(IDC_SCROLL_RIGHT, length);
     SetTimeReadout(IDC_TRACK_LENGTH, length);
-    SetScrollRangeSeconds(length);
+    SetDiscRange(length);
     HighlightCurrentTrack();
 }
 

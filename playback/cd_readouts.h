@@ -25,6 +25,6 @@ void ShowDiscButtons();
 void HighlightCurrentTrack();
 void HighlightButton(int index);
 
-int ScrollThumb();
-void SetScrollRangeSeconds(int seconds);
+// Of the position scroll bar, in seconds; without effect outside cdplayer mode.
+void SetDiscRange(int seconds);
 void SetDiscThumb(int seconds);

@@ -13,6 +13,7 @@
 #include "playback/media_error.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
+#include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/animations.h"
 #include "ui/boxes.h"
@@ -120,7 +121,7 @@ static void ShowPlayingPosition() {
     if (QueryStatus(MediaDevice.id, MCI_STATUS_POSITION, position) != 0) return;
     ShowPosition(static_cast<int32_t>(position));
     if (!Settings.recreationScroll) {
-        SetScrollThumb(MillisecondsToScroll(static_cast<int32_t>(position), MediaDevice.scroll));
+        SetPositionThumb(MillisecondsToScroll(static_cast<int32_t>(position), MediaDevice.scroll));
     }
 }
 
@@ -135,7 +136,7 @@ static TickResult FinishQueue() {
     StopAnimationTimer();
     // The length itself: the scroll bar's end times its scale may be a millisecond off.
     ShowPosition(MediaDevice.lengthMs);
-    if (!Settings.recreationScroll) SetScrollThumb(MediaDevice.scroll.range);
+    if (!Settings.recreationScroll) SetPositionThumb(MediaDevice.scroll.range);
     ShowStatus("Ready");
     return MediaDevice.playAndExit ? TickResult::kEndProgram : TickResult::kGoOn;
 }
@@ -179,11 +180,10 @@ static void ScrollTo(int position) {
 }
 
 static void MoveThumbBy(int step) {
-    const auto position =
-        static_cast<int>(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0));
+    const auto position = PositionThumb();
     const int moved = MoveScroll(position, step, MediaDevice.scroll.range);
     ScrollTo(moved);
-    if (MediaDevice.open) SetScrollThumb(moved);
+    if (MediaDevice.open) SetPositionThumb(moved);
 }
 
 static void EndScroll(int position) {
@@ -191,7 +191,7 @@ static void EndScroll(int position) {
     MediaDevice.dragging = false;
     if (!MediaDevice.open) return;
     ShowPosition(ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll));
-    SetScrollThumb(position);
+    SetPositionThumb(position);
     ShowStatus(MediaDevice.paused ? "Paused" : "Playing");
     if (MediaDevice.paused) return;
     StartPositionTimer();
@@ -199,7 +199,7 @@ static void EndScroll(int position) {
 }
 
 static void EndScrollAtThumb() {
-    EndScroll(static_cast<int>(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0)));
+    EndScroll(PositionThumb());
 }
 
 void OnFileScroll(int code, int thumb) {

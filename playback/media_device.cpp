@@ -8,6 +8,7 @@
 #include "playback/media_error.h"
 #include "playback/play_time.h"
 #include "playback/player_timers.h"
+#include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 
@@ -83,8 +84,8 @@ void StopAndReset() {
     if (!InCdMode()) {
         MediaDevice.lengthMs = 0;
         MediaDevice.scroll = {};
-        SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_SETRANGEREDRAW, 0, 0);
-        SetScrollThumb(0);
+        SetPositionRange(0);
+        SetPositionThumb(0);
     }
     MediaDevice.seekPause = false;
 }
@@ -153,8 +154,8 @@ void SetLengthDisplay(int32_t lengthMs) {
     MediaDevice.scroll = ScaleForLength(lengthMs);
     SetControlText(MainWindow, IDC_POSITION_UNIT, "0");
     SetControlText(MainWindow, IDC_LENGTH, PlayTimeText(lengthMs));
-    SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_SETRANGEREDRAW, 0, MediaDevice.scroll.range);
-    SetScrollThumb(0);
+    SetPositionRange(MediaDevice.scroll.range);
+    SetPositionThumb(0);
     ShowPosition(0);
 }
 
@@ -164,8 +165,4 @@ void ShowPosition(int64_t milliseconds) {
 
 void ShowStatus(const char* text) {
     SetControlText(MainWindow, IDC_STATUS, text);
-}
-
-void SetScrollThumb(int position) {
-    SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_SETPOS, static_cast<WPARAM>(position), TRUE);
 }

@@ -59,4 +59,3 @@ void SetLengthDisplay(int32_t lengthMs);
 // The position read-out; a position beyond the length is shown as it is.
 void ShowPosition(int64_t milliseconds);
 void ShowStatus(const char* text);
-void SetScrollThumb(int position);

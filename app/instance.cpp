@@ -39,10 +39,11 @@ bool HandToRunningInstance(const std::string& commandLine) {
         PostMessageA(running, WM_COMMAND, IDC_CD_PLAY,
                      static_cast<LPARAM>(MAKELONG(track, kCommandLineMarker)));
     }
+    // Bringing to the top alone does not raise another program's window; a dialog it has open comes
+    // first, and is asked for while it still is the last one that was active.
+    HWND front = GetLastActivePopup(running);
     BringWindowToTop(running);
     if (IsIconic(running)) ShowWindow(running, SW_RESTORE);
-    // Bringing to the top alone does not raise another program's window; a dialog it has open comes
-    // first.
-    SetForegroundWindow(GetLastActivePopup(running));
+    SetForegroundWindow(front);
     return true;
 }

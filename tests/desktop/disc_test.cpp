@@ -193,6 +193,36 @@ TEST_F(DiscTest, EntryIsAddedThenEdited) {
     EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone Else - First Disc"));
 }
 
+TEST_F(DiscTest, CommandLinesPlayTheirTrack) {
+    Insert("nine", std::vector<int>(9, 20));
+    StartIn("wave", "-play D:\\Track07.cda");
+    EXPECT_TRUE(DriveGets("(07:00:00:00) result=0"));
+    EXPECT_TRUE(WaitForShown(IDC_TRACK_NUMBER, "7"));
+    EXPECT_EQ(RunSecondInstance(player, "/P"), 0);
+    EXPECT_TRUE(DriveGets("(01:00:00:00) result=0"));
+    EXPECT_EQ(RunSecondInstance(player, "-play D:\\Track05.cda"), 0);
+    EXPECT_TRUE(DriveGets("(05:00:00:00) result=0"));
+    // Too short for a number: the current track.
+    EXPECT_EQ(RunSecondInstance(player, "-p"), 0);
+    EXPECT_TRUE(DriveGets("(05:00:00:00) result=0"));
+
+    Press(IDC_ABOUT);
+    HWND about = WaitForPopup(player);
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(RunSecondInstance(player, "-play D:\\Track03.cda"), 0);
+    EXPECT_TRUE(DriveGets("(03:00:00:00) result=0"));
+    EXPECT_EQ(WaitForPopup(player), about) << "the open box gave way";
+    Command(about, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+
+    Press(IDC_MODE_WAVE);
+    ASSERT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_FILE_LIST); }));
+    EXPECT_TRUE(WaitForSound()) << "the disc plays on in the other modes";
+    EXPECT_EQ(RunSecondInstance(player, "/p"), 0);
+    EXPECT_TRUE(DriveGets("(01:00:00:00) result=0"));
+    EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
+}
+
 static void PutOnClipboard(const std::string& text) {
     ASSERT_TRUE(WaitUntil([] { return OpenClipboard(nullptr) != FALSE; }));
     EmptyClipboard();

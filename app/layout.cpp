@@ -29,70 +29,90 @@ struct Placement {
     int y;
 };
 
+// The disc's buttons stand above those that all modes share, in their columns.
 constexpr int kTransportY = 272;
 constexpr int kTransportLabelY = kTransportY + 52;
-constexpr int kReadOutX = 345;
-constexpr int kReadOutValueX = 460;
-constexpr int kReadOutY = 58;
-constexpr int kReadOutPitch = 19;
+constexpr int kColumns[] = {9, 68, 126, 185, 243, 327, 386, 444};
 
-constexpr Placement ReadOut(int id, int column, int row) {
-    return {id, column, kReadOutY + row * kReadOutPitch};
+constexpr Placement TransportButton(int id, int column) {
+    return {id, kColumns[column], kTransportY};
+}
+
+constexpr Placement TransportLabel(int id, int column) {
+    return {id, kColumns[column], kTransportLabelY};
+}
+
+// The track's read-outs stand beside the track buttons, a row for each of theirs and one for the
+// page buttons; the disc's stand in the lower left corner.
+constexpr int kTrackReadOutX = 360;
+constexpr int kTrackReadOutValueX = 474;
+constexpr int kDiscReadOutX = kColumns[0];
+constexpr int kDiscReadOutValueX = 172;
+constexpr int kDiscReadOutY = 346;
+constexpr int kDiscReadOutPitch = 18;
+
+// Track buttons: three rows of five, each with its number below.
+constexpr int kTracksPerRow = 5;
+constexpr int kTrackX = 114;
+constexpr int kTrackY = 58;
+constexpr int kTrackPitchX = 47;
+constexpr int kTrackPitchY = 39;
+constexpr int kTrackLabelDrop = 24;
+constexpr int kTrackTextDrop = 5;  // from a button's top to the text beside it
+
+constexpr Placement TrackReadOut(int id, int x, int row) {
+    return {id, x, kTrackY + kTrackTextDrop + row * kTrackPitchY};
+}
+
+constexpr Placement DiscReadOut(int id, int x, int row) {
+    return {id, x, kDiscReadOutY + row * kDiscReadOutPitch};
 }
 
 constexpr Placement kCdPlacements[] = {
     {IDC_DISC_TITLE, 8, 27},
     {IDC_TRACK_TITLE, 8, 41},
     {IDC_CD_ANIMATION, 8, 56},
-    ReadOut(IDC_TRACK_NUMBER_LABEL, kReadOutX, 0),
-    ReadOut(IDC_TRACK_NUMBER, kReadOutValueX, 0),
-    ReadOut(IDC_TRACK_LENGTH_LABEL, kReadOutX, 1),
-    ReadOut(IDC_TRACK_LENGTH, kReadOutValueX, 1),
-    ReadOut(IDC_TIME_LABEL, kReadOutX, 2),
-    ReadOut(IDC_TIME, kReadOutValueX, 2),
-    ReadOut(IDC_REMAINING_LABEL, kReadOutX, 3),
-    ReadOut(IDC_REMAINING, kReadOutValueX, 3),
-    ReadOut(IDC_TOTAL_TRACKS_LABEL, kReadOutX, 4),
-    ReadOut(IDC_TOTAL_TRACKS, kReadOutValueX, 4),
-    ReadOut(IDC_DISC_LENGTH_LABEL, kReadOutX, 5),
-    ReadOut(IDC_DISC_LENGTH, kReadOutValueX, 5),
-    ReadOut(IDC_TOTAL_PLAYING_LABEL, kReadOutX, 6),
-    ReadOut(IDC_TOTAL_PLAYING, kReadOutValueX, 6),
-    ReadOut(IDC_TOTAL_REMAINING_LABEL, kReadOutX, 7),
-    ReadOut(IDC_TOTAL_REMAINING, kReadOutValueX, 7),
+    TrackReadOut(IDC_TRACK_NUMBER_LABEL, kTrackReadOutX, 0),
+    TrackReadOut(IDC_TRACK_NUMBER, kTrackReadOutValueX, 0),
+    TrackReadOut(IDC_TRACK_LENGTH_LABEL, kTrackReadOutX, 1),
+    TrackReadOut(IDC_TRACK_LENGTH, kTrackReadOutValueX, 1),
+    TrackReadOut(IDC_TIME_LABEL, kTrackReadOutX, 2),
+    TrackReadOut(IDC_TIME, kTrackReadOutValueX, 2),
+    TrackReadOut(IDC_REMAINING_LABEL, kTrackReadOutX, 3),
+    TrackReadOut(IDC_REMAINING, kTrackReadOutValueX, 3),
+    DiscReadOut(IDC_TOTAL_TRACKS_LABEL, kDiscReadOutX, 0),
+    DiscReadOut(IDC_TOTAL_TRACKS, kDiscReadOutValueX, 0),
+    DiscReadOut(IDC_DISC_LENGTH_LABEL, kDiscReadOutX, 1),
+    DiscReadOut(IDC_DISC_LENGTH, kDiscReadOutValueX, 1),
+    DiscReadOut(IDC_TOTAL_PLAYING_LABEL, kDiscReadOutX, 2),
+    DiscReadOut(IDC_TOTAL_PLAYING, kDiscReadOutValueX, 2),
+    DiscReadOut(IDC_TOTAL_REMAINING_LABEL, kDiscReadOutX, 3),
+    DiscReadOut(IDC_TOTAL_REMAINING, kDiscReadOutValueX, 3),
     {IDC_SCROLL_LEFT, 20, 221},
     {IDC_SCROLL_RIGHT, 496, 221},
     {IDC_CD_STATUS, 70, 240},
-    {IDC_CD_PLAY, 8, kTransportY},
-    {IDC_CD_PAUSE, 70, kTransportY},
-    {IDC_CD_STOP, 132, kTransportY},
-    {IDC_SKIP_BACK, 194, kTransportY},
-    {IDC_SKIP_FORWARD, 256, kTransportY},
-    {IDC_ENTRY, 400, kTransportY},
-    {IDC_GARNISH, 462, kTransportY},
-    {IDC_CD_PLAY_LABEL, 8, kTransportLabelY},
-    {IDC_CD_PAUSE_LABEL, 70, kTransportLabelY},
-    {IDC_CD_STOP_LABEL, 132, kTransportLabelY},
-    {IDC_SKIP_BACK_LABEL, 194, kTransportLabelY},
-    {IDC_SKIP_FORWARD_LABEL, 256, kTransportLabelY},
-    {IDC_ENTRY_LABEL, 400, kTransportLabelY},
-    {IDC_GARNISH_LABEL, 462, kTransportLabelY},
+    TransportButton(IDC_CD_PLAY, 0),
+    TransportButton(IDC_CD_PAUSE, 1),
+    TransportButton(IDC_CD_STOP, 2),
+    TransportButton(IDC_SKIP_BACK, 3),
+    TransportButton(IDC_SKIP_FORWARD, 4),
+    TransportButton(IDC_ENTRY, 5),
+    TransportButton(IDC_GARNISH, 6),
+    TransportLabel(IDC_CD_PLAY_LABEL, 0),
+    TransportLabel(IDC_CD_PAUSE_LABEL, 1),
+    TransportLabel(IDC_CD_STOP_LABEL, 2),
+    TransportLabel(IDC_SKIP_BACK_LABEL, 3),
+    TransportLabel(IDC_SKIP_FORWARD_LABEL, 4),
+    TransportLabel(IDC_ENTRY_LABEL, 5),
+    TransportLabel(IDC_GARNISH_LABEL, 6),
 };
 
 // Placed here, but shown by the player as the disc and the drive ask for it.
 constexpr Placement kCdOwnPlacements[] = {
-    {IDC_EJECT, 318, kTransportY}, {IDC_EJECT_LABEL, 318, kTransportLabelY},
-    {IDC_NEXT_PAGE, 140, 177},     {IDC_NEXT_PAGE_LABEL, 128, 201},
-    {IDC_PREVIOUS_PAGE, 238, 177}, {IDC_PREVIOUS_PAGE_LABEL, 226, 201},
+    TransportButton(IDC_EJECT, 7), TransportLabel(IDC_EJECT_LABEL, 7),
+    {IDC_NEXT_PAGE, 161, 177},     {IDC_NEXT_PAGE_LABEL, 149, 201},
+    {IDC_PREVIOUS_PAGE, 255, 177}, {IDC_PREVIOUS_PAGE_LABEL, 243, 201},
 };
-
-// Track buttons: three rows of five, each with its number below.
-constexpr int kTracksPerRow = 5;
-constexpr int kTrackX = 112;
-constexpr int kTrackY = 58;
-constexpr int kTrackPitchX = 44;
-constexpr int kTrackPitchY = 39;
-constexpr int kTrackLabelDrop = 24;
 
 constexpr Placement kScrollInFileMode = {IDC_SCROLL, 129, 51};
 constexpr Placement kScrollInCdMode = {IDC_SCROLL, 70, 220};

@@ -70,6 +70,7 @@ static void RunCommand(HWND window, int id) {
 }
 
 static void GuardedCommand(HWND window, int id) {
+    FinishDirectoryChange();
     const bool outer = InCommand;
     InCommand = true;
     RunCommand(window, id);
@@ -81,6 +82,8 @@ static void GuardedCommand(HWND window, int id) {
 // parameter.
 static bool IsDiscRequest(WPARAM wParam, LPARAM lParam, int& track) {
     if (LOWORD(wParam) != IDC_CD_PLAY) return false;
+    // A click carries the button's handle, which may look like anything.
+    if (reinterpret_cast<HWND>(lParam) == GetDlgItem(MainWindow, IDC_CD_PLAY)) return false;
     if (HIWORD(lParam) == kCommandLineMarker) {
         track = LOWORD(lParam);
         return true;
@@ -113,6 +116,12 @@ static void OnEnter(HWND window) {
     }
 }
 
+// The second of two quick clicks on a picture button arrives under a name of its own.
+static bool IsClick(int id, int notification) {
+    return notification == BN_CLICKED ||
+           (notification == BN_DOUBLECLICKED && CurrentFace(id) != nullptr);
+}
+
 static void OnControl(HWND window, int id, int notification) {
     if (id == IDC_FILE_LIST) {
         if (notification == LBN_DBLCLK) GuardedCommand(window, IDC_PLAY);
@@ -120,7 +129,7 @@ static void OnControl(HWND window, int id, int notification) {
         if (notification == EN_KILLFOCUS && !InCommand && !InCdMode()) OnLeaveDirectoryField();
     } else if (id == IDOK) {
         OnEnter(window);
-    } else if (id >= IDC_ABOUT && id <= IDC_DIRECTORY && notification == BN_CLICKED) {
+    } else if (id >= IDC_ABOUT && id <= IDC_DIRECTORY && IsClick(id, notification)) {
         GuardedCommand(window, id);
     }
 }

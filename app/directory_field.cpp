@@ -10,25 +10,63 @@
 #include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
 
+constexpr UINT kReleasePollMs = 20;
+
+// What waits for the mouse button.
+struct PendingChange {
+    bool fill = false;
+    bool keepSelection = false;
+    bool invalidPath = false;
+};
+static PendingChange Pending;
+
 static bool IsSameDirectory(const std::string& a, const std::string& b) {
     return lstrcmpiA(a.c_str(), b.c_str()) == 0;
+}
+
+static bool IsMouseButtonHeld() {
+    return GetKeyState(VK_LBUTTON) < 0;
+}
+
+// The typed text as the mode's directory. True when it is another than before.
+static bool TakeTypedDirectory(std::string& directory, bool& invalid) {
+    const std::string typed = ControlText(MainWindow, IDC_DIRECTORY);
+    // A directory that was not touched stays, even one that cannot be entered at the moment.
+    if (IsSameDirectory(typed, directory)) return false;
+    std::string checked;
+    invalid = !CheckTypedDirectory(typed, checked);
+    if (invalid) return false;
+    const bool changed = !IsSameDirectory(checked, directory);
+    directory = checked;
+    return changed;
 }
 
 void OnLeaveDirectoryField() {
     std::string* directory = ModeDirectory();
     if (directory == nullptr) return;
-    const std::string typed = ControlText(MainWindow, IDC_DIRECTORY);
-    // A directory that was not touched stays, even one that cannot be entered at the moment.
-    bool unchanged = IsSameDirectory(typed, *directory);
-    std::string checked;
-    if (!unchanged && CheckTypedDirectory(typed, checked)) {
-        unchanged = IsSameDirectory(checked, *directory);
-        *directory = checked;
-    } else if (!unchanged) {
-        unchanged = true;
-        PostMessageA(MainWindow, kInvalidPathMessage, 0, 0);
+    bool invalid = false;
+    const bool changed = TakeTypedDirectory(*directory, invalid);
+    Pending = {true, !changed && (!Pending.fill || Pending.keepSelection),
+               invalid || Pending.invalidPath};
+    if (IsMouseButtonHeld()) {
+        SetTimer(MainWindow, ID_DIRECTORY_TIMER, kReleasePollMs, nullptr);
+    } else {
+        OnDirectoryTimer();
     }
-    FillModeList(unchanged);
+}
+
+void OnDirectoryTimer() {
+    if (IsMouseButtonHeld()) return;
+    KillTimer(MainWindow, ID_DIRECTORY_TIMER);
+    FinishDirectoryChange();
+    if (Pending.invalidPath) PostMessageA(MainWindow, kInvalidPathMessage, 0, 0);
+    Pending.invalidPath = false;
+}
+
+void FinishDirectoryChange() {
+    if (!Pending.fill) return;
+    Pending.fill = false;
+    FillModeList(Pending.keepSelection);
 }
 
 void OnInvalidPath() {

@@ -63,6 +63,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCom
     RecoverDatabase();
     if (CreateMainWindow() == nullptr) return 1;
     ShowWindow(MainWindow, showCommand);
+    // A request that waits in the queue may take its time; the window is drawn before.
+    UpdateWindow(MainWindow);
     const int exitCode = RunMessageLoop();
     FreeSkin();
     FreeClickSound();

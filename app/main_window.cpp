@@ -76,6 +76,10 @@ static LRESULT OnColorWindow(HDC dc) {
 }
 
 static void OnTimer(UINT_PTR id) {
+    if (id == ID_DIRECTORY_TIMER) {
+        OnDirectoryTimer();
+        return;
+    }
     // A box opened by a tick lets further ticks through.
     static bool inTimer = false;
     if (inTimer) return;
@@ -127,7 +131,7 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
             if (!IsBlocked(window)) ShutDown();
             return 0;
         case WM_ENDSESSION:
-            if (wParam) WriteSettings();
+            if (wParam && !ShuttingDown) WriteSettings();
             return 0;
         case WM_TIMER:
             OnTimer(wParam);

@@ -66,6 +66,7 @@ void ChangeMode(HWND window, int mode) {
     const bool visible = IsWindowVisible(window) != FALSE;
     HoldDrawing(window);
     CutPlayQueue();
+    MediaDevice.playAndExit = false;
     if (mode == IDC_MODE_CDPLAYER) {
         ChangeToCdPlayer(window);
     } else {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "resources/ids.h"
+
 // How much of a catalogue entry is shown.
 enum class DatabaseLayout { kSimple, kAdvanced };
 
@@ -19,8 +21,8 @@ struct SearchSettings {
     bool caseSensitive = false;
     bool textSearch = true;
     bool entireDatabase = true;
-    int radioId = 1802;  // the search dialog's chosen radio button, 1802 to 1811
-    std::string text;    // at most 254 characters
+    int radioId = IDC_SEARCH_RADIO_FIRST;  // up to IDC_SEARCH_RADIO_LAST
+    std::string text;                      // at most 254 characters
 };
 
 // The in-memory copy of the file. The initial values are the built-in ones, in force when the

@@ -99,7 +99,7 @@ void OnCdPause() {
     }
     DWORD mode = 0;
     const MCIERROR error = QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
-    if (error != 0) ReportMediaError(error);
+    if (error != 0) ReportDiscError(error);
     if (mode != MCI_MODE_PLAY) return;
     CdPlayer.paused = true;
     SendToCd(MCI_PAUSE, 0);
@@ -129,7 +129,7 @@ void OnSkipBack() {
     DWORD packed = 0;
     const MCIERROR error = QueryStatus(CdDevice(), MCI_STATUS_POSITION, packed);
     if (error != 0) {
-        ReportMediaError(error);
+        ReportDiscError(error);
         return;
     }
     const int target = SkipBackTarget(CdPlayer.currentTrack, CdPlayer.toc.trackCount,

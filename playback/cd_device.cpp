@@ -26,7 +26,7 @@ static MCIERROR Send(UINT message, DWORD_PTR flags, Parameters& parameters) {
 }
 
 static bool Checked(MCIERROR error) {
-    if (error != 0) ReportMediaError(error);
+    if (error != 0) ReportDiscError(error);
     return error == 0;
 }
 
@@ -44,7 +44,7 @@ bool OpenCdDevice() {
     open.lpstrDeviceType = "cdaudio";
     const MCIERROR error = Send(MCI_OPEN, MCI_OPEN_TYPE | MCI_WAIT, open);
     if (error != 0) {
-        if (!IsDriverMissing(error)) ReportMediaError(error);
+        if (!IsDriverMissing(error)) ReportDiscError(error);
         return false;
     }
     Device = open.wDeviceID;

@@ -27,7 +27,7 @@ static bool QueryReportedOnce(DWORD item, bool& failing, DWORD& value) {
     const MCIERROR error = QueryStatus(CdDevice(), item, value);
     const bool first = error != 0 && !failing;
     failing = error != 0;
-    if (first) ReportMediaError(error);
+    if (first) ReportDiscError(error);
     return error == 0;
 }
 
@@ -71,7 +71,7 @@ static void ReadToc() {
     CdPlayer.trackStale = true;
     // A drive that still spins up knows its medium before it can read it. The first tick after that
     // finds another number of tracks and reads again.
-    if (error != 0 && CdPlayer.state != DiscState::kEmpty) ReportMediaError(error);
+    if (error != 0 && CdPlayer.state != DiscState::kEmpty) ReportDiscError(error);
 }
 
 static void TakeDisc() {

@@ -39,16 +39,10 @@ static const FilePlayer* CurrentPlayer() {
     return nullptr;
 }
 
-static void SetRepeat(bool repeat) {
-    PlayQueue.repeat = repeat;
-    InvalidateRect(GetDlgItem(MainWindow, IDC_REPEAT), nullptr, FALSE);
-}
-
 static void ReportMissingDriver(const char* text) {
     StopPositionTimer();
     StopAnimationTimer();
     SetRepeat(false);
-    MediaDevice.playAndExit = false;
     ShowStatus("Ready");
     ShowMessage(text);
 }
@@ -64,11 +58,7 @@ static void OpenNextFile() {
     SetControlText(MainWindow, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
     const std::string path = PlayQueue.directory + *name;
     const std::string shown = DisplayName(path, *name);
-    if (!OpenAndPlay(path)) {
-        // The program stays to show what went wrong.
-        MediaDevice.playAndExit = false;
-        return;
-    }
+    if (!OpenAndPlay(path)) return;
     SetControlText(MainWindow, IDC_FILE_NAME, shown);
     AdvanceQueue(PlayQueue);
 }
@@ -82,18 +72,17 @@ static void StartNewQueue() {
     if (PlayQueue.filesLeft == 0) return;
     ShowStatus("Playing");
     OpenNextFile();
-    if (!MediaDevice.open) return;
-    StartPositionTimer();
-    StartAnimationTimer();
+    StartPlayTimers();
 }
 
 void OnPlay() {
-    if (CurrentPlayer() == nullptr) return;
     if (MediaDevice.open && MediaDevice.paused) {
         ResumePlay();
-    } else {
+    } else if (CurrentPlayer() != nullptr) {
         StartNewQueue();
     }
+    // A request to end with the queue does not wait for another queue.
+    if (!MediaDevice.open) MediaDevice.playAndExit = false;
 }
 
 void OnStop() {
@@ -193,9 +182,7 @@ static void EndScroll(int position) {
     ShowPosition(ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll));
     SetPositionThumb(position);
     ShowStatus(MediaDevice.paused ? "Paused" : "Playing");
-    if (MediaDevice.paused) return;
-    StartPositionTimer();
-    if (PlayMode != IDC_MODE_VIDEO) StartAnimationTimer();
+    if (!MediaDevice.paused) StartPlayTimers();
 }
 
 static void EndScrollAtThumb() {

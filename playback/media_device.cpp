@@ -6,6 +6,7 @@
 #include "app/program_state.h"
 #include "playback/mci.h"
 #include "playback/media_error.h"
+#include "playback/play_queue.h"
 #include "playback/play_time.h"
 #include "playback/player_timers.h"
 #include "playback/position_bar.h"
@@ -95,16 +96,13 @@ bool CloseIfStopped() {
     DWORD mode = 0;
     if (!QueryDevice(MCI_STATUS_MODE, mode) || mode != MCI_MODE_STOP) return false;
     MCI_GENERIC_PARMS generic = {};
-    const MCIERROR error =
-        Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
+    if (!SendToDevice(MCI_CLOSE, MCI_WAIT, &generic)) return false;
     if (PlayMode == IDC_MODE_VIDEO) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
     ForgetDevice();
-    if (error == 0) return true;
-    ReportMediaError(error);
-    return false;
+    return true;
 }
 
-static void StartPlayTimers() {
+void StartPlayTimers() {
     if (!MediaDevice.open) return;
     StartPositionTimer();
     if (PlayMode != IDC_MODE_VIDEO) StartAnimationTimer();
@@ -165,4 +163,10 @@ void ShowPosition(int64_t milliseconds) {
 
 void ShowStatus(const char* text) {
     SetControlText(MainWindow, IDC_STATUS, text);
+}
+
+void SetRepeat(bool repeat) {
+    if (PlayQueue.repeat == repeat) return;
+    PlayQueue.repeat = repeat;
+    InvalidateRect(GetDlgItem(MainWindow, IDC_REPEAT), nullptr, FALSE);
 }

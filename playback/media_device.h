@@ -43,13 +43,16 @@ bool OpenAndPlay(const std::string& path);
 // Stops and closes the device, if one is open, and blanks the read-outs.
 void StopAndReset();
 
-// True when no device is open, or when it had stopped and is closed now.
+// True when no device is open, or when it had stopped and is closed now. Failures are reported,
+// which ends the queue.
 bool CloseIfStopped();
 
 // Pause or resume; to be called only while a device is open.
 void TogglePause();
 // Plays on from the pause.
 void ResumePlay();
+// The timers of a playing file, while a device is open.
+void StartPlayTimers();
 
 // Plays from there; while paused the device moves there and stays still. Clamped to the file.
 void SeekDevice(int32_t milliseconds);
@@ -59,3 +62,5 @@ void SetLengthDisplay(int32_t lengthMs);
 // The position read-out; a position beyond the length is shown as it is.
 void ShowPosition(int64_t milliseconds);
 void ShowStatus(const char* text);
+// Switches the queue's repeat and repaints its button.
+void SetRepeat(bool repeat);

@@ -4,9 +4,7 @@
 #include "app/program_state.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
-#include "playback/play_queue.h"
 #include "playback/player_timers.h"
-#include "resources/ids.h"
 #include "ui/boxes.h"
 
 static void FetchErrorText(MCIERROR code) {
@@ -17,10 +15,7 @@ static void FetchErrorText(MCIERROR code) {
 
 void ReportMediaError(MCIERROR code) {
     FetchErrorText(code);
-    if (!InCdMode() && PlayQueue.repeat) {
-        PlayQueue.repeat = false;
-        InvalidateRect(GetDlgItem(MainWindow, IDC_REPEAT), nullptr, FALSE);
-    }
+    if (!InCdMode()) SetRepeat(false);
     StopPositionTimer();
     StopCdTimer();
     StopAnimationTimer();
@@ -31,4 +26,13 @@ void ReportMediaError(MCIERROR code) {
         StartCdTimer();
         StartAnimationTimer();
     }
+}
+
+void ReportDiscError(MCIERROR code) {
+    if (InCdMode()) {
+        ReportMediaError(code);
+        return;
+    }
+    FetchErrorText(code);
+    ShowMessageText();
 }

@@ -1,4 +1,4 @@
-// The texts of every read-out in milliseconds or frames.
+// The texts of every read-out in milliseconds.
 #pragma once
 
 #include <cstdint>

@@ -8,6 +8,7 @@
 // Timers of the main window: the first is shared by the file modes and the CD player.
 #define ID_POSITION_TIMER 1
 #define ID_ANIMATION_TIMER 2
+#define ID_DIRECTORY_TIMER 3
 
 // Shared by several dialogs
 #define IDC_OK 326
@@ -181,7 +182,7 @@
 #define IDC_ENTRY_DISC_COUNT 1798
 #define IDC_ENTRY_DISC_COUNT_CAPTION 1799
 
-// The search dialog's twelve kinds of search, saved in the settings
+// The search dialog's radio buttons that the settings save
 #define IDC_SEARCH_RADIO_FIRST 1802
 #define IDC_SEARCH_RADIO_LAST 1811
 

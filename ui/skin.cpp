@@ -74,7 +74,7 @@ struct BitmapResource {
 
 // False when there is no such resource or it is not a 16-colour picture with its sizes filled in.
 static bool FindBitmapResource(int id, BitmapResource& found) {
-    HRSRC resource = FindResourceA(ProgramInstance, MAKEINTRESOURCEA(id), MAKEINTRESOURCEA(2));
+    HRSRC resource = FindResourceA(ProgramInstance, MAKEINTRESOURCEA(id), RT_BITMAP);
     if (resource == nullptr) return false;
     const size_t size = SizeofResource(ProgramInstance, resource);
     const auto* bytes =
@@ -82,11 +82,13 @@ static bool FindBitmapResource(int id, BitmapResource& found) {
     BITMAPINFOHEADER header;
     if (bytes == nullptr || size < sizeof header) return false;
     memcpy(&header, bytes, sizeof header);
-    if (header.biSize < sizeof header || header.biSize > size) return false;
-    const size_t afterHeader = size - header.biSize;
-    if (header.biClrUsed > afterHeader / sizeof(RGBQUAD)) return false;
-    const size_t afterTable = afterHeader - header.biClrUsed * sizeof(RGBQUAD);
-    if (header.biSizeImage > afterTable) return false;
+    if (header.biSize != sizeof header || header.biBitCount != 4) return false;
+    if (header.biClrUsed != kColorCount || header.biWidth <= 0 || header.biHeight <= 0)
+        return false;
+    const size_t headerAndTable = sizeof header + kColorCount * sizeof(RGBQUAD);
+    if (size < headerAndTable || header.biSizeImage > size - headerAndTable) return false;
+    const uint64_t rowBytes = (static_cast<uint64_t>(header.biWidth) + 7) / 8 * 4;
+    if (rowBytes * static_cast<uint64_t>(header.biHeight) > header.biSizeImage) return false;
     found = {bytes, header.biSize, header.biClrUsed, header.biSizeImage};
     return true;
 }

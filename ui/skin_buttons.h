@@ -5,7 +5,7 @@
 
 #include "ui/skin_map.h"
 
-// Draws edge and face for a WM_DRAWITEM. Does nothing for an action that changes no picture.
+// Draws edge and face for a WM_DRAWITEM.
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face);
 
 // Makes the button as large as its face and edge, centred in the place that the template gave it, a

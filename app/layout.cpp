@@ -1,6 +1,8 @@
 // Which controls of the main window belong to which kind of mode, and where they stand.
 #include "app/layout.h"
 
+#include <vector>
+
 #include "app/main_buttons.h"
 #include "app/scale.h"
 #include "resources/ids.h"
@@ -117,24 +119,34 @@ constexpr Placement kCdOwnPlacements[] = {
 constexpr Placement kScrollInFileMode = {IDC_SCROLL, 129, 51};
 constexpr Placement kScrollInCdMode = {IDC_SCROLL, 70, 220};
 
-// How far each picture button stands inside the place its template gave it.
-static POINT ButtonInsets[kMainButtonCount];
+// How far a picture button stands inside the place its template gave it.
+struct ButtonInset {
+    int id;
+    POINT inset;
+};
+static std::vector<ButtonInset> ButtonInsets;
+
+static void FitButton(HWND window, int id, const SkinFace& face) {
+    HWND button = GetDlgItem(window, id);
+    RECT before = {};
+    RECT after = {};
+    GetWindowRect(button, &before);
+    FitSkinButton(button, face);
+    GetWindowRect(button, &after);
+    ButtonInsets.push_back({id, {after.left - before.left, after.top - before.top}});
+}
 
 void PrepareLayout(HWND window) {
-    for (int i = 0; i < kMainButtonCount; ++i) {
-        HWND button = GetDlgItem(window, kMainButtons[i].controlId);
-        RECT before;
-        RECT after;
-        GetWindowRect(button, &before);
-        FitSkinButton(button, kMainButtons[i].face);
-        GetWindowRect(button, &after);
-        ButtonInsets[i] = {after.left - before.left, after.top - before.top};
-    }
+    ButtonInsets.clear();
+    for (const DialogButton& button : MainButtons())
+        FitButton(window, button.controlId, button.face);
+    for (int id = IDC_TRACK_FIRST; id <= IDC_TRACK_LAST; ++id)
+        FitButton(window, id, kFaceTrack);
 }
 
 static POINT InsetOf(int id) {
-    for (int i = 0; i < kMainButtonCount; ++i) {
-        if (kMainButtons[i].controlId == id) return ButtonInsets[i];
+    for (const ButtonInset& button : ButtonInsets) {
+        if (button.id == id) return button.inset;
     }
     return {0, 0};
 }

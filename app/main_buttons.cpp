@@ -6,7 +6,7 @@
 #include "playback/play_queue.h"
 #include "resources/ids.h"
 
-const DialogButton kMainButtons[kMainButtonCount] = {
+constexpr DialogButton kMainButtons[] = {
     {IDC_MODE_WAVE, kFaceTabWave},
     {IDC_MODE_MIDI, kFaceTabMidi},
     {IDC_MODE_VIDEO, kFaceTabVideo},
@@ -37,22 +37,11 @@ const DialogButton kMainButtons[kMainButtonCount] = {
     {IDC_GARNISH, kFaceGarnish},
     {IDC_NEXT_PAGE, kFacePageUp},
     {IDC_PREVIOUS_PAGE, kFacePageDown},
-    {IDC_TRACK_FIRST, kFaceTrack},
-    {IDC_TRACK_FIRST + 1, kFaceTrack},
-    {IDC_TRACK_FIRST + 2, kFaceTrack},
-    {IDC_TRACK_FIRST + 3, kFaceTrack},
-    {IDC_TRACK_FIRST + 4, kFaceTrack},
-    {IDC_TRACK_FIRST + 5, kFaceTrack},
-    {IDC_TRACK_FIRST + 6, kFaceTrack},
-    {IDC_TRACK_FIRST + 7, kFaceTrack},
-    {IDC_TRACK_FIRST + 8, kFaceTrack},
-    {IDC_TRACK_FIRST + 9, kFaceTrack},
-    {IDC_TRACK_FIRST + 10, kFaceTrack},
-    {IDC_TRACK_FIRST + 11, kFaceTrack},
-    {IDC_TRACK_FIRST + 12, kFaceTrack},
-    {IDC_TRACK_FIRST + 13, kFaceTrack},
-    {IDC_TRACK_FIRST + 14, kFaceTrack},
 };
+
+std::span<const DialogButton> MainButtons() {
+    return kMainButtons;
+}
 
 static const SkinFace* SelectedTab() {
     switch (PlayMode) {
@@ -70,7 +59,9 @@ static const SkinFace* SelectedTab() {
 const SkinFace* CurrentFace(int controlId) {
     if (controlId == PlayMode) return SelectedTab();
     if (controlId == IDC_REPEAT && PlayQueue.repeat) return &kFaceRepeatOn;
-    if (IsTrackHighlighted(controlId)) return &kFaceTrackPlaying;
+    if (controlId >= IDC_TRACK_FIRST && controlId <= IDC_TRACK_LAST) {
+        return IsTrackHighlighted(controlId) ? &kFaceTrackPlaying : &kFaceTrack;
+    }
     for (const DialogButton& button : kMainButtons) {
         if (button.controlId == controlId) return &button.face;
     }

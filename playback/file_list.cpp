@@ -4,11 +4,13 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "app/program_state.h"
 #include "app/settings.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
+#include "ui/handles.h"
 
 static HWND FileList() {
     return GetDlgItem(MainWindow, IDC_FILE_LIST);
@@ -97,30 +99,55 @@ std::vector<std::string> SelectedFileNames(size_t limit) {
     return names;
 }
 
+static int FindEntry(const std::string& name) {
+    return static_cast<int>(SendMessageA(FileList(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                         reinterpret_cast<LPARAM>(name.c_str())));
+}
+
 // What the user had marked in the list, by name.
 struct ListMarks {
-    std::vector<std::string> selected;
+    std::unordered_set<std::string> selected;
     std::string top;
+    std::string caret;
 };
 
 static ListMarks TakeMarks() {
-    const LRESULT top = SendMessageA(FileList(), LB_GETTOPINDEX, 0, 0);
-    return {SelectedFileNames(static_cast<size_t>(SelectedFileCount())),
-            ListEntryText(static_cast<int>(top))};
-}
-
-static LRESULT FindEntry(const std::string& name) {
-    return SendMessageA(FileList(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                        reinterpret_cast<LPARAM>(name.c_str()));
+    const std::vector<std::string> names =
+        SelectedFileNames(static_cast<size_t>(SelectedFileCount()));
+    return {{names.begin(), names.end()},
+            ListEntryText(static_cast<int>(SendMessageA(FileList(), LB_GETTOPINDEX, 0, 0))),
+            ListEntryText(static_cast<int>(SendMessageA(FileList(), LB_GETCARETINDEX, 0, 0)))};
 }
 
 static void RestoreMarks(const ListMarks& marks) {
-    for (const std::string& name : marks.selected) {
-        const LRESULT index = FindEntry(name);
-        if (index != LB_ERR) SendMessageA(FileList(), LB_SETSEL, TRUE, index);
+    const auto count = static_cast<int>(SendMessageA(FileList(), LB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count && !marks.selected.empty(); ++i) {
+        if (marks.selected.count(ListEntryText(i)) != 0)
+            SendMessageA(FileList(), LB_SETSEL, TRUE, i);
     }
-    const LRESULT top = marks.top.empty() ? LB_ERR : FindEntry(marks.top);
+    const int caret = marks.caret.empty() ? LB_ERR : FindEntry(marks.caret);
+    if (caret != LB_ERR) {
+        SendMessageA(FileList(), LB_SETCARETINDEX, static_cast<WPARAM>(caret), FALSE);
+    }
+    const int top = marks.top.empty() ? LB_ERR : FindEntry(marks.top);
     if (top != LB_ERR) SendMessageA(FileList(), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
+}
+
+// Names wider than the list can be scrolled to.
+static void SetListExtent() {
+    const UniqueWindowDc dc = GetUniqueDc(FileList());
+    const SelectedObject font =
+        SelectInto(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(FileList(), WM_GETFONT, 0, 0)));
+    LONG widest = 0;
+    const auto count = static_cast<int>(SendMessageA(FileList(), LB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) {
+        const std::string text = ListEntryText(i);
+        SIZE size = {};
+        GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &size);
+        widest = std::max(widest, size.cx);
+    }
+    constexpr LONG margin = 4;
+    SendMessageA(FileList(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
 }
 
 static void AddModeFiles(const std::string& directory) {
@@ -142,6 +169,7 @@ void FillModeList(bool keepSelection) {
     SendMessageA(FileList(), WM_SETREDRAW, FALSE, 0);
     SendMessageA(FileList(), LB_RESETCONTENT, 0, 0);
     AddModeFiles(*directory);
+    SetListExtent();
     RestoreMarks(marks);
     SendMessageA(FileList(), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(FileList(), nullptr, TRUE);
@@ -159,7 +187,7 @@ std::string DisplayName(const std::string& path, const std::string& name) {
 }
 
 bool SelectFileByName(const std::string& name) {
-    LRESULT index = FindEntry(name);
+    int index = FindEntry(name);
     if (index == LB_ERR && ModeDirectory() != nullptr) {
         index = FindEntry(DisplayName(*ModeDirectory() + name, name));
     }

@@ -3,7 +3,6 @@
 
 #include "app/program_state.h"
 #include "resources/ids.h"
-#include "ui/boxes.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 #include "ui/frame_stepping.h"
@@ -36,7 +35,7 @@ static void DrawAboutFrame(HWND dialog) {
 
 static INT_PTR CALLBACK CreditsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
-    if (HandleDialogLook(dialog, message, wParam, lParam, kAboutButtons, result)) return result;
+    if (HandleBoxLook(dialog, message, wParam, lParam, kAboutButtons, result)) return result;
     switch (message) {
         case WM_INITDIALOG:
             PrepareDialog(dialog, kAboutButtons);
@@ -89,8 +88,7 @@ static bool OnAboutCommand(HWND dialog, WPARAM wParam) {
 
 static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
-    if (IsPureFocusChange(message, lParam)) return TRUE;
-    if (HandleDialogLook(dialog, message, wParam, lParam, kAboutButtons, result)) {
+    if (HandleBoxLook(dialog, message, wParam, lParam, kAboutButtons, result)) {
         if (message == WM_PAINT) DrawAboutFrame(dialog);
         return result;
     }

@@ -15,12 +15,6 @@ constexpr DialogButton kMessageButtons[] = {{IDC_OK, kFaceOk}};
 constexpr DialogButton kQuestionButtons[] = {{IDC_QUESTION_OK, kFaceOk},
                                              {IDC_QUESTION_CANCEL, kFaceCancel}};
 
-bool IsPureFocusChange(UINT message, LPARAM lParam) {
-    if (message != WM_DRAWITEM) return false;
-    const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-    return item.itemAction == ODA_FOCUS && !(item.itemState & ODS_SELECTED);
-}
-
 static void OnInitBox(HWND dialog, std::span<const DialogButton> buttons, int sound) {
     PrepareDialog(dialog, buttons);
     SetDlgItemTextA(dialog, IDC_MESSAGE_TEXT, MessageText);
@@ -29,8 +23,7 @@ static void OnInitBox(HWND dialog, std::span<const DialogButton> buttons, int so
 
 static INT_PTR CALLBACK MessageProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
-    if (IsPureFocusChange(message, lParam)) return TRUE;
-    if (HandleDialogLook(dialog, message, wParam, lParam, kMessageButtons, result)) return result;
+    if (HandleBoxLook(dialog, message, wParam, lParam, kMessageButtons, result)) return result;
     switch (message) {
         case WM_INITDIALOG:
             OnInitBox(dialog, kMessageButtons, IDS_SOUND_MESSAGE);
@@ -67,8 +60,7 @@ static bool OnQuestionCommand(HWND dialog, WPARAM wParam) {
 
 static INT_PTR CALLBACK QuestionProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
-    if (IsPureFocusChange(message, lParam)) return TRUE;
-    if (HandleDialogLook(dialog, message, wParam, lParam, kQuestionButtons, result)) return result;
+    if (HandleBoxLook(dialog, message, wParam, lParam, kQuestionButtons, result)) return result;
     switch (message) {
         case WM_INITDIALOG:
             QuestionAnswer = kAnswerCancel;

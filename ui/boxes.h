@@ -19,8 +19,5 @@ extern int QuestionAnswer;
 void ShowMessage(const std::string& text);
 // True when the user pressed OK.
 bool AskQuestion(const std::string& text);
-// True for a button drawing that only moves the focus cue: the boxes leave such a button alone.
-bool IsPureFocusChange(UINT message, LPARAM lParam);
-
 // Shows MessageText as it stands.
 void ShowMessageText();

@@ -66,6 +66,20 @@ bool HandleDialogLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
     }
 }
 
+static bool IsPureFocusChange(const DRAWITEMSTRUCT& item) {
+    return item.itemAction == ODA_FOCUS && !(item.itemState & ODS_SELECTED);
+}
+
+bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
+                   std::span<const DialogButton> buttons, INT_PTR& result) {
+    if (message == WM_DRAWITEM &&
+        IsPureFocusChange(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam))) {
+        result = TRUE;
+        return true;
+    }
+    return HandleDialogLook(dialog, message, wParam, lParam, buttons, result);
+}
+
 int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
                 int cancelId) {
     const int id = LOWORD(wParam);

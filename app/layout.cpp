@@ -46,8 +46,8 @@ constexpr Placement TransportLabel(int id, int column) {
 
 // The track's read-outs stand beside the track buttons, a row for each of theirs and one for the
 // page buttons; the disc's stand in the lower left corner.
-constexpr int kTrackReadOutX = 360;
-constexpr int kTrackReadOutValueX = 474;
+constexpr int kTrackReadOutX = 352;
+constexpr int kTrackReadOutValueX = 464;
 constexpr int kDiscReadOutX = kColumns[0];
 constexpr int kDiscReadOutValueX = 172;
 constexpr int kDiscReadOutY = 346;

@@ -16,21 +16,29 @@ static const char kCreditsText[] =
     "Tarnwell 1.1e\r\n"
     "\r\n"
     "Thanks to everyone who sent in a disc list, reported a track that would not play, or "
-    "lent us a drive that spun when ours did not.\r\n"
+    "lent us a drive.\r\n"
     "\r\n"
-    "Thanks to the testers who pulled the disc out while it was playing.\r\n"
+    "Thanks to the testers who pulled discs out as they played.\r\n"
     "\r\n"
     "And thank you for listening.";
 
 static uint16_t AboutFrame;
 
-static void DrawAboutFrame(HWND dialog) {
+static RECT AnimationArea(HWND dialog) {
     RECT area;
     GetWindowRect(GetDlgItem(dialog, IDC_ABOUT_ANIMATION), &area);
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&area), 2);
-    DrawStripFrame(dialog, kAboutStrip, AboutFrame,
-                   CenteredIn(area.left, area.right - area.left, kAboutStrip.frame.width),
-                   CenteredIn(area.top, area.bottom - area.top, kAboutStrip.frame.height), true);
+    return area;
+}
+
+static void DrawAboutFrame(HWND dialog) {
+    const RECT place = PicturePlace(AnimationArea(dialog), kAboutStrip.frame);
+    DrawStripFrame(dialog, kAboutStrip, AboutFrame, place.left, place.top, true);
+}
+
+static void PaintAnimation(HWND dialog) {
+    DrawMount(dialog, AnimationArea(dialog), kAboutStrip.frame);
+    DrawAboutFrame(dialog);
 }
 
 static INT_PTR CALLBACK CreditsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -89,7 +97,7 @@ static bool OnAboutCommand(HWND dialog, WPARAM wParam) {
 static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
     if (HandleBoxLook(dialog, message, wParam, lParam, kAboutButtons, result)) {
-        if (message == WM_PAINT) DrawAboutFrame(dialog);
+        if (message == WM_PAINT) PaintAnimation(dialog);
         return result;
     }
     switch (message) {

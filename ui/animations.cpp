@@ -69,13 +69,6 @@ void ShowAnimationAreas(HWND window) {
     ShowControl(window, IDC_SPRITE_STRIP, IsEnabled(current));
 }
 
-// Where an area's picture stands: in its middle.
-static RECT PicturePlace(const RECT& area, const SkinSize& size) {
-    const int x = CenteredIn(area.left, area.right - area.left, size.width);
-    const int y = CenteredIn(area.top, area.bottom - area.top, size.height);
-    return {x, y, x + size.width, y + size.height};
-}
-
 static void DrawFrame(HWND window, int index) {
     const SkinStrip* strip = kAnimations[index].strip;
     if (strip == nullptr || !IsEnabled(index)) return;
@@ -100,35 +93,11 @@ static void FillStrip(HWND window) {
     FillRect(dc.get(), &inside, GetSysColorBrush(COLOR_BTNFACE));
 }
 
-static bool Contains(const RECT& outer, const RECT& inner) {
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
-
-// The ground that a mode's picture is drawn for, inside the area's etched frame. Where there is
-// room, the picture is sunk into a raised plate.
-static void DrawMount(HWND window, const RECT& area, const RECT& picture) {
-    constexpr int kFrame = 2;
-    constexpr int kPlate = 10;
-    const UniqueWindowDc dc = GetUniqueDc(window);
-    RECT inside = area;
-    InflateRect(&inside, -kFrame, -kFrame);
-    // What the picture will cover is left alone, so that a repaint does not flicker.
-    ExcludeClipRect(dc.get(), picture.left, picture.top, picture.right, picture.bottom);
-    FillRect(dc.get(), &inside, GetSysColorBrush(COLOR_BTNFACE));
-    RECT bezel = picture;
-    InflateRect(&bezel, 1, 1);
-    if (Contains(inside, bezel)) DrawEdge(dc.get(), &bezel, BDR_SUNKENOUTER, BF_RECT);
-    RECT plate = picture;
-    InflateRect(&plate, kPlate, kPlate);
-    if (Contains(inside, plate)) DrawEdge(dc.get(), &plate, BDR_RAISEDINNER, BF_RECT);
-}
-
 void DrawAnimations(HWND window) {
     const int current = CurrentIndex();
     if (!IsEnabled(current)) return;
     if (const SkinStrip* strip = kAnimations[current].strip) {
-        DrawMount(window, Areas[current], PicturePlace(Areas[current], strip->frame));
+        DrawMount(window, Areas[current], strip->frame);
         DrawFrame(window, current);
     }
     FillStrip(window);

@@ -1,0 +1,284 @@
+// The decorative animations as they appear on the screen: the pictures found there are compared
+// with those in the program's resources.
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "tests/desktop/desktop_test.h"
+#include "ui/skin_map.h"
+
+// Pixels from the top row down, as 0x00RRGGBB.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<uint32_t> pixels;
+
+    uint32_t At(int x, int y) const { return pixels[static_cast<size_t>(y * width + x)]; }
+};
+
+static Picture ReadBitmap(HDC dc, HBITMAP bitmap, int width, int height) {
+    Picture picture = {width, height, {}};
+    picture.pixels.resize(static_cast<size_t>(width * height));
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    GetDIBits(dc, bitmap, 0, static_cast<UINT>(height), picture.pixels.data(), &info,
+              DIB_RGB_COLORS);
+    for (uint32_t& pixel : picture.pixels)
+        pixel &= 0xFFFFFF;
+    return picture;
+}
+
+// What the screen shows where a control stands.
+static Picture Photograph(HWND control) {
+    RECT place = {};
+    GetWindowRect(control, &place);
+    const int width = place.right - place.left;
+    const int height = place.bottom - place.top;
+    HDC screen = GetDC(nullptr);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
+    SelectObject(memory, old);
+    const Picture picture = ReadBitmap(memory, bitmap, width, height);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return picture;
+}
+
+static Picture LoadStrip(const SkinStrip& strip) {
+    HMODULE module = LoadLibraryExA(getenv("TARNWELL_EXE"), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const auto bitmap = static_cast<HBITMAP>(
+        LoadImageA(module, MAKEINTRESOURCEA(strip.id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+    HDC screen = GetDC(nullptr);
+    Picture picture =
+        ReadBitmap(screen, bitmap, strip.frame.width * strip.frames, strip.frame.height);
+    ReleaseDC(nullptr, screen);
+    DeleteObject(bitmap);
+    FreeLibrary(module);
+    return picture;
+}
+
+// A strip as the program's resources have it.
+static const Picture& Frames(const SkinStrip& strip) {
+    static std::map<int, Picture> loaded;
+    const auto found = loaded.find(strip.id);
+    return found != loaded.end() ? found->second
+                                 : loaded.emplace(strip.id, LoadStrip(strip)).first->second;
+}
+
+// These follow the system's colours; only the others are compared.
+static bool IsReserved(uint32_t color) {
+    return color == 0xC0C0C0 || color == 0xFFFFFF || color == 0x808080;
+}
+
+static bool ShowsFrame(const Picture& screen, int left, int top, const Picture& strip,
+                       SkinSize size, int frame) {
+    for (int y = 0; y < size.height; ++y) {
+        for (int x = 0; x < size.width; ++x) {
+            const uint32_t wanted = strip.At(frame * size.width + x, y);
+            if (!IsReserved(wanted) && screen.At(left + x, top + y) != wanted) return false;
+        }
+    }
+    return true;
+}
+
+// The frame that stands in the middle of the control; -1 for none.
+static int FrameIn(HWND control, const SkinStrip& strip) {
+    const Picture& frames = Frames(strip);
+    const Picture screen = Photograph(control);
+    const int left = (screen.width - strip.frame.width) / 2;
+    const int top = (screen.height - strip.frame.height) / 2;
+    for (int frame = 0; frame < strip.frames; ++frame) {
+        if (ShowsFrame(screen, left, top, frames, strip.frame, frame)) return frame;
+    }
+    return -1;
+}
+
+// Where the sprite is in the strip control, counted from the control's top edge, and its frame.
+struct SpritePlace {
+    int y;
+    int frame;
+    bool operator==(const SpritePlace&) const = default;
+};
+
+static std::optional<SpritePlace> FindSprite(const Picture& screen, const SkinStrip& sprite) {
+    const Picture& frames = Frames(sprite);
+    const int left = (screen.width - sprite.frame.width) / 2;
+    for (int y = 0; y + sprite.frame.height <= screen.height; ++y) {
+        for (int frame = 0; frame < sprite.frames; ++frame) {
+            if (ShowsFrame(screen, left, y, frames, sprite.frame, frame))
+                return SpritePlace{y, frame};
+        }
+    }
+    return std::nullopt;
+}
+
+// Inside the strip's frame there is nothing of the program's beside the sprite.
+static bool IsBare(const Picture& screen, int spriteY, uint32_t ground) {
+    for (int y = 1; y < screen.height - 1; ++y) {
+        if (y >= spriteY && y < spriteY + kWaveSprite.frame.height) continue;
+        for (int x = 1; x < screen.width - 1; ++x) {
+            if (screen.At(x, y) != ground) return false;
+        }
+    }
+    return true;
+}
+
+struct ModeCase {
+    int tab;
+    int area;  // 0 for video
+    const SkinStrip* strip;
+    const SkinStrip* sprite;
+};
+constexpr ModeCase kModes[] = {
+    {IDC_MODE_CDPLAYER, IDC_CD_ANIMATION, &kCdStrip, &kCdSprite},
+    {IDC_MODE_MIDI, IDC_MIDI_ANIMATION, &kMidiStrip, &kMidiSprite},
+    {IDC_MODE_VIDEO, 0, nullptr, &kVideoSprite},
+    {IDC_MODE_WAVE, IDC_WAVE_ANIMATION, &kWaveStrip, &kWaveSprite},
+};
+
+class AnimationsTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        // The pointer must not stand in a picture.
+        MoveMouse({0, 0});
+    }
+    void SwitchAnimations(const char* value) {
+        for (const char* key : {"WaveAnimation", "MidiAnimation", "VideoAnimation", "CDAnimation"})
+            PutSetting(player, key, value);
+    }
+    int Frame(const ModeCase& mode) {
+        return FrameIn(Control(player.window, mode.area), *mode.strip);
+    }
+    Picture Strip() { return Photograph(Control(player.window, IDC_SPRITE_STRIP)); }
+    std::optional<SpritePlace> Sprite(const SkinStrip& sprite) {
+        return FindSprite(Strip(), sprite);
+    }
+};
+
+TEST_F(AnimationsTest, EachModeShowsItsOwnAndOnlyWhenSwitchedOn) {
+    for (const bool on : {true, false}) {
+        SwitchAnimations(on ? "On" : "Off");
+        for (const char* start : {"cdplayer", "wave"}) {
+            ASSERT_NO_FATAL_FAILURE(StartIn(start));
+            for (const ModeCase& mode : kModes) {
+                SCOPED_TRACE("mode " + std::to_string(mode.tab) + (on ? ", on" : ", off"));
+                Command(player.window, mode.tab);
+                EXPECT_TRUE(WaitUntil([&] {
+                    return std::ranges::all_of(kModes, [&](const ModeCase& other) {
+                        return other.area == 0 ||
+                               IsShown(player.window, other.area) == (on && &other == &mode);
+                    });
+                }));
+                EXPECT_TRUE(
+                    WaitUntil([&] { return IsShown(player.window, IDC_SPRITE_STRIP) == on; }));
+                EXPECT_TRUE(WaitUntil([&] { return Sprite(*mode.sprite).has_value() == on; }));
+                if (mode.area != 0) {
+                    EXPECT_TRUE(WaitUntil([&] { return (Frame(mode) >= 0) == on; }));
+                }
+            }
+        }
+    }
+}
+
+TEST_F(AnimationsTest, PlayingStepsTheFramesAndTheSpriteInItsBounds) {
+    const ModeCase& wave = kModes[3];
+    AddMedia("tone.wav", WaveFile(60000));
+    SwitchAnimations("On");
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    const int lower = Strip().height - 1 - kWaveSprite.frame.height;
+    EXPECT_TRUE(WaitUntil([&] { return Sprite(kWaveSprite) == SpritePlace{1, 0}; }));
+    EXPECT_EQ(Frame(wave), 0);
+
+    ASSERT_NO_FATAL_FAILURE(Play({"tone.wav"}));
+    const Picture start = Strip();
+    const uint32_t ground = start.At(1, start.height - 2);
+    std::set<int> frames;
+    bool cameDown = false;
+    bool cameUp = false;
+    EXPECT_TRUE(WaitUntil(
+        [&] {
+            const Picture strip = Strip();
+            const std::optional<SpritePlace> sprite = FindSprite(strip, kWaveSprite);
+            EXPECT_TRUE(sprite && sprite->y >= 1 && sprite->y <= lower) << "left its strip";
+            if (!sprite) return true;
+            EXPECT_TRUE(IsBare(strip, sprite->y, ground)) << "left a trace at " << sprite->y;
+            cameDown = cameDown || sprite->frame == 1;
+            cameUp = cameUp || (cameDown && sprite->frame == 0);
+            frames.insert(Frame(wave));
+            return (cameUp && frames.size() == 4) || HasFailure();
+        },
+        60000));
+    EXPECT_EQ(frames, (std::set<int>{0, 1, 2, 3}));
+}
+
+TEST_F(AnimationsTest, NothingIsDrawnByTicksWhenSwitchedOff) {
+    AddMedia("tone.wav", WaveFile(60000));
+    SwitchAnimations("Off");
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    ASSERT_NO_FATAL_FAILURE(Play({"tone.wav"}));
+    const Picture strip = Strip();
+    // Several ticks of both timers.
+    ASSERT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 1500; }));
+    EXPECT_EQ(Frame(kModes[3]), -1);
+    EXPECT_EQ(Strip().pixels, strip.pixels);
+}
+
+TEST_F(AnimationsTest, DiscTurnsOnlyWhilePlayingAndSeen) {
+    if (GetFileAttributesA("c:\\windows\\system32\\vdrive.dll") == INVALID_FILE_ATTRIBUTES) {
+        GTEST_SKIP() << "the virtual drive is not registered here";
+    }
+    const ModeCase& disc = kModes[0];
+    WriteFileBytes(player.directory + "long.cue", "TRACK 1 AUDIO\nREM LENGTH 10:00:00\n");
+    WriteFileBytes(player.directory + "tray.txt", "long.cue\n");
+    SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", (player.directory + "tray.txt").c_str());
+    SwitchAnimations("On");
+    ASSERT_NO_FATAL_FAILURE(StartIn("cdplayer"));
+    SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", nullptr);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
+    EXPECT_TRUE(WaitUntil([&] { return Frame(disc) == 0; }));
+    EXPECT_FALSE(WaitUntil([&] { return Frame(disc) != 0; }, 1000)) << "turns without playing";
+
+    Command(player.window, IDC_CD_PLAY);
+    ASSERT_TRUE(WaitUntil([&] { return Frame(disc) >= 2; }));
+    EXPECT_GT(Sprite(kCdSprite).value_or(SpritePlace{0, 0}).y, 1);
+    Command(player.window, IDC_CD_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+    const int frame = Frame(disc);
+    const std::optional<SpritePlace> sprite = Sprite(kCdSprite);
+    ASSERT_GE(frame, 2);
+    ASSERT_TRUE(sprite);
+    // Repaints, each waited for by the colour it brings, show the same again.
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    for (const COLORREF color : {RGB(0x20, 0x60, 0x90), face}) {
+        const uint32_t ground = static_cast<uint32_t>(GetRValue(color) << 16 |
+                                                      GetGValue(color) << 8 | GetBValue(color));
+        ASSERT_TRUE(ChangeSystemColour(player, COLOR_BTNFACE, color));
+        EXPECT_TRUE(WaitUntil([&] { return IsBare(Strip(), sprite->y, ground); }));
+        EXPECT_TRUE(WaitUntil([&] { return Frame(disc) == frame; }));
+        EXPECT_EQ(Sprite(kCdSprite), sprite);
+    }
+    EXPECT_FALSE(WaitUntil([&] { return Frame(disc) != frame; }, 1000)) << "turns while paused";
+
+    Command(player.window, IDC_CD_PLAY);
+    ASSERT_TRUE(WaitUntil([&] { return Frame(disc) != frame; }));
+    ShowWindow(player.window, SW_MINIMIZE);
+    ASSERT_TRUE(WaitUntil([&] { return IsIconic(player.window) != FALSE; }));
+    EXPECT_FALSE(WaitUntil([&] { return !IsIconic(player.window); }, 2000));
+    Command(player.window, IDC_CD_PAUSE);
+    ShowWindow(player.window, SW_RESTORE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+    int after = -1;
+    EXPECT_TRUE(WaitUntil([&] { return (after = Frame(disc)) >= 0; }));
+    // A tick before and one after the time in which six were ignored.
+    EXPECT_LE((after - frame + kCdStrip.frames) % kCdStrip.frames, 4);
+}

@@ -76,20 +76,26 @@ static void DrawFrame(HWND window, int index) {
     DrawStripFrame(window, *strip, Frames[index], place.left, place.top, true);
 }
 
+static int SpriteX() {
+    return CenteredIn(StripArea.left, StripArea.right - StripArea.left, kCdSprite.frame.width);
+}
+
 static void DrawSprite(HWND window, int index) {
     if (!IsEnabled(index)) return;
     const SkinStrip& strip = *kAnimations[index].sprite;
-    const int x = CenteredIn(StripArea.left, StripArea.right - StripArea.left, strip.frame.width);
     // The video picture owns the palette in its mode.
     const bool usePalette = PlayMode != IDC_MODE_VIDEO;
-    DrawStripFrame(window, strip, SpriteFrame(Sprite), x, Sprite.y, usePalette);
+    DrawStripFrame(window, strip, SpriteFrame(Sprite), SpriteX(), Sprite.y, usePalette);
 }
 
-// The ground that the sprite is drawn for, inside the strip's one-pixel frame.
+// The ground that the sprite is drawn for, inside the strip's one-pixel frame, and around the
+// sprite, so that it does not flash.
 static void FillStrip(HWND window) {
     RECT inside = StripArea;
     InflateRect(&inside, -1, -1);
     const UniqueWindowDc dc = GetUniqueDc(window);
+    ExcludeClipRect(dc.get(), SpriteX(), Sprite.y, SpriteX() + kCdSprite.frame.width,
+                    Sprite.y + kCdSprite.frame.height);
     FillRect(dc.get(), &inside, GetSysColorBrush(COLOR_BTNFACE));
 }
 

@@ -24,20 +24,13 @@ static const char kCreditsText[] =
 
 static uint16_t AboutFrame;
 
-static RECT AnimationArea(HWND dialog) {
-    RECT area;
-    GetWindowRect(GetDlgItem(dialog, IDC_ABOUT_ANIMATION), &area);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&area), 2);
-    return area;
-}
-
 static void DrawAboutFrame(HWND dialog) {
-    const RECT place = PicturePlace(AnimationArea(dialog), kAboutStrip.frame);
+    const RECT place = PicturePlace(ControlRect(dialog, IDC_ABOUT_ANIMATION), kAboutStrip.frame);
     DrawStripFrame(dialog, kAboutStrip, AboutFrame, place.left, place.top, true);
 }
 
 static void PaintAnimation(HWND dialog) {
-    DrawMount(dialog, AnimationArea(dialog), kAboutStrip.frame);
+    DrawMount(dialog, ControlRect(dialog, IDC_ABOUT_ANIMATION), kAboutStrip.frame);
     DrawAboutFrame(dialog);
 }
 

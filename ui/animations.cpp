@@ -30,13 +30,6 @@ static uint16_t Frames[kAnimationCount];
 static RECT StripArea;
 static SpriteState Sprite;
 
-static RECT ControlRect(HWND window, int id) {
-    RECT place;
-    GetWindowRect(GetDlgItem(window, id), &place);
-    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
 static int CurrentIndex() {
     for (int i = 0; i < kAnimationCount; ++i) {
         if (kAnimations[i].mode == PlayMode) return i;

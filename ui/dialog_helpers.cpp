@@ -91,6 +91,13 @@ int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> button
     return onOwnButton ? focused : okId;
 }
 
+RECT ControlRect(HWND dialog, int controlId) {
+    RECT place = {};
+    GetWindowRect(GetDlgItem(dialog, controlId), &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
 std::string ControlText(HWND dialog, int controlId) {
     HWND control = GetDlgItem(dialog, controlId);
     std::string text(static_cast<size_t>(GetWindowTextLengthA(control)) + 1, '\0');

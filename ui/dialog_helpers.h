@@ -40,6 +40,9 @@ HBRUSH ColorEntryField(HDC dc);
 int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
                 int cancelId);
 
+// A control's rectangle in the dialog's client coordinates.
+RECT ControlRect(HWND dialog, int controlId);
+
 // A control's text as it stands, of any length.
 std::string ControlText(HWND dialog, int controlId);
 void SetControlText(HWND dialog, int controlId, const std::string& text);

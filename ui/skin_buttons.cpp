@@ -46,7 +46,8 @@ void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face) {
     CopyFromSkin(item.hDC, 1, 1, face.grid->slot, source);
 }
 
-// The large buttons have their label below and stand right above it; the others have it beside them.
+// The large buttons have their label below and stand right above it; the others have it beside
+// them.
 static bool HasLabelBelow(const SkinFace& face) {
     return face.grid == &kMainButtonGrid || face.grid == &kDialogButtonGrid ||
            face.grid == &kMenuButtonGrid;

@@ -1,8 +1,11 @@
-// The catalogue's entries, packed one behind the other; each knows where it begins and ends.
+// The demo's catalogue, packed by the product's own encoder.
 #include "demo/media/catalogue_maker.h"
 
+#include <iterator>
 #include <string>
 
+#include "cddb/database_format.h"
+#include "cddb/disc_entry.h"
 #include "demo/media/disc_maker.h"
 
 struct CatalogueTrack {
@@ -18,39 +21,26 @@ struct CatalogueDisc {
     std::vector<CatalogueTrack> tracks;
 };
 
-static void PutCounted(Bytes& bytes, const std::string& text) {
-    bytes.push_back(static_cast<uint8_t>(text.size()));
-    PutText(bytes, text.substr(0, 254));
-}
-
 static void PutDisc(Bytes& file, const CatalogueDisc& disc) {
-    const size_t start = file.size();
-    uint32_t total = 0;
-    for (const CatalogueTrack& track : disc.tracks)
-        total += track.seconds;
-    PutLittle32(file, 0);
-    PutLittle16(file, 0);
-    PutLittle16(file, total);
-    PutLittle16(file, disc.tracks.front().seconds);
-    file.push_back(static_cast<uint8_t>(disc.tracks.size()));
+    DiscToc toc;
+    EntryFields fields;
     for (const CatalogueTrack& track : disc.tracks) {
-        PutCounted(file, track.name);
-        PutLittle16(file, track.seconds);
+        const auto seconds = static_cast<uint16_t>(track.seconds);
+        toc.lengthSeconds[toc.trackCount] = seconds;
+        toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + seconds);
+        fields.trackNames[toc.trackCount++] = track.name;
     }
-    PutCounted(file, disc.artist);
-    PutCounted(file, disc.title);
-    PutCounted(file, disc.category);
-    PutCounted(file, disc.label);
-    PutCounted(file, disc.notes);
-    file.push_back(disc.recording);
-    file.push_back(disc.type);
-    file.push_back(disc.size);
-    PutCounted(file, disc.year);
-    PutLittle32(file, static_cast<uint32_t>(start));
-    SetLittle32(file, start, static_cast<uint32_t>(file.size()));
-    const size_t entrySize = file.size() - start - 4;
-    file[start + 4] = static_cast<uint8_t>(entrySize & 255);
-    file[start + 5] = static_cast<uint8_t>(entrySize >> 8);
+    fields.artist = disc.artist;
+    fields.discName = disc.title;
+    fields.category = disc.category;
+    fields.label = disc.label;
+    fields.notes = disc.notes;
+    fields.yearReleased = disc.year;
+    fields.recordingCode = disc.recording;
+    fields.discType = disc.type;
+    fields.discSize = disc.size;
+    const Bytes entry = EncodeEntry(toc, fields, static_cast<uint32_t>(file.size()));
+    file.insert(file.end(), entry.begin(), entry.end());
 }
 
 static CatalogueDisc EntryOfDemoDisc(const DemoDisc& demo) {
@@ -153,7 +143,7 @@ static std::vector<CatalogueDisc> InventedShelf() {
 Bytes PackCatalogue(const DemoDisc& knownDisc) {
     std::vector<CatalogueDisc> discs = InventedShelf();
     discs.insert(discs.begin() + 3, EntryOfDemoDisc(knownDisc));
-    Bytes file = {0xFF, 'Q', 'M', 'R', 0x00, 0x0A};
+    Bytes file(std::begin(kHeaderMark), std::end(kHeaderMark));
     PutLittle16(file, static_cast<uint32_t>(discs.size()));
     for (const CatalogueDisc& disc : discs)
         PutDisc(file, disc);

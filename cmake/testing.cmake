@@ -44,11 +44,12 @@ function(tarnwell_windows_test name)
   endif()
 endfunction()
 
-# tarnwell_desktop_test(name [DPI n] [SCREEN geometry] [FILTER pattern] PROGRAM target): runs a
-# program that drives the product from outside, on a fresh desktop and with nothing beside it.
+# tarnwell_desktop_test(name [DPI n] [SCREEN geometry] [FILTER pattern] [EXECUTABLE path] PROGRAM
+# target): runs a program that drives the product (this build's, or the given one) from outside, on a
+# fresh desktop and with nothing beside it.
 # Does nothing where the product is not built.
 function(tarnwell_desktop_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DPI;SCREEN;FILTER;PROGRAM" "")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DPI;SCREEN;FILTER;EXECUTABLE;PROGRAM" "")
   if(NOT TARGET tarnwell)
     return()
   endif()
@@ -59,13 +60,16 @@ function(tarnwell_desktop_test name)
   if(arg_SCREEN)
     list(APPEND desktop --screen ${arg_SCREEN})
   endif()
+  if(NOT arg_EXECUTABLE)
+    set(arg_EXECUTABLE $<TARGET_FILE:tarnwell>)
+  endif()
   set(filter)
   if(arg_FILTER)
     set(filter --gtest_filter=${arg_FILTER})
   endif()
   _tarnwell_add_test(${name} ${desktop} wine $<TARGET_FILE:${arg_PROGRAM}> ${filter})
   set_tests_properties(${name} PROPERTIES
-    RUN_SERIAL ON ENVIRONMENT "TARNWELL_EXE=$<TARGET_FILE:tarnwell>")
+    RUN_SERIAL ON ENVIRONMENT "TARNWELL_EXE=${arg_EXECUTABLE}")
 endfunction()
 
 # tarnwell_fuzz_test(name sources...): a libFuzzer target over the pure procedures; a short bounded

@@ -36,6 +36,19 @@ TEST_F(PlaybackTest, QueuePlaysEveryFileAndCountsDown) {
     EXPECT_TRUE(WaitForSilence());
 }
 
+TEST_F(PlaybackTest, MoreFilesThanTheQueueHolds) {
+    const std::string file = WaveFile(2000);
+    for (int i = 0; i < 1100; ++i)
+        AddMedia(std::to_string(i) + ".wav", file);
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    EXPECT_EQ(Shown(IDC_LIST_COUNT), "1100 Wave Files:");
+    SelectAll(List(), true);
+    Command(player.window, IDC_PLAY);
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "0.wav"));
+    EXPECT_EQ(Shown(IDC_SELECTED_COUNT), "1100");
+    EXPECT_EQ(Shown(IDC_FILES_LEFT), "1023");
+}
+
 TEST_F(PlaybackTest, PausedFileIsSilentAndStaysWhereItIs) {
     AddMedia("long.wav", WaveFile(20000));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));

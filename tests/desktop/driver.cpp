@@ -108,10 +108,11 @@ bool StartProgram(Program& program, const std::string& arguments) {
     program.process = StartProcess(program, arguments);
     if (!program.process) return false;
     const DWORD processId = GetProcessId(program.process);
-    return WaitUntil([&] {
+    const bool shown = WaitUntil([&] {
         program.window = FindMainWindow(processId);
         return program.window != nullptr;
     });
+    return shown && Settle(program);
 }
 
 static int WaitForExit(HANDLE process, int deadlineMs) {
@@ -167,6 +168,17 @@ void Command(HWND dialog, int id, int notification) {
     PostMessageA(dialog, WM_COMMAND,
                  MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
                  reinterpret_cast<LPARAM>(Control(dialog, id)));
+}
+
+bool Settle(const Program& program) {
+    // A message sent from outside can be answered in the middle of a command; one that is posted is
+    // not. This one's effect is seen nowhere but here.
+    HWND field = Control(program.window, IDC_DIRECTORY);
+    const LRESULT modified = Send(field, EM_GETMODIFY, 0, 0);
+    PostMessageA(field, EM_SETMODIFY, !modified, 0);
+    const bool settled = WaitUntil([&] { return Send(field, EM_GETMODIFY, 0, 0) == !modified; });
+    Send(field, EM_SETMODIFY, static_cast<WPARAM>(modified), 0);
+    return settled;
 }
 
 bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs) {
@@ -248,6 +260,10 @@ void MoveMouse(POINT at) {
 
 void HoldMouse(POINT at) {
     MoveMouse(at);
+    WaitUntil([&] {
+        POINT now = {};
+        return GetCursorPos(&now) && now.x == at.x && now.y == at.y;
+    });
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
 }
 

@@ -32,7 +32,8 @@ void PutSetting(const Program& program, const char* key, const char* value,
                 const char* section = "MAIN");
 std::string GetSetting(const Program& program, const char* key, const char* section = "MAIN");
 
-// Starts the program with this text, unquoted, behind its name; waits for the visible main window.
+// Starts the program with this text, unquoted, behind its name; waits for the visible main window
+// and for what it does at its start.
 bool StartProgram(Program& program, const std::string& arguments = "");
 
 // Starts a second instance and gives its exit code, -1 if it does not end. The first one's window
@@ -52,6 +53,8 @@ std::string Title(HWND window);
 bool IsShown(HWND dialog, int id);
 // A WM_COMMAND as the control would send it; posted, because it may open a modal dialog.
 void Command(HWND dialog, int id, int notification = 0);
+// Waits until every command posted so far has been carried out, or has opened a dialog.
+bool Settle(const Program& program);
 // Waits for a text of a control.
 bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs = kDeadlineMs);
 

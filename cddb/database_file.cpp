@@ -1,11 +1,11 @@
 // Questions to the disc database.
 #include "cddb/database_file.h"
 
-#include <cstring>
 #include <vector>
 
 #include "app/app_directory.h"
 #include "cddb/database_format.h"
+#include "cddb/database_header.h"
 #include "cddb/database_recovery.h"
 #include "cddb/database_walk.h"
 
@@ -24,10 +24,7 @@ static void CreateEmptyDatabase() {
     if (DatabaseFiles.open(path.c_str(), FileMode::createNew, &file.handle) != FileStatus::ok) {
         return;
     }
-    uint8_t header[kHeaderBytes] = {};
-    std::memcpy(header, kHeaderMark, sizeof kHeaderMark);
-    const bool written = WriteAt(file.handle, 0, header, sizeof header) == FileStatus::ok &&
-                         DatabaseFiles.flush(file.handle) == FileStatus::ok;
+    const bool written = WriteEmptyHeader(file.handle) == FileStatus::ok;
     CloseFile(file);
     if (!written) DatabaseFiles.remove(path.c_str());
 }

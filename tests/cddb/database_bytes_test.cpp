@@ -57,6 +57,7 @@ static void Append(const Disc& disc) {
 }
 
 TEST_F(DatabaseBytes, EmptyFileAndFirstEntry) {
+    CopyDiscToc(SampleDisc(1, 2).toc);
     EXPECT_EQ(AppendEntry({}), DatabaseResult::cannotOpen);
     EnsureDatabase();
     EXPECT_EQ(Bytes(), std::string("\xFFQMR\0\n\0\0", 8));

@@ -106,15 +106,14 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
 
 void ShowEntryDialog(HWND owner, const DiscToc& disc) {
     // Told before anything is typed that could not be saved; looking is still possible.
-    if (RepairDatabase() == DatabaseResult::damaged) {
-        ShowMessage(DatabaseResultText(DatabaseResult::damaged));
-    }
+    const bool damaged = RepairDatabase() == DatabaseResult::damaged;
     EntryToShow entry = {disc, {}};
-    const DatabaseResult result = ReadEntryToShow(entry);
-    if (result != DatabaseResult::ok) {
-        ShowMessage(DatabaseResultText(result));
-        return;
+    const DatabaseResult read = ReadEntryToShow(entry);
+    const bool readable = read == DatabaseResult::ok;
+    if (damaged || !readable) {
+        ShowMessage(DatabaseResultText(readable ? DatabaseResult::damaged : read));
     }
+    if (!readable) return;
     DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_ENTRY), owner, EntryProcedure,
                     reinterpret_cast<LPARAM>(&entry));
 }

@@ -54,7 +54,7 @@ TEST(DatabaseSequence, StaysEqualToTheList) {
     UseMemoryFiles();
     EnsureDatabase();
     std::vector<Disc> discs;
-    for (int step = 0; step < 1200; ++step) {
+    for (int step = 0; step < 800; ++step) {
         SCOPED_TRACE(step);
         const uint32_t kind = random() % 16;
         const Disc fresh = RandomDisc(random);

@@ -163,13 +163,6 @@ static bool IsAdvancedLayout() {
     return Settings.databaseLayout == DatabaseLayout::kAdvanced;
 }
 
-static int LeftEdgeInDialog(HWND dialog, int controlId) {
-    RECT place = {};
-    GetWindowRect(GetDlgItem(dialog, controlId), &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place.left;
-}
-
 static void MeasureLayouts(HWND dialog) {
     RECT window = {};
     RECT client = {};
@@ -178,7 +171,7 @@ static void MeasureLayouts(HWND dialog) {
     int simpleEdge = client.right;
     for (const ControlRange& range : kAdvanced) {
         for (int id = range.first; id <= range.last; ++id) {
-            simpleEdge = std::min(simpleEdge, LeftEdgeInDialog(dialog, id));
+            simpleEdge = std::min<int>(simpleEdge, ControlRect(dialog, id).left);
         }
     }
     Sheet.fullWidth = window.right - window.left;

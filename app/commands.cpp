@@ -12,6 +12,7 @@
 #include "resources/ids.h"
 #include "ui/about_box.h"
 #include "ui/click_sounds.h"
+#include "ui/dialog_helpers.h"
 
 static void OnAbout() {
     PlayClickSound(IDS_SOUND_ABOUT);
@@ -116,12 +117,6 @@ static void OnEnter(HWND window) {
     }
 }
 
-// The second of two quick clicks on a picture button arrives under a name of its own.
-static bool IsClick(int id, int notification) {
-    return notification == BN_CLICKED ||
-           (notification == BN_DOUBLECLICKED && CurrentFace(id) != nullptr);
-}
-
 static void OnControl(HWND window, int id, int notification) {
     if (id == IDC_FILE_LIST) {
         if (notification == LBN_DBLCLK) GuardedCommand(window, IDC_PLAY);
@@ -129,7 +124,8 @@ static void OnControl(HWND window, int id, int notification) {
         if (notification == EN_KILLFOCUS && !InCommand && !InCdMode()) OnLeaveDirectoryField();
     } else if (id == IDOK) {
         OnEnter(window);
-    } else if (id >= IDC_ABOUT && id <= IDC_DIRECTORY && IsClick(id, notification)) {
+    } else if (id >= IDC_ABOUT && id <= IDC_DIRECTORY &&
+               IsClick(notification, CurrentFace(id) != nullptr)) {
         GuardedCommand(window, id);
     }
 }

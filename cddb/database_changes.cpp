@@ -6,89 +6,111 @@
 #include "app/app_directory.h"
 #include "cddb/database_file.h"
 #include "cddb/database_format.h"
+#include "cddb/database_header.h"
 #include "cddb/database_recovery.h"
 #include "cddb/database_rewrite.h"
 #include "cddb/database_walk.h"
+#include "cddb/disc_lookup.h"
+
+namespace {
+
+struct DatabaseEnd {
+    uint64_t sizeBytes = 0;
+    uint16_t entryCount = 0;
+    bool repaired = false;
+};
+
+enum class NewEntry { none, inPlace, atEnd };
+
+}  // namespace
 
 static DatabaseResult WriteResult(FileStatus status) {
     return status == FileStatus::diskFull ? DatabaseResult::diskFull : DatabaseResult::writeFailed;
 }
 
-// The last entry leads to the end of the file, and the count is 0 only when there is none.
-static bool EndsWithEntry(FileHandle file, uint64_t sizeBytes, uint16_t* entryCount) {
-    WindowReader reader;
-    StartReading(reader, file, kUnknownOffset);
-    if (!ReadEntryCount(reader, entryCount)) return false;
-    if (sizeBytes == kHeaderBytes || *entryCount == 0) {
-        return sizeBytes == kHeaderBytes && *entryCount == 0;
-    }
-    if (sizeBytes < kHeaderBytes + kMinEntryBytes) return false;
-    uint32_t lastStart = 0;
-    EntryHeader header;
-    reader.position = sizeBytes - kTrailerBytes;
-    return ReadU32(reader, &lastStart) && lastStart >= kHeaderBytes &&
-           ReadEntryHeader(reader, lastStart, &header) && header.nextOffset == sizeBytes &&
-           uint64_t{lastStart} + kNextOffsetBytes + header.entrySize == sizeBytes;
+// As many entries as counted lead from the header to the end of the file, so that look-ups reach an
+// entry behind them.
+static bool ChainFillsFile(WindowReader& reader, const DatabaseEnd& end) {
+    uint32_t chainEnd = 0;
+    return StepToEntry(reader, end.entryCount, &chainEnd) && chainEnd == end.sizeBytes;
 }
 
-static FileStatus WriteEntryCount(FileHandle file, uint32_t entryCount) {
-    uint8_t field[2];
-    PutU16(field, static_cast<uint16_t>(entryCount));
-    const FileStatus status = WriteAt(file, kCountOffset, field, sizeof field);
-    return status == FileStatus::ok ? DatabaseFiles.flush(file) : status;
+static DatabaseResult FindEnd(FileHandle file, DatabaseEnd* end) {
+    // Twice: what an ended or failed append left is put right; any other damage is left for the
+    // user to know.
+    for (const bool repairs : {true, false}) {
+        WindowReader reader;
+        StartReading(reader, file, kUnknownOffset);
+        if (DatabaseFiles.size(file, &end->sizeBytes) != FileStatus::ok) break;
+        if (ReadEntryCount(reader, &end->entryCount) && ChainFillsFile(reader, *end)) {
+            return DatabaseResult::ok;
+        }
+        if (reader.failed) break;
+        if (!repairs) return DatabaseResult::damaged;
+        const RecoveryResult repaired = RepairDatabaseEnd(file);
+        if (repaired == RecoveryResult::failed) break;
+        end->repaired = repaired == RecoveryResult::repaired;
+    }
+    return DatabaseResult::writeFailed;
 }
 
 // The count follows only when the entry is on the disk: a program ended in between leaves a whole
 // entry that is not counted yet, and recovery counts it.
-static FileStatus WriteNewEntry(FileHandle file, uint64_t entryStart, uint32_t entryCount,
+static FileStatus WriteNewEntry(FileHandle file, const DatabaseEnd& end,
                                 const std::vector<uint8_t>& bytes) {
     FileStatus status =
-        WriteAt(file, entryStart, bytes.data(), static_cast<uint32_t>(bytes.size()));
+        WriteAt(file, end.sizeBytes, bytes.data(), static_cast<uint32_t>(bytes.size()));
     if (status == FileStatus::ok) status = DatabaseFiles.flush(file);
-    if (status == FileStatus::ok) status = WriteEntryCount(file, entryCount);
+    if (status == FileStatus::ok) status = WriteEntryCount(file, end.entryCount + 1u);
     return status;
 }
 
-// Tries both steps whatever becomes of the first; recovery does what fails here.
-static void CutBack(FileHandle file, uint64_t sizeBytes, uint32_t entryCount) {
-    WriteEntryCount(file, entryCount);
-    DatabaseFiles.truncate(file, sizeBytes);
+// Tries every step whatever becomes of the others. A count that stays too high is put right by the
+// next start or append; an entry that stays could be counted then.
+static bool CutBack(FileHandle file, const DatabaseEnd& end) {
+    WriteEntryCount(file, end.entryCount);
+    const bool cut = DatabaseFiles.truncate(file, end.sizeBytes) == FileStatus::ok;
     DatabaseFiles.flush(file);
+    return cut;
+}
+
+static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd* end) {
+    const std::string path = InAppDirectory(kDatabaseName);
+    if (OpenPatiently(path.c_str(), FileMode::readWrite, file) != FileStatus::ok) {
+        return DatabaseResult::cannotOpen;
+    }
+    return FindEnd(file.handle, end);
+}
+
+DatabaseResult RepairDatabase() {
+    ScopedFile file;
+    DatabaseEnd end;
+    return OpenForAppend(file, &end);
 }
 
 DatabaseResult AppendEntry(const EntryFields& fields) {
+    if (DatabaseDisc.trackCount == 0) return DatabaseResult::noTracks;
     ScopedFile file;
-    if (OpenPatiently(InAppDirectory(kDatabaseName).c_str(), FileMode::readWrite, file) !=
-        FileStatus::ok) {
-        return DatabaseResult::cannotOpen;
+    DatabaseEnd end;
+    const DatabaseResult result = OpenForAppend(file, &end);
+    if (result != DatabaseResult::ok) return result;
+    // An append of this disc that was told as failed has come to light after all.
+    if (const uint32_t earlier = end.repaired ? FindDiscEntry(file.handle) : 0) {
+        CloseFile(file);
+        return ReplaceEntryAtEnd(earlier, fields);
     }
-    uint64_t sizeBytes = 0;
-    uint16_t entryCount = 0;
-    if (DatabaseFiles.size(file.handle, &sizeBytes) != FileStatus::ok) {
-        return DatabaseResult::writeFailed;
-    }
-    // An entry behind a broken end could not be reached. An earlier append that could not be taken
-    // back is put right here; any other damage is left for the user to know.
-    if (!EndsWithEntry(file.handle, sizeBytes, &entryCount)) {
-        const RecoveryResult repaired = RepairDatabaseEnd(file.handle);
-        if (repaired == RecoveryResult::failed) return DatabaseResult::writeFailed;
-        if (DatabaseFiles.size(file.handle, &sizeBytes) != FileStatus::ok) {
-            return DatabaseResult::writeFailed;
-        }
-        if (!EndsWithEntry(file.handle, sizeBytes, &entryCount)) return DatabaseResult::damaged;
-    }
-    if (entryCount == kMaxEntries || sizeBytes > UINT32_MAX - kMaxEntryBytes) {
+    if (end.entryCount == kMaxEntries || end.sizeBytes > UINT32_MAX - kMaxEntryBytes) {
         return DatabaseResult::full;
     }
     const std::vector<uint8_t> bytes =
-        EncodeEntry(DatabaseDisc, fields, static_cast<uint32_t>(sizeBytes));
-    const FileStatus status = WriteNewEntry(file.handle, sizeBytes, entryCount + 1u, bytes);
+        EncodeEntry(DatabaseDisc, fields, static_cast<uint32_t>(end.sizeBytes));
+    const FileStatus status = WriteNewEntry(file.handle, end, bytes);
     if (status == FileStatus::ok) return DatabaseResult::ok;
-    CutBack(file.handle, sizeBytes, entryCount);
-    return WriteResult(status);
+    return CutBack(file.handle, end) ? WriteResult(status) : DatabaseResult::notTakenBack;
 }
 
 static DatabaseResult PutEntry(RewriteTarget& target, const EntryFields& fields) {
+    if (DatabaseDisc.trackCount == 0) return DatabaseResult::noTracks;
     if (target.offset > UINT32_MAX - kMaxEntryBytes) return DatabaseResult::full;
     const std::vector<uint8_t> bytes =
         EncodeEntry(DatabaseDisc, fields, static_cast<uint32_t>(target.offset));
@@ -96,14 +118,22 @@ static DatabaseResult PutEntry(RewriteTarget& target, const EntryFields& fields)
     return DatabaseResult::ok;
 }
 
-namespace {
-
-enum class NewEntry { none, inPlace, atEnd };
-
-}  // namespace
+// Behind a broken end the new entry could not be reached.
+static DatabaseResult MendEnd(RewriteSource& source) {
+    DatabaseEnd end;
+    const DatabaseResult result = FindEnd(source.reader.file, &end);
+    StartReading(source.reader, source.reader.file, kUnknownOffset);
+    source.sizeBytes = end.sizeBytes;
+    source.entryCount = end.entryCount;
+    return result;
+}
 
 static DatabaseResult WriteWithout(RewriteSource& source, RewriteTarget& target,
                                    uint32_t entryStart, NewEntry place, const EntryFields* fields) {
+    if (place == NewEntry::atEnd) {
+        const DatabaseResult found = MendEnd(source);
+        if (found != DatabaseResult::ok) return found;
+    }
     uint64_t entryEnd = 0;
     if (source.entryCount == 0 ||
         !FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd)) {
@@ -120,8 +150,8 @@ static DatabaseResult WriteWithout(RewriteSource& source, RewriteTarget& target,
     uint64_t copiedTo = 0;
     result = CopyEntries(source, entryEnd, target, &copiedTo);
     if (result != DatabaseResult::ok) return result;
-    // Stray bytes at the end stay, unless an entry follows: it could not be reached behind them.
     if (place == NewEntry::atEnd) return PutEntry(target, *fields);
+    // Stray bytes at the end stay.
     return CopyBytes(source, copiedTo, source.sizeBytes - copiedTo, target);
 }
 
@@ -141,4 +171,22 @@ DatabaseResult ReplaceEntryAtEnd(uint32_t entryStart, const EntryFields& fields)
     return SafeRewrite([&](RewriteSource& source, RewriteTarget& target) {
         return WriteWithout(source, target, entryStart, NewEntry::atEnd, &fields);
     });
+}
+
+DatabaseResult SaveDisc(const EntryFields& fields, bool& known) {
+    DatabaseResult result = DatabaseResult::cannotOpen;
+    switch (LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::tryAgain)) {
+        case LookupResult::found:
+            result = known ? ReplaceEntryAtEnd(FoundEntryOffset, fields)
+                           : DatabaseResult::addedMeanwhile;
+            break;
+        case LookupResult::unknown:
+            result = AppendEntry(fields);
+            break;
+        case LookupResult::unreadable:
+            break;
+    }
+    // What is found next time may be the user's own entry.
+    if (result == DatabaseResult::notTakenBack) known = true;
+    return result;
 }

@@ -1,38 +1,20 @@
 // Puts right what a program that was ended in the middle of a write left behind.
 #include "cddb/database_recovery.h"
 
-#include <cstring>
 #include <string>
 
 #include "app/app_directory.h"
 #include "cddb/database_format.h"
+#include "cddb/database_header.h"
 #include "cddb/database_walk.h"
 
 static RecoveryResult RepairedIf(bool succeeded) {
     return succeeded ? RecoveryResult::repaired : RecoveryResult::failed;
 }
 
-static bool WriteAndFlush(FileHandle file, uint64_t offset, const uint8_t* data,
-                          uint32_t sizeBytes) {
-    return WriteAt(file, offset, data, sizeBytes) == FileStatus::ok &&
-           DatabaseFiles.flush(file) == FileStatus::ok;
-}
-
-static bool WriteEntryCount(FileHandle file, uint32_t entryCount) {
-    uint8_t field[2];
-    PutU16(field, static_cast<uint16_t>(entryCount));
-    return WriteAndFlush(file, kCountOffset, field, sizeof field);
-}
-
 // No disc can be in a file that ends with its header or before; an ended creation leaves one.
 static bool HeaderIsUnfinished(const DatabaseCheck& check) {
     return check.sizeBytes <= kHeaderBytes && !IsIntact(check);
-}
-
-static RecoveryResult RepairHeader(FileHandle file) {
-    uint8_t header[kHeaderBytes] = {};
-    std::memcpy(header, kHeaderMark, sizeof kHeaderMark);
-    return RepairedIf(WriteAndFlush(file, 0, header, sizeof header));
 }
 
 // Everything from TrackCount to the trailer is there and fills the file to its end, so that only
@@ -52,8 +34,9 @@ static RecoveryResult CompleteLastEntry(FileHandle file, const DatabaseCheck& ch
     PutU32(pointers, static_cast<uint32_t>(check.sizeBytes));
     PutU16(pointers + kEntrySizeOffset,
            static_cast<uint16_t>(check.sizeBytes - check.chainEnd - kNextOffsetBytes));
-    return RepairedIf(WriteAndFlush(file, check.chainEnd, pointers, sizeof pointers) &&
-                      WriteEntryCount(file, check.wholeEntries + 1));
+    return RepairedIf(WriteAt(file, check.chainEnd, pointers, sizeof pointers) == FileStatus::ok &&
+                      DatabaseFiles.flush(file) == FileStatus::ok &&
+                      WriteEntryCount(file, check.wholeEntries + 1) == FileStatus::ok);
 }
 
 // An entry that was being appended is not counted yet, begins with its final pointers (or zeros,
@@ -78,11 +61,11 @@ static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
 RecoveryResult RepairDatabaseEnd(FileHandle file) {
     DatabaseCheck check;
     if (!CheckDatabase(file, &check)) return RecoveryResult::failed;
-    if (HeaderIsUnfinished(check)) return RepairHeader(file);
+    if (HeaderIsUnfinished(check)) return RepairedIf(WriteEmptyHeader(file) == FileStatus::ok);
     if (check.wholeEntries > kMaxEntries) return RecoveryResult::damaged;
     if (check.chainEnd == check.sizeBytes) {
         if (check.wholeEntries == check.entryCount) return RecoveryResult::nothingToDo;
-        return RepairedIf(WriteEntryCount(file, check.wholeEntries));
+        return RepairedIf(WriteEntryCount(file, check.wholeEntries) == FileStatus::ok);
     }
     if (check.wholeEntries < kMaxEntries && LastEntryIsComplete(file, check)) {
         return CompleteLastEntry(file, check);

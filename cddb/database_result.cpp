@@ -16,6 +16,14 @@ const char* DatabaseResultText(DatabaseResult result) {
             return "Error! The database could not be written. It was not changed.";
         case DatabaseResult::damaged:
             return "Error! The database file is damaged. It was not changed.";
+        case DatabaseResult::noTracks:
+            return "Error! A disc without tracks can't be added. The database was not changed.";
+        case DatabaseResult::addedMeanwhile:
+            return "Error! Another program has added this disc. Nothing was changed. Its entry can "
+                   "be opened after Cancel.";
+        case DatabaseResult::notTakenBack:
+            return "Error! Writing the database failed, and so did taking it back. Please try "
+                   "again!";
     }
     return "";
 }

@@ -162,32 +162,36 @@ static FileStatus ClearBackupName(const std::string& backup) {
     return status == FileStatus::missing ? FileStatus::ok : status;
 }
 
-static FileStatus PutNewDatabaseInPlace() {
+// Until this has succeeded, a rewrite that cannot undo its first rename could still be finished by
+// recovery.
+static bool RemoveNewDatabase() {
+    const FileStatus status = RemovePatiently(InAppDirectory(kNewDatabaseName).c_str());
+    return status == FileStatus::ok || status == FileStatus::missing;
+}
+
+static DatabaseResult PutNewDatabaseInPlace() {
     const std::string database = InAppDirectory(kDatabaseName);
     const std::string rewritten = InAppDirectory(kNewDatabaseName);
     const std::string backup = InAppDirectory(kBackupName);
     FileStatus status = ClearBackupName(backup);
-    if (status != FileStatus::ok) return status;
-    status = RenamePatiently(database.c_str(), backup.c_str());
-    if (status != FileStatus::ok) return status;
+    if (status == FileStatus::ok) status = RenamePatiently(database.c_str(), backup.c_str());
+    if (status != FileStatus::ok) return ResultOf(status);
     status = RenamePatiently(rewritten.c_str(), database.c_str());
     if (status != FileStatus::ok) {
-        RenamePatiently(backup.c_str(), database.c_str());
-        return status;
+        // The backup is the old database; recovery brings it back once the new one is gone.
+        const bool undone = RenamePatiently(backup.c_str(), database.c_str()) == FileStatus::ok;
+        return undone || RemoveNewDatabase() ? ResultOf(status) : DatabaseResult::notTakenBack;
     }
     // The new database is in place and whole; a backup that another program holds stays until the
     // next rewrite.
     RemovePatiently(backup.c_str());
-    return FileStatus::ok;
+    return DatabaseResult::ok;
 }
 
 DatabaseResult SafeRewrite(const RewriteContent& writeContent) {
     DatabaseResult result = WriteNewDatabase(writeContent);
-    if (result == DatabaseResult::ok) result = ResultOf(PutNewDatabaseInPlace());
-    if (result != DatabaseResult::ok) {
-        // Also when undoing the first rename failed: the backup, which is the old database, is then
-        // what recovery finds.
-        DatabaseFiles.remove(InAppDirectory(kNewDatabaseName).c_str());
-    }
+    if (result == DatabaseResult::ok) result = PutNewDatabaseInPlace();
+    // Beside a database it is no more than rubbish, which the next rewrite overwrites.
+    if (result != DatabaseResult::ok) RemoveNewDatabase();
     return result;
 }

@@ -49,5 +49,6 @@ DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& 
 using RewriteContent = std::function<DatabaseResult(RewriteSource&, RewriteTarget&)>;
 
 // Ok: the new file is in place. Anything else: the old one is, or, should undoing the first rename
-// fail too, it waits as the backup and the next use of the database brings it back.
+// fail too, it waits as the backup and the next use of the database brings it back. notTakenBack:
+// the new one could not even be removed, and that use may bring it instead.
 DatabaseResult SafeRewrite(const RewriteContent& writeContent);

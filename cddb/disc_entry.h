@@ -21,6 +21,8 @@ struct EntryFields {
     uint8_t recordingCode = 0;  // AAD, ADD, DAD, DDD
     uint8_t discType = 0;       // Album, Single, CD+MM, CD+Video
     uint8_t discSize = 1;       // 0 three inch, 1 five inch
+
+    bool operator==(const EntryFields&) const = default;
 };
 
 // High half: length of track 1 in seconds; low half: the disc's total.

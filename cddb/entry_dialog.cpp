@@ -23,29 +23,33 @@ static const DialogButton kButtons[] = {
 // Whether the catalogue knew the disc when the dialog opened.
 static bool KnownAtOpening;
 
-static void OnInitDialog(HWND dialog, const DiscToc& disc) {
+struct EntryToShow {
+    DiscToc disc;
+    EntryFields fields;
+};
+
+// What cannot be read must not be shown as empty: OK would write the empty fields over it.
+static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
+    CopyDiscToc(entry.disc);
+    const auto lookUp = [&] {
+        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::tryAgain);
+    };
+    const LookupResult answer = lookUp();
+    if (answer == LookupResult::unreadable) return DatabaseResult::cannotOpen;
+    KnownAtOpening = answer == LookupResult::found;
+    if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, &entry.fields)) {
+        return DatabaseResult::ok;
+    }
+    return lookUp() == LookupResult::unreadable ? DatabaseResult::cannotOpen
+                                                : DatabaseResult::damaged;
+}
+
+static void OnInitDialog(HWND dialog, const EntryToShow& entry) {
     PrepareDialog(dialog, kButtons);
     OpenEntryFields(dialog);
     CenterOnScreen(dialog);
-
-    EntryFields fields;
-    CopyDiscToc(disc);
-    KnownAtOpening = FindDisc(disc.totalSeconds, disc.trackCount);
-    if (KnownAtOpening) LoadEntryFields(FoundEntryOffset, &fields);
-    ShowEntry(dialog, disc, fields);
+    ShowEntry(dialog, entry.disc, entry.fields);
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(DatabaseEntryCount()));
-}
-
-// The catalogue is asked again, because its own record of the disc follows the drive and the file
-// may have changed while the dialog was open.
-static DatabaseResult SaveEntry(const DiscToc& disc, const EntryFields& fields) {
-    CopyDiscToc(disc);
-    if (FindDisc(disc.totalSeconds, disc.trackCount)) {
-        return ReplaceEntryAtEnd(FoundEntryOffset, fields);
-    }
-    // An entry does not vanish by itself: the file could not be read. Appending now could leave the
-    // disc with two entries, of which lookups find the old one.
-    return KnownAtOpening ? DatabaseResult::cannotOpen : AppendEntry(fields);
 }
 
 static void Close(HWND dialog) {
@@ -55,7 +59,9 @@ static void Close(HWND dialog) {
 
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
-    const DatabaseResult result = SaveEntry(ShownDisc(), ReadEntry(dialog));
+    // The catalogue's own record of the disc follows the drive.
+    CopyDiscToc(ShownDisc());
+    const DatabaseResult result = SaveDisc(ReadEntry(dialog), KnownAtOpening);
     if (result == DatabaseResult::ok) {
         Close(dialog);
     } else {
@@ -87,9 +93,10 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
     if (HandleDialogLook(dialog, message, wParam, lParam, kButtons, result)) return result;
     switch (message) {
         case WM_INITDIALOG:
-            OnInitDialog(dialog, *reinterpret_cast<const DiscToc*>(lParam));
+            OnInitDialog(dialog, *reinterpret_cast<const EntryToShow*>(lParam));
             return TRUE;
         case WM_COMMAND:
+            if (LOWORD(wParam) == IDOK && MoveToNextName(dialog)) return TRUE;
             return OnCommand(dialog, MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_CANCEL),
                              HIWORD(wParam));
         default:
@@ -98,7 +105,15 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
 }
 
 void ShowEntryDialog(HWND owner, const DiscToc& disc) {
-    const DiscToc copy = disc;
+    // Told before anything is typed that could not be saved; looking is still possible.
+    const bool damaged = RepairDatabase() == DatabaseResult::damaged;
+    EntryToShow entry = {disc, {}};
+    const DatabaseResult read = ReadEntryToShow(entry);
+    const bool readable = read == DatabaseResult::ok;
+    if (damaged || !readable) {
+        ShowMessage(DatabaseResultText(readable ? DatabaseResult::damaged : read));
+    }
+    if (!readable) return;
     DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_ENTRY), owner, EntryProcedure,
-                    reinterpret_cast<LPARAM>(&copy));
+                    reinterpret_cast<LPARAM>(&entry));
 }

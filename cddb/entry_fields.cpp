@@ -98,7 +98,21 @@ void ShowTrackPage(HWND dialog, int page) {
     FillRows(dialog);
 }
 
-// Pasting several lines into a name
+bool MoveToNextName(HWND dialog) {
+    const int focused = GetDlgCtrlID(GetFocus());
+    if (GetParent(GetFocus()) != dialog || !IsIn(kNames, focused)) return false;
+    int row = focused - IDC_ENTRY_NAME_FIRST + 1;
+    if (Sheet.page * kTrackPageSize + row >= Sheet.disc.trackCount) return false;
+    if (row == kTrackPageSize) {
+        ShowTrackPage(dialog, Sheet.page + 1);
+        row = 0;
+    }
+    HWND next = GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST + row);
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    return true;
+}
+
+// Pasting lines into a name
 
 static std::string ClipboardText(HWND window) {
     std::string text;
@@ -114,12 +128,19 @@ static std::string ClipboardText(HWND window) {
     return text;
 }
 
-// False when the text is a single line, which the field itself pastes at its cursor.
+// False when the text has no line break: the field itself pastes it as it is.
 static bool PasteNames(HWND dialog, int row) {
     // Whoever sends the message, a hidden row has no track.
     if (row >= RowsOnPage()) return false;
-    const std::vector<std::string> names = SplitTrackNames(ClipboardText(dialog));
-    if (names.size() < 2) return false;
+    const std::string text = ClipboardText(dialog);
+    const std::vector<std::string> names = SplitTrackNames(text);
+    if (names.empty() || text.find_first_of("\r\n") == std::string::npos) return false;
+    if (names.size() == 1) {
+        // The field would take the first line, which may be an empty one.
+        SendDlgItemMessageA(dialog, IDC_ENTRY_NAME_FIRST + row, EM_REPLACESEL, TRUE,
+                            reinterpret_cast<LPARAM>(names[0].c_str()));
+        return true;
+    }
     KeepRows(dialog);
     const size_t first = static_cast<size_t>(Sheet.page * kTrackPageSize + row);
     const size_t count = std::min(names.size(), Sheet.disc.trackCount - first);
@@ -142,13 +163,6 @@ static bool IsAdvancedLayout() {
     return Settings.databaseLayout == DatabaseLayout::kAdvanced;
 }
 
-static int LeftEdgeInDialog(HWND dialog, int controlId) {
-    RECT place = {};
-    GetWindowRect(GetDlgItem(dialog, controlId), &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place.left;
-}
-
 static void MeasureLayouts(HWND dialog) {
     RECT window = {};
     RECT client = {};
@@ -157,7 +171,7 @@ static void MeasureLayouts(HWND dialog) {
     int simpleEdge = client.right;
     for (const ControlRange& range : kAdvanced) {
         for (int id = range.first; id <= range.last; ++id) {
-            simpleEdge = std::min(simpleEdge, LeftEdgeInDialog(dialog, id));
+            simpleEdge = std::min<int>(simpleEdge, ControlRect(dialog, id).left);
         }
     }
     Sheet.fullWidth = window.right - window.left;
@@ -282,7 +296,8 @@ bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification) {
         if (notification == EN_KILLFOCUS && row < RowsOnPage()) KeepRow(dialog, row);
         return true;
     }
-    if (notification != BN_CLICKED) return false;
+    const bool onPicture = controlId == IDC_ENTRY_PAGE_UP || controlId == IDC_ENTRY_PAGE_DOWN;
+    if (!IsClick(notification, onPicture)) return false;
     if (IsIn(kRecording, controlId) || IsIn(kType, controlId) || IsIn(kSize, controlId)) {
         PlayClickSound(IDS_SOUND_RADIO);
         return true;

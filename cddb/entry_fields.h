@@ -26,5 +26,8 @@ const DiscToc& ShownDisc();
 // Keeps the names typed into the page shown and shows another one, from 0.
 void ShowTrackPage(HWND dialog, int page);
 
+// What Enter means in a track name: the next one, over pages. False in the last name and elsewhere.
+bool MoveToNextName(HWND dialog);
+
 // Paging, layout, radio buttons, leaving a name. True when the command was one of these.
 bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification);

@@ -98,6 +98,10 @@ RECT ControlRect(HWND dialog, int controlId) {
     return place;
 }
 
+bool IsClick(int notification, bool onPicture) {
+    return notification == BN_CLICKED || (onPicture && notification == BN_DOUBLECLICKED);
+}
+
 std::string ControlText(HWND dialog, int controlId) {
     HWND control = GetDlgItem(dialog, controlId);
     std::string text(static_cast<size_t>(GetWindowTextLengthA(control)) + 1, '\0');

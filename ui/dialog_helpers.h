@@ -43,6 +43,10 @@ int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> button
 // A control's rectangle in the dialog's client coordinates.
 RECT ControlRect(HWND dialog, int controlId);
 
+// A button was clicked. The second of two quick clicks on a picture button arrives under a name of
+// its own.
+bool IsClick(int notification, bool onPicture);
+
 // A control's text as it stands, of any length.
 std::string ControlText(HWND dialog, int controlId);
 void SetControlText(HWND dialog, int controlId, const std::string& text);

@@ -19,24 +19,20 @@ static bool SameToc(const DiscToc& a, const DiscToc& b) {
 // Everything the readers say about one disc of the list.
 static void ExpectReadable(const std::vector<Disc>& discs, size_t index) {
     const Disc& disc = discs[index];
-    const uint32_t start = EntryStarts(discs)[index];
-    ASSERT_EQ(FindEntryOffset(static_cast<uint32_t>(index)), start);
+    const std::vector<uint32_t> starts = EntryStarts(discs);
+    ASSERT_EQ(FindEntryOffset(static_cast<uint32_t>(index)), starts[index]);
     EntryFields fields;
-    ASSERT_TRUE(LoadEntryFields(start, &fields));
-    EXPECT_EQ(fields.notes, disc.fields.notes);
-    EXPECT_EQ(fields.yearReleased, disc.fields.yearReleased);
-    EXPECT_EQ(fields.discSize, disc.fields.discSize);
-    EXPECT_TRUE(
-        std::equal(fields.trackNames, fields.trackNames + kMaxTracks, disc.fields.trackNames));
-    ASSERT_TRUE(LoadEntryDisc(start));
+    ASSERT_TRUE(LoadEntryFields(starts[index], &fields));
+    EXPECT_TRUE(fields == disc.fields);
+    ASSERT_TRUE(LoadEntryDisc(starts[index]));
     EXPECT_TRUE(SameToc(DatabaseDisc, disc.toc));
-    EXPECT_EQ(ReadArtist(start), disc.fields.artist);
-    EXPECT_EQ(ReadDiscName(start), disc.fields.discName);
+    EXPECT_EQ(ReadArtist(starts[index]), disc.fields.artist);
+    EXPECT_EQ(ReadDiscName(starts[index]), disc.fields.discName);
 
     const auto first = std::find_if(discs.begin(), discs.end(),
                                     [&](const Disc& each) { return SameToc(each.toc, disc.toc); });
     EXPECT_TRUE(FindDisc(disc.toc.totalSeconds, disc.toc.trackCount));
-    EXPECT_EQ(FoundEntryOffset, EntryStarts(discs)[static_cast<size_t>(first - discs.begin())]);
+    EXPECT_EQ(FoundEntryOffset, starts[static_cast<size_t>(first - discs.begin())]);
     EXPECT_EQ(DiscTitleText(), first->fields.artist + " - " + first->fields.discName);
     EXPECT_EQ(TrackNameText(disc.toc.trackCount),
               first->fields.trackNames[disc.toc.trackCount - 1]);
@@ -58,7 +54,7 @@ TEST(DatabaseSequence, StaysEqualToTheList) {
     UseMemoryFiles();
     EnsureDatabase();
     std::vector<Disc> discs;
-    for (int step = 0; step < 1200; ++step) {
+    for (int step = 0; step < 800; ++step) {
         SCOPED_TRACE(step);
         const uint32_t kind = random() % 16;
         const Disc fresh = RandomDisc(random);
@@ -84,10 +80,7 @@ TEST(DatabaseSequence, StaysEqualToTheList) {
             std::reverse(discs.begin(), discs.end());
         }
         ASSERT_EQ(result, DatabaseResult::ok);
-        ASSERT_EQ(OpenHandles(), 0);
-        const MemorySnapshot disk = DiskAfterEnd();
-        ASSERT_EQ(disk.size(), 1u);
-        ASSERT_EQ(FileBytes(disk, kDatabaseName), DatabaseImage(discs));
+        ASSERT_EQ(DiskAfterEnd(), MemorySnapshot({{kDatabaseName, DatabaseImage(discs)}}));
         ASSERT_EQ(DatabaseEntryCount(), discs.size());
         if (!discs.empty()) ExpectReadable(discs, random() % discs.size());
         if (HasFailure()) return;

@@ -11,7 +11,7 @@
 
 static bool Find(const DiscToc& toc) {
     CopyDiscToc(toc);
-    return FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
+    return FindDisc(toc.totalSeconds, DatabaseDisc.trackCount);
 }
 
 static DiscToc Toc(std::vector<uint16_t> lengthSeconds) {
@@ -71,16 +71,17 @@ TEST(DiscLookup, TracksDecideAmongEqualKeys) {
 
 TEST(DiscLookup, MoreThan99TracksAreTheFirst99) {
     UseMemoryFiles();
-    EnsureDatabase();
-    const Disc disc = SampleDisc(1, 99);
-    CopyDiscToc(disc.toc);
-    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::ok);
-    DiscToc more = disc.toc;
+    DiscToc more = SampleDisc(1, 99).toc;
+    StartOnDisk({{kDatabaseName, DatabaseImage({SampleDisc(1, 99)})}});
     more.trackCount = 120;
     EXPECT_TRUE(Find(more));
     EXPECT_EQ(TrackNameText(99), "Track 99 of 1");
     for (const int track : {0, -1, 100, 120})
         EXPECT_EQ(TrackNameText(track), "");
+}
+
+static LookupResult LookUp(WhenHeld whenHeld) {
+    return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, whenHeld);
 }
 
 TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
@@ -89,18 +90,32 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
     EXPECT_EQ(DiscTitleText() + TrackNameText(1), "");
     EXPECT_EQ(DatabaseEntryCount() + FindEntryOffset(0), 0u);
     EXPECT_TRUE(DiskAfterEnd().empty());
-    EXPECT_FALSE(Find(SampleDisc(1, 3).toc));
+    EXPECT_EQ(LookUp(WhenHeld::giveUp), LookupResult::unknown);
     EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), DatabaseImage({}));
 
-    // Neither one that is held nor one that waits under its backup name is replaced.
+    // Neither one that cannot be read nor one that waits under its backup name is replaced.
     const std::string image = DatabaseImage({SampleDisc(1, 3)});
-    StartOnDisk({{kDatabaseName, image}});
-    ArmFault(Fault::held, 1);
-    EXPECT_FALSE(Find(SampleDisc(1, 3).toc));
-    EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), image);
-    StartOnDisk({{kBackupName, image}});
-    EXPECT_TRUE(Find(SampleDisc(1, 3).toc));
-    EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), image);
+    const struct {
+        Fault fault;
+        int call;
+        WhenHeld whenHeld;
+        const char* name;
+        LookupResult result;
+    } cases[] = {
+        {Fault::held, 1, WhenHeld::tryAgain, kDatabaseName, LookupResult::unreadable},
+        {Fault::callFails, 2, WhenHeld::tryAgain, kDatabaseName, LookupResult::unreadable},
+        {Fault::heldBriefly, 1, WhenHeld::giveUp, kDatabaseName, LookupResult::unreadable},
+        {Fault::heldBriefly, 1, WhenHeld::tryAgain, kDatabaseName, LookupResult::found},
+        {Fault::held, 2, WhenHeld::giveUp, kBackupName, LookupResult::unreadable},
+        {Fault::none, 0, WhenHeld::giveUp, kBackupName, LookupResult::found},
+    };
+    for (const auto& each : cases) {
+        StartOnDisk({{each.name, image}});
+        ArmFault(each.fault, each.call);
+        EXPECT_EQ(LookUp(each.whenHeld), each.result) << &each - cases;
+        const bool restored = each.fault == Fault::none;
+        EXPECT_EQ(DiskAfterEnd(), MemorySnapshot({{restored ? kDatabaseName : each.name, image}}));
+    }
 }
 
 // A walk that asked the system field by field would make some hundred thousand calls here.

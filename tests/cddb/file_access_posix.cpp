@@ -11,21 +11,10 @@
 
 static FileStatus StatusOf(bool succeeded) {
     if (succeeded) return FileStatus::ok;
-    switch (errno) {
-        case ENOENT:
-        case ENOTDIR:
-            return FileStatus::missing;
-        case EEXIST:
-            return FileStatus::exists;
-        case EACCES:
-        case EBUSY:
-            return FileStatus::held;
-        case ENOSPC:
-        case EDQUOT:
-            return FileStatus::diskFull;
-        default:
-            return FileStatus::failed;
-    }
+    if (errno == ENOENT) return FileStatus::missing;
+    if (errno == EEXIST) return FileStatus::exists;
+    if (errno == EACCES || errno == EBUSY) return FileStatus::held;
+    return errno == ENOSPC || errno == EDQUOT ? FileStatus::diskFull : FileStatus::failed;
 }
 
 static int Native(FileHandle file) {
@@ -42,23 +31,19 @@ static FileStatus Open(const char* path, FileMode mode, FileHandle* file) {
     return FileStatus::ok;
 }
 
-static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
-    const ssize_t count = read(Native(file), data, sizeBytes);
+static FileStatus Counted(ssize_t count, uint32_t* bytes) {
     if (count < 0) return StatusOf(false);
-    *readBytes = static_cast<uint32_t>(count);
+    *bytes = static_cast<uint32_t>(count);
     return FileStatus::ok;
+}
+
+static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
+    return Counted(read(Native(file), data, sizeBytes), readBytes);
 }
 
 static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
                         uint32_t* writtenBytes) {
-    const ssize_t count = write(Native(file), data, sizeBytes);
-    if (count < 0) return StatusOf(false);
-    *writtenBytes = static_cast<uint32_t>(count);
-    return FileStatus::ok;
-}
-
-static FileStatus Seek(FileHandle file, uint64_t offset) {
-    return StatusOf(lseek(Native(file), static_cast<off_t>(offset), SEEK_SET) >= 0);
+    return Counted(write(Native(file), data, sizeBytes), writtenBytes);
 }
 
 static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
@@ -68,34 +53,26 @@ static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
     return FileStatus::ok;
 }
 
-static FileStatus Flush(FileHandle file) {
-    return StatusOf(fdatasync(Native(file)) == 0);
-}
-
-static FileStatus Truncate(FileHandle file, uint64_t sizeBytes) {
-    return StatusOf(ftruncate(Native(file), static_cast<off_t>(sizeBytes)) == 0);
-}
-
-static FileStatus Close(FileHandle file) {
-    return StatusOf(close(Native(file)) == 0);
-}
-
-static FileStatus Rename(const char* from, const char* to) {
-    return StatusOf(renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0);
-}
-
-static FileStatus Remove(const char* path) {
-    return StatusOf(unlink(path) == 0);
-}
-
-static FileStatus Exists(const char* path) {
-    return StatusOf(access(path, F_OK) == 0);
-}
-
-static void Pause(uint32_t milliseconds) {
-    usleep(milliseconds * 1000);
-}
-
 FileAccess DatabaseFiles = {
-    Open, Read, Write, Seek, Size, Flush, Truncate, Close, Rename, Remove, Exists, Pause,
+    .open = Open,
+    .read = Read,
+    .write = Write,
+    .seek =
+        [](FileHandle file, uint64_t offset) {
+            return StatusOf(lseek(Native(file), static_cast<off_t>(offset), SEEK_SET) >= 0);
+        },
+    .size = Size,
+    .flush = [](FileHandle file) { return StatusOf(fdatasync(Native(file)) == 0); },
+    .truncate =
+        [](FileHandle file, uint64_t sizeBytes) {
+            return StatusOf(ftruncate(Native(file), static_cast<off_t>(sizeBytes)) == 0);
+        },
+    .close = [](FileHandle file) { return StatusOf(close(Native(file)) == 0); },
+    .rename =
+        [](const char* from, const char* to) {
+            return StatusOf(renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0);
+        },
+    .remove = [](const char* path) { return StatusOf(unlink(path) == 0); },
+    .exists = [](const char* path) { return StatusOf(access(path, F_OK) == 0); },
+    .pause = [](uint32_t milliseconds) { usleep(milliseconds * 1000); },
 };

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "app/app_directory.h"
@@ -10,6 +11,14 @@
 const std::string kNoSuchFile = "(no such file)";
 
 namespace {
+
+struct MemoryFile {
+    std::string bytes;
+    std::string flushedBytes;
+    std::string lastWrite;
+    size_t lastWriteAt = 0;
+    int openHandles = 0;
+};
 
 struct Handle {
     std::shared_ptr<MemoryFile> file;
@@ -27,37 +36,39 @@ std::map<std::string, std::shared_ptr<MemoryFile>> disk;
 std::vector<Handle> handles;
 ArmedFault armed[2];
 int calls = 0;
-bool ended = false;
 bool diskIsFull = false;
 bool everythingHeld = false;
 Fault endedBy = Fault::none;
 
+// One call: whether a fault strikes it, and what it answers when it has no effect for that reason.
+struct Call {
+    Fault fault = Fault::none;
+    FileStatus status = FileStatus::ok;
+};
+
 }  // namespace
 
-// Counts a call and answers the fault that strikes it, if one does.
-static Fault NextCall() {
-    if (ended) return Fault::endsBefore;
+static Fault NextFault() {
+    if (endedBy != Fault::none) return Fault::endsBefore;
     ++calls;
     for (const ArmedFault& each : armed) {
         const int last = each.fault == Fault::heldBriefly ? each.atCall + 2 : each.atCall;
         if (each.fault == Fault::none || calls < each.atCall || calls > last) continue;
         if (each.fault == Fault::diskFull) diskIsFull = true;
         if (each.fault == Fault::held) everythingHeld = true;
-        if (each.fault >= Fault::endsBefore) {
-            ended = true;
-            endedBy = each.fault;
-        }
+        if (each.fault >= Fault::endsBefore) endedBy = each.fault;
         return each.fault;
     }
     return Fault::none;
 }
 
-// The answer of a struck call that has no effect; ok when the call goes on.
-static FileStatus Struck(Fault fault, bool opensOrNames) {
-    if (fault == Fault::callFails) return FileStatus::failed;
-    if (fault == Fault::endsBefore || fault == Fault::endsHalfway) return FileStatus::failed;
+static Call NextCall(bool opensOrNames = false) {
+    const Fault fault = NextFault();
     const bool held = everythingHeld || fault == Fault::heldBriefly;
-    return held && opensOrNames ? FileStatus::held : FileStatus::ok;
+    const bool fails =
+        fault == Fault::callFails || fault == Fault::endsBefore || fault == Fault::endsHalfway;
+    if (fails) return {fault, FileStatus::failed};
+    return {fault, held && opensOrNames ? FileStatus::held : FileStatus::ok};
 }
 
 static Handle* Find(FileHandle file) {
@@ -66,27 +77,24 @@ static Handle* Find(FileHandle file) {
 }
 
 static FileStatus Open(const char* path, FileMode mode, FileHandle* file) {
-    const FileStatus struck = Struck(NextCall(), true);
-    if (struck != FileStatus::ok) return struck;
+    const Call call = NextCall(true);
+    if (call.status != FileStatus::ok) return call.status;
     const bool creates = mode == FileMode::createNew || mode == FileMode::createAlways;
-    auto found = disk.find(path);
-    if (!creates && found == disk.end()) return FileStatus::missing;
-    if (mode == FileMode::createNew && found != disk.end()) return FileStatus::exists;
+    const bool exists = disk.count(path) > 0;
+    if (!creates && !exists) return FileStatus::missing;
+    if (mode == FileMode::createNew && exists) return FileStatus::exists;
     if (creates) disk[path] = std::make_shared<MemoryFile>();
-    std::shared_ptr<MemoryFile> opened = disk[path];
-    ++opened->openHandles;
-    handles.push_back({opened, 0, mode != FileMode::readShared});
+    ++disk[path]->openHandles;
+    handles.push_back({disk[path], 0, mode != FileMode::readShared});
     *file = static_cast<FileHandle>(handles.size() - 1);
     return FileStatus::ok;
 }
 
 static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
-    const Fault fault = NextCall();
-    const FileStatus struck = Struck(fault, false);
-    if (struck != FileStatus::ok) return struck;
+    const Call call = NextCall();
     Handle* handle = Find(file);
-    if (!handle) return FileStatus::failed;
-    if (fault == Fault::fallsShort) sizeBytes = (sizeBytes + 1) / 2;
+    if (call.status != FileStatus::ok || !handle) return FileStatus::failed;
+    if (call.fault == Fault::fallsShort) sizeBytes = (sizeBytes + 1) / 2;
     const std::string& bytes = handle->file->bytes;
     const uint64_t offset = std::min<uint64_t>(handle->offset, bytes.size());
     const uint64_t count = std::min<uint64_t>(sizeBytes, bytes.size() - offset);
@@ -97,30 +105,27 @@ static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t
 }
 
 static void Put(Handle& handle, const void* data, uint32_t sizeBytes) {
-    std::string& bytes = handle.file->bytes;
+    MemoryFile& file = *handle.file;
     const size_t offset = static_cast<size_t>(handle.offset);
-    if (bytes.size() < offset + sizeBytes) bytes.resize(offset + sizeBytes);
-    std::memcpy(bytes.data() + offset, data, sizeBytes);
+    file.bytes.resize(std::max(file.bytes.size(), offset + sizeBytes));
+    std::memcpy(file.bytes.data() + offset, data, sizeBytes);
     handle.offset += sizeBytes;
-    handle.file->lastWrite = bytes.substr(offset, sizeBytes);
-    handle.file->lastWriteAt = offset;
+    file.lastWrite = file.bytes.substr(offset, sizeBytes);
+    file.lastWriteAt = offset;
 }
 
 static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
                         uint32_t* writtenBytes) {
     const bool wasFull = diskIsFull;
-    const Fault fault = NextCall();
+    const Call call = NextCall();
     Handle* handle = Find(file);
-    if (handle && fault == Fault::endsHalfway) Put(*handle, data, sizeBytes / 2);
-    const FileStatus struck = Struck(fault, false);
-    if (struck != FileStatus::ok) return struck;
     if (!handle || !handle->writes) return FileStatus::failed;
-    if (diskIsFull) {
-        if (!wasFull) Put(*handle, data, sizeBytes / 2);
-        return FileStatus::diskFull;
-    }
-    if (fault == Fault::fallsShort) sizeBytes /= 2;
-    if (fault == Fault::writeLost) {
+    const bool doesHalf = call.fault == Fault::endsHalfway || (diskIsFull && !wasFull);
+    if (doesHalf) Put(*handle, data, sizeBytes / 2);
+    if (call.status != FileStatus::ok) return call.status;
+    if (diskIsFull) return FileStatus::diskFull;
+    if (call.fault == Fault::fallsShort) sizeBytes /= 2;
+    if (call.fault == Fault::writeLost) {
         handle->offset += sizeBytes;
     } else {
         Put(*handle, data, sizeBytes);
@@ -129,74 +134,64 @@ static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
     return FileStatus::ok;
 }
 
-static FileStatus Seek(FileHandle file, uint64_t offset) {
-    const FileStatus struck = Struck(NextCall(), false);
+// A call on an open file that fails or is done whole.
+template <typename Work>
+static FileStatus OnHandle(FileHandle file, Work work) {
     Handle* handle = Find(file);
-    if (struck != FileStatus::ok || !handle) return FileStatus::failed;
-    handle->offset = offset;
+    if (NextCall().status != FileStatus::ok || !handle) return FileStatus::failed;
+    work(*handle);
     return FileStatus::ok;
+}
+
+static FileStatus Seek(FileHandle file, uint64_t offset) {
+    return OnHandle(file, [=](Handle& handle) { handle.offset = offset; });
 }
 
 static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
-    const FileStatus struck = Struck(NextCall(), false);
-    Handle* handle = Find(file);
-    if (struck != FileStatus::ok || !handle) return FileStatus::failed;
-    *sizeBytes = handle->file->bytes.size();
-    return FileStatus::ok;
+    return OnHandle(file, [=](Handle& handle) { *sizeBytes = handle.file->bytes.size(); });
 }
 
 static FileStatus Flush(FileHandle file) {
-    const FileStatus struck = Struck(NextCall(), false);
-    Handle* handle = Find(file);
-    if (struck != FileStatus::ok || !handle) return FileStatus::failed;
-    handle->file->flushedBytes = handle->file->bytes;
-    handle->file->lastWrite.clear();
-    return FileStatus::ok;
+    return OnHandle(file, [](Handle& handle) {
+        handle.file->flushedBytes = handle.file->bytes;
+        handle.file->lastWrite.clear();
+    });
 }
 
 static FileStatus Truncate(FileHandle file, uint64_t sizeBytes) {
-    const FileStatus struck = Struck(NextCall(), false);
-    Handle* handle = Find(file);
-    if (struck != FileStatus::ok || !handle || !handle->writes) return FileStatus::failed;
-    handle->file->bytes.resize(static_cast<size_t>(sizeBytes));
-    return FileStatus::ok;
+    return OnHandle(
+        file, [=](Handle& handle) { handle.file->bytes.resize(static_cast<size_t>(sizeBytes)); });
 }
 
 // A close that fails has still given the handle back.
 static FileStatus Close(FileHandle file) {
-    Handle* handle = Find(file);
-    if (handle) {
+    if (Handle* handle = Find(file)) {
         --handle->file->openHandles;
         handle->file.reset();
     }
-    return Struck(NextCall(), false);
+    return NextCall().status;
 }
 
+// Takes a name off the disk and, unless it is removed for good, gives its file another.
 static FileStatus Rename(const char* from, const char* to) {
-    const FileStatus struck = Struck(NextCall(), true);
-    if (struck != FileStatus::ok) return struck;
-    auto found = disk.find(from);
+    const Call call = NextCall(true);
+    if (call.status != FileStatus::ok) return call.status;
+    const auto found = disk.find(from);
     if (found == disk.end()) return FileStatus::missing;
-    if (disk.count(to) > 0) return FileStatus::exists;
+    if (to && disk.count(to) > 0) return FileStatus::exists;
     if (found->second->openHandles > 0) return FileStatus::held;
-    disk[to] = found->second;
-    disk.erase(from);
-    return FileStatus::ok;
-}
-
-static FileStatus Remove(const char* path) {
-    const FileStatus struck = Struck(NextCall(), true);
-    if (struck != FileStatus::ok) return struck;
-    auto found = disk.find(path);
-    if (found == disk.end()) return FileStatus::missing;
-    if (found->second->openHandles > 0) return FileStatus::held;
+    if (to) disk[to] = found->second;
     disk.erase(found);
     return FileStatus::ok;
 }
 
+static FileStatus Remove(const char* path) {
+    return Rename(path, nullptr);
+}
+
 static FileStatus Exists(const char* path) {
-    const FileStatus struck = Struck(NextCall(), false);
-    if (struck != FileStatus::ok) return struck;
+    const Call call = NextCall();
+    if (call.status != FileStatus::ok) return call.status;
     return disk.count(path) > 0 ? FileStatus::ok : FileStatus::missing;
 }
 
@@ -225,16 +220,15 @@ void StartOnDisk(const MemorySnapshot& snapshot) {
 MemorySnapshot DiskAfterEnd() {
     MemorySnapshot snapshot;
     for (const auto& [name, file] : disk) {
-        std::string bytes = file->bytes;
-        if (endedBy == Fault::powerLoss) bytes = file->flushedBytes;
-        if (endedBy == Fault::powerLossInPart) {
-            bytes = file->flushedBytes;
-            bytes.resize(file->bytes.size());
-            const size_t kept = std::min(file->lastWrite.size(),
-                                         bytes.size() - std::min(bytes.size(), file->lastWriteAt));
-            if (kept > 0) bytes.replace(file->lastWriteAt, kept, file->lastWrite, 0, kept);
-        }
-        snapshot[name] = bytes;
+        std::string& bytes = snapshot[name] = file->bytes;
+        if (endedBy < Fault::powerLoss) continue;
+        const size_t sizeBytes = bytes.size();
+        bytes = file->flushedBytes;
+        if (endedBy == Fault::powerLoss) continue;
+        bytes.resize(sizeBytes);
+        const size_t at = std::min(sizeBytes, file->lastWriteAt);
+        const size_t kept = std::min(file->lastWrite.size(), sizeBytes - at);
+        bytes.replace(at, kept, file->lastWrite, 0, kept);
     }
     return snapshot;
 }
@@ -243,7 +237,6 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
     armed[0] = {fault, atCall};
     armed[1] = {second, secondAtCall};
     calls = 0;
-    ended = false;
     diskIsFull = false;
     everythingHeld = false;
     endedBy = Fault::none;
@@ -252,15 +245,14 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
 int CallsMade() {
     return calls;
 }
+
 bool ProgramEnded() {
-    return ended;
+    return endedBy != Fault::none;
 }
 
 int OpenHandles() {
-    int count = 0;
-    for (const Handle& handle : handles)
-        count += handle.file ? 1 : 0;
-    return count;
+    const auto isOpen = [](const Handle& handle) { return handle.file != nullptr; };
+    return static_cast<int>(std::count_if(handles.begin(), handles.end(), isOpen));
 }
 
 std::string FileBytes(const MemorySnapshot& snapshot, const std::string& name) {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 
 #include "cddb/file_access.h"
@@ -24,14 +23,6 @@ enum class Fault {
     // The same, but files keep their length, the last write reached the disk, and what came before
     // it reads as zeros.
     powerLossInPart,
-};
-
-struct MemoryFile {
-    std::string bytes;
-    std::string flushedBytes;
-    std::string lastWrite;
-    size_t lastWriteAt = 0;
-    int openHandles = 0;
 };
 
 // Files by name. Copying a snapshot back starts the program anew on that disk.

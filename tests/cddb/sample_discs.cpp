@@ -102,14 +102,7 @@ std::string DatabaseImage(const std::vector<Disc>& discs) {
 
 std::vector<uint32_t> EntryStarts(const std::vector<Disc>& discs) {
     std::vector<uint32_t> starts = {8};
-    for (const Disc& disc : discs) {
-        const EntryFields& f = disc.fields;
-        size_t bytes = 24 + f.artist.size() + f.discName.size() + f.category.size() +
-                       f.label.size() + f.notes.size() + f.yearReleased.size();
-        for (int track = 0; track < disc.toc.trackCount; ++track) {
-            bytes += 1 + f.trackNames[track].size() + 2;
-        }
-        starts.push_back(starts.back() + static_cast<uint32_t>(bytes));
-    }
+    for (const Disc& disc : discs)
+        starts.push_back(starts.back() + static_cast<uint32_t>(Body(disc).size()) + 4 + 2 + 4);
     return starts;
 }

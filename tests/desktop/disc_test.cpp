@@ -253,6 +253,8 @@ TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
     HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
                               OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+    // A key of a picture button presses it, and does not only move the focus, even from there.
+    PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, IDC_OK)), TRUE);
     PressKey('O', VK_MENU);
     HWND box = nullptr;
     ASSERT_TRUE(WaitUntil([&] {
@@ -264,11 +266,14 @@ TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog) != FALSE; }));
     EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
     CloseHandle(lock);
-    Command(dialog, IDC_OK);
+    // In the last name Enter saves.
+    PostMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_FIRST)), TRUE);
+    PressKey(VK_RETURN);
     ASSERT_TRUE(WaitForNoPopup(player));
 
     dialog = OpenEntry();
     EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_LAST), "Fifteenth");
-    PressKey(VK_ESCAPE);
+    PressKey('C', VK_MENU);
     EXPECT_TRUE(WaitForNoPopup(player));
 }

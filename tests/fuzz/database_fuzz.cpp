@@ -1,6 +1,6 @@
-// Recovery, and changes after it, on any bytes under the three names. The first byte says which
-// files exist, the next four how long tarnwell.new and tarnwell.dbk are; tarnwell.dat gets the
-// rest.
+// Every question to a database of any bytes, then recovery, then changes, with any bytes under the
+// three names. The first byte says which files exist, the next four how long tarnwell.new and
+// tarnwell.dbk are; tarnwell.dat gets the rest.
 #include <algorithm>
 
 #include "cddb/database_changes.h"
@@ -57,11 +57,39 @@ static void RequireAppended(std::string before, const DiscToc& toc, const EntryF
     Require(after.compare(0, before.size(), before) == 0);
 }
 
+// Answers are bounded, the file stays as it is, and no walk runs on for ever.
+static void AskAbout(uint32_t entryStart) {
+    Require(ReadArtist(entryStart).size() + ReadDiscName(entryStart).size() <= 510);
+    for (const int track : {-1, 0, 1, 99, 255, 256})
+        Require(ReadTrackName(entryStart, track).size() <= 255);
+    EntryFields fields;
+    LoadEntryFields(entryStart, &fields);
+    LoadEntryDisc(entryStart);
+    Require(fields.notes.size() <= 255 && DatabaseDisc.trackCount <= kMaxTracks);
+    // The disc of the entry itself, so that the comparison of the tracks is reached.
+    Require(!FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount) ||
+            FoundEntryOffset >= kHeaderBytes);
+    Require(DiscTitleText().size() <= 513);
+    Require(TrackNameText(DatabaseDisc.trackCount).size() <= 255);
+}
+
+static void AskEverything(const MemorySnapshot& disk) {
+    const size_t sizeBytes = disk.at(kDatabaseName).size();
+    for (const uint32_t index : {0u, 1u, uint32_t{DatabaseEntryCount()}}) {
+        const uint32_t entryStart = FindEntryOffset(index);
+        Require(entryStart < sizeBytes || entryStart == 0);
+        AskAbout(entryStart);
+    }
+    Require(ReadArtist(UINT32_MAX).empty() && ReadTrackName(UINT32_MAX, 1).empty());
+    Require(DiskAfterEnd() == disk && CallsMade() < 3'000'000 && OpenHandles() == 0);
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const bool ready = (UseMemoryFiles(), true);
     Require(ready);
     const MemorySnapshot before = DiskFrom({reinterpret_cast<const char*>(data), size});
     StartOnDisk(before);
+    if (before.count(kDatabaseName) > 0) AskEverything(before);
     const RecoveryResult result = RecoverDatabase();
     Require(result != RecoveryResult::failed && OpenHandles() == 0);
     const MemorySnapshot recovered = DiskAfterEnd();

@@ -11,8 +11,11 @@
 
 DiscToc DatabaseDisc;
 
-static FileStatus OpenDatabase(FileMode mode, ScopedFile& file) {
-    return DatabaseFiles.open(InAppDirectory(kDatabaseName).c_str(), mode, &file.handle);
+static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::giveUp) {
+    const std::string path = InAppDirectory(kDatabaseName);
+    return whenHeld == WhenHeld::tryAgain
+               ? OpenPatiently(path.c_str(), FileMode::readShared, file)
+               : DatabaseFiles.open(path.c_str(), FileMode::readShared, &file.handle);
 }
 
 static void CreateEmptyDatabase() {
@@ -29,8 +32,8 @@ static void CreateEmptyDatabase() {
     if (!written) DatabaseFiles.remove(path.c_str());
 }
 
-bool OpenEnsuredDatabase(ScopedFile& file) {
-    FileStatus status = OpenDatabase(FileMode::readShared, file);
+bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld) {
+    const FileStatus status = OpenDatabase(file, whenHeld);
     if (status != FileStatus::missing) return status == FileStatus::ok;
     // An empty file in the place of a database that waits under its backup name would hide it.
     const FileStatus backup = DatabaseFiles.exists(InAppDirectory(kBackupName).c_str());
@@ -39,7 +42,7 @@ bool OpenEnsuredDatabase(ScopedFile& file) {
     } else if (backup == FileStatus::missing) {
         CreateEmptyDatabase();
     }
-    return OpenDatabase(FileMode::readShared, file) == FileStatus::ok;
+    return OpenDatabase(file, whenHeld) == FileStatus::ok;
 }
 
 void EnsureDatabase() {
@@ -49,7 +52,7 @@ void EnsureDatabase() {
 
 uint16_t DatabaseEntryCount() {
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return 0;
+    if (OpenDatabase(file) != FileStatus::ok) return 0;
     WindowReader reader;
     StartReading(reader, file.handle);
     uint16_t entryCount = 0;
@@ -58,7 +61,7 @@ uint16_t DatabaseEntryCount() {
 
 uint32_t FindEntryOffset(uint32_t entryIndex) {
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return 0;
+    if (OpenDatabase(file) != FileStatus::ok) return 0;
     WindowReader reader;
     StartReading(reader, file.handle);
     uint32_t entryStart = 0;
@@ -104,13 +107,13 @@ std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber)
 
 std::string ReadTrackName(uint32_t entryStart, int trackNumber) {
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::ok) return {};
     return ReadTrackName(file.handle, entryStart, trackNumber);
 }
 
 std::string ReadArtist(uint32_t entryStart) {
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::ok) return {};
     WindowReader reader;
     StartReading(reader, file.handle);
     return Artist(reader, entryStart);
@@ -118,7 +121,7 @@ std::string ReadArtist(uint32_t entryStart) {
 
 std::string ReadDiscName(uint32_t entryStart) {
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::ok) return {};
     WindowReader reader;
     StartReading(reader, file.handle);
     reader.position = uint64_t{entryStart} + kTrackCountOffset;
@@ -133,7 +136,7 @@ static bool LoadEntry(uint32_t entryStart, DiscToc* disc, EntryFields* fields) {
     *disc = {};
     *fields = {};
     ScopedFile file;
-    if (OpenDatabase(FileMode::readShared, file) != FileStatus::ok) return false;
+    if (OpenDatabase(file, WhenHeld::tryAgain) != FileStatus::ok) return false;
     WindowReader reader;
     StartReading(reader, file.handle);
     reader.position = entryStart;

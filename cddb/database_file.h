@@ -18,7 +18,7 @@ extern DiscToc DatabaseDisc;
 void EnsureDatabase();
 
 // EnsureDatabase, and the file stays open for reading.
-bool OpenEnsuredDatabase(ScopedFile& file);
+bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::giveUp);
 
 // 0 when the file cannot be read.
 uint16_t DatabaseEntryCount();
@@ -35,7 +35,8 @@ std::string ReadDiscName(uint32_t entryStart);
 std::string ReadTitle(FileHandle file, uint32_t entryStart);
 std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber);
 
-// All the names and codes of an entry; false when it is not whole, with what could be read.
+// All the names and codes of an entry; false when it is not whole, with what could be read. A file
+// that another program holds is tried again.
 bool LoadEntryFields(uint32_t entryStart, EntryFields* fields);
 
 // Fills DatabaseDisc from an entry; lengths it does not have are 0. False as above.

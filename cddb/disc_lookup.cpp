@@ -31,10 +31,8 @@ static bool TracksMatch(WindowReader& reader, uint16_t trackCount) {
     return true;
 }
 
-static uint32_t FindEntry(FileHandle file, uint16_t totalSeconds, uint16_t trackCount) {
+static uint32_t FindEntry(WindowReader& reader, uint16_t totalSeconds, uint16_t trackCount) {
     const uint32_t key = DiscKey(DatabaseDisc.lengthSeconds[0], totalSeconds);
-    WindowReader reader;
-    StartReading(reader, file);
     uint16_t entryCount = 0;
     if (!ReadEntryCount(reader, &entryCount)) return 0;
     uint32_t entryStart = kHeaderBytes;
@@ -51,12 +49,25 @@ static uint32_t FindEntry(FileHandle file, uint16_t totalSeconds, uint16_t track
     return 0;
 }
 
-bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
+uint32_t FindDiscEntry(FileHandle file) {
+    WindowReader reader;
+    StartReading(reader, file, kUnknownOffset);
+    return FindEntry(reader, DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
+}
+
+LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount, WhenHeld whenHeld) {
     FoundEntryOffset = 0;
     ScopedFile file;
-    if (!OpenEnsuredDatabase(file)) return false;
-    FoundEntryOffset = FindEntry(file.handle, totalSeconds, trackCount);
-    return FoundEntryOffset != 0;
+    if (!OpenEnsuredDatabase(file, whenHeld)) return LookupResult::unreadable;
+    WindowReader reader;
+    StartReading(reader, file.handle);
+    FoundEntryOffset = FindEntry(reader, totalSeconds, trackCount);
+    if (FoundEntryOffset != 0) return LookupResult::found;
+    return reader.failed ? LookupResult::unreadable : LookupResult::unknown;
+}
+
+bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
+    return LookUpDisc(totalSeconds, trackCount) == LookupResult::found;
 }
 
 // For the texts the file is asked for by writing access too, and is not created.
@@ -67,7 +78,7 @@ static bool OpenAtDisc(ScopedFile& file) {
         FileStatus::ok) {
         return false;
     }
-    FoundEntryOffset = FindEntry(file.handle, DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
+    FoundEntryOffset = FindDiscEntry(file.handle);
     return FoundEntryOffset != 0;
 }
 

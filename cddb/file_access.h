@@ -63,6 +63,8 @@ struct ScopedFile {
 
 FileStatus CloseFile(ScopedFile& file);
 
+enum class WhenHeld { giveUp, tryAgain };
+
 // The same as the calls of the table, but while another program holds the file they try again a few
 // times, for a quarter of a second altogether.
 FileStatus OpenPatiently(const char* path, FileMode mode, ScopedFile& file);

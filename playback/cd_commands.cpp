@@ -75,6 +75,8 @@ void OnCdPlay(int startTrack) {
 
 void OnCdPlayRequest(int startTrack, bool behindDialog) {
     if (behindDialog && !IsCdOpen()) return;
+    // In the file modes the last look may be long ago: what it saw says nothing.
+    if (!InCdMode()) CdPlayer.state = DiscState::kNone;
     CdStatusTick();
     OnCdPlay(startTrack);
 }

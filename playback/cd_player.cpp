@@ -191,9 +191,9 @@ static void CdPositionTick() {
 }
 
 // Whether the disc may have become another one unseen. Nothing exchanges a disc without stopping
-// it, so a disc that plays on is not asked; the two queries would make some drives stutter. A drive
-// that is not ready has no answer. A stopped or paused disc has to be asked every time, because a
-// swap between two looks leaves no other trace.
+// it, so a disc that plays on is spared the two queries, and a drive that is not ready has no
+// answer to them. A stopped or paused disc is asked every time: a swap between two looks leaves no
+// other trace.
 static bool MayBeExchanged(bool playedBefore) {
     if (CdPlayer.state == DiscState::kPlaying) return !playedBefore;
     return CdPlayer.state != DiscState::kEmpty;

@@ -50,6 +50,7 @@ TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
 TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     Start({100, 200, 300});
     Catalogue("Artist", "Disc");
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST)) << "the one that Play plays";
     OnCdPlay(0);
     EXPECT_THAT(TakeLog(), ElementsAre("play 1 0:00.00"));
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
@@ -88,7 +89,7 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     }
     EXPECT_EQ(Thumb(), 0);
     EXPECT_EQ(CdPlayer.currentTrack, 1);
-    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST)) << "the one that Play plays";
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
     RefreshDiscTitles();
     ExpectShown({{IDC_TRACK_TITLE, "Disc a"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
@@ -154,8 +155,6 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     FailCall(2);
     CdStatusTick();
     EXPECT_EQ(PlayerDiscToc().trackCount, 0);
-    DiscToc disc;
-    EXPECT_FALSE(PrepareEntry(disc)) << "nothing to name";
     Drive.mode = MCI_MODE_STOP;
     CdStatusTick();
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
@@ -191,7 +190,14 @@ TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     OnCdScroll(SB_LINERIGHT, 0);
     EXPECT_EQ(Thumb(), 0);
 
+    // A disc without tracks has nothing to name.
+    InsertDisc({});
+    CdStatusTick();
+    DiscToc disc;
+    EXPECT_FALSE(PrepareEntry(disc));
+
     // The drive answers a track that the disc does not have.
+    Start({0, 60});
     SetPlaying(255, 1);
     CdStatusTick();
     ExpectShown({{IDC_TRACK_NUMBER, "255"}});

@@ -7,6 +7,7 @@
 #include "app/modes.h"
 #include "app/program_state.h"
 #include "app/shutdown.h"
+#include "cddb/entry_dialog.h"
 #include "playback/cd_player.h"
 #include "playback/file_player.h"
 #include "resources/ids.h"
@@ -21,6 +22,13 @@ static void OnAbout() {
 
 static void OnCdPlayCurrent() {
     OnCdPlay(0);
+}
+
+static void OnEntry() {
+    DiscToc disc;
+    if (!PrepareEntry(disc)) return;
+    ShowEntryDialog(MainWindow, disc);
+    RefreshDiscTitles();
 }
 
 enum class CommandKind { kAnyMode, kFileModes, kCdMode };
@@ -97,12 +105,8 @@ static bool IsDiscRequest(WPARAM wParam, LPARAM lParam, int& track) {
 }
 
 static void OnDiscRequest(HWND window, int track, bool blocked) {
-    if (blocked) {
-        OnCdPlayBehindDialog(track);
-        return;
-    }
-    ChangeMode(window, IDC_MODE_CDPLAYER);
-    OnCdPlay(track);
+    if (!blocked) ChangeMode(window, IDC_MODE_CDPLAYER);
+    OnCdPlayRequest(track, blocked);
 }
 
 // What Enter means depends on the focus; elsewhere it means nothing.

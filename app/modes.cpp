@@ -61,8 +61,16 @@ static void ChangeToCdPlayer(HWND window) {
     ShowCdMode(window);
 }
 
+// Hiding the focused control would throw the focus to the first tab. It stays on the tab that was
+// clicked; from elsewhere in the window it goes to the mode's Play.
+static void PlaceFocus(HWND window, HWND focused) {
+    if (!IsChild(window, focused) || focused == GetDlgItem(window, PlayMode)) return;
+    SetFocus(GetDlgItem(window, InCdMode() ? IDC_CD_PLAY : IDC_PLAY));
+}
+
 void ChangeMode(HWND window, int mode) {
     if (mode == PlayMode) return;
+    HWND focused = GetFocus();
     const bool visible = IsWindowVisible(window) != FALSE;
     HoldDrawing(window);
     CutPlayQueue();
@@ -73,6 +81,7 @@ void ChangeMode(HWND window, int mode) {
         ChangeToFileMode(window, mode);
     }
     ResumeDrawing(window, visible);
+    PlaceFocus(window, focused);
     if (!InCdMode()) return;
     // The drive may have something to say, and its box must not stand before an undrawn window.
     ShowCdPlayer();

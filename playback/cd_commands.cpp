@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "app/program_state.h"
-#include "cddb/entry_dialog.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player.h"
 #include "playback/cd_player_state.h"
@@ -44,8 +43,7 @@ static void PlayFromTrack(int track) {
     if (!GetDevice()) return;
     CdPlayer.paused = false;
     CdPlayer.dragging = false;
-    CdPlayer.currentTrack = track;
-    HighlightCurrentTrack();
+    SetCurrentTrack(track);
     PlayCdFrom(PackPosition(track, 0, 0, 0));
     ShowTrack();
     ShowDiscTitle();
@@ -75,20 +73,12 @@ void OnCdPlay(int startTrack) {
     }
 }
 
-void OnCdPlayBehindDialog(int startTrack) {
-    if (!IsCdOpen()) return;
-    // In cdplayer mode the ticks go on under a dialog and know the disc already.
-    if (!InCdMode()) LookAtDriveQuietly();
-    if (IsDiscMissing()) return;
-    CdPlayer.dragging = false;
-    CdPlayer.trackStale = true;
-    if (CdPlayer.paused) {
-        CdPlayer.paused = false;
-        SendToCd(MCI_PLAY, 0);
-        return;
-    }
-    CdPlayer.currentTrack = TrackToStart(startTrack);
-    PlayCdFrom(PackPosition(CdPlayer.currentTrack, 0, 0, 0));
+void OnCdPlayRequest(int startTrack, bool behindDialog) {
+    if (behindDialog && !IsCdOpen()) return;
+    // In the file modes the last look may be long ago: what it saw says nothing.
+    if (!InCdMode()) CdPlayer.state = DiscState::kNone;
+    CdStatusTick();
+    OnCdPlay(startTrack);
 }
 
 void OnCdPause() {
@@ -101,8 +91,7 @@ void OnCdPause() {
     const MCIERROR error = QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
     if (error != 0) ReportDiscError(error);
     if (mode != MCI_MODE_PLAY) return;
-    CdPlayer.paused = true;
-    SendToCd(MCI_PAUSE, 0);
+    CdPlayer.paused = SendToCd(MCI_PAUSE, 0);
 }
 
 static void StopDisc() {
@@ -112,7 +101,7 @@ static void StopDisc() {
         SendToCd(MCI_PLAY, 0);
     }
     SendToCd(MCI_STOP, MCI_WAIT);
-    CdPlayer.currentTrack = 1;
+    SetCurrentTrack(1);
 }
 
 void OnCdStop() {
@@ -132,8 +121,11 @@ void OnSkipBack() {
         ReportDiscError(error);
         return;
     }
-    const int target = SkipBackTarget(CdPlayer.currentTrack, CdPlayer.toc.trackCount,
-                                      SecondsIntoTrack(UnpackPosition(packed)));
+    const DiscPosition position = UnpackPosition(packed);
+    // A track that has begun since the last tick is the current one already.
+    const bool plays = CdPlayer.state == DiscState::kPlaying;
+    const int target = SkipBackTarget(plays ? position.track : CdPlayer.currentTrack,
+                                      CdPlayer.toc.trackCount, SecondsIntoTrack(position));
     if (target != 0) PlayFromTrack(target);
 }
 
@@ -171,16 +163,13 @@ void OnEject() {
     }
     if (!IsCdOpen() && !OpenCdDevice()) return;
     if (!IsDiscMissing()) StopDisc();
-    HighlightButton(0);
     OpenCdDoor();
 }
 
-void OnEntry() {
-    if (IsDiscMissing() || !GetDevice()) return;
-    // A copy, because ticks go on under the dialog.
-    const DiscToc disc = CdPlayer.toc;
-    ShowEntryDialog(MainWindow, disc);
-    RefreshDiscTitles();
+bool PrepareEntry(DiscToc& disc) {
+    if (IsDiscMissing() || !GetDevice() || CdPlayer.toc.trackCount == 0) return false;
+    disc = CdPlayer.toc;
+    return true;
 }
 
 // The scroll bar
@@ -194,15 +183,19 @@ static int CurrentLengthSeconds() {
     return TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack);
 }
 
-// The last track's final second has no room for the frame, and the drive would refuse the place.
-static int LastSeekSecond() {
-    const bool lastTrack = CdPlayer.currentTrack == CdPlayer.toc.trackCount;
-    return std::max(CurrentLengthSeconds() - (lastTrack ? 1 : 0), 0);
+static MCIERROR PlayFromSecond(int seconds) {
+    return TryPlayCdFrom(
+        PackPosition(CdPlayer.currentTrack, seconds / 60, seconds % 60, kSeekFrame));
 }
 
 static void SeekInTrack(int seconds) {
-    const DiscPosition to = {CdPlayer.currentTrack, seconds / 60, seconds % 60};
-    PlayCdFrom(PackPosition(to.track, to.minutes, to.seconds, kSeekFrame));
+    MCIERROR error = PlayFromSecond(seconds);
+    // The last second of the disc may be too short to hold the frame.
+    if (LOWORD(error) == MCIERR_OUTOFRANGE && seconds > 0) {
+        --seconds;
+        error = PlayFromSecond(seconds);
+    }
+    if (error != 0) ReportDiscError(error);
     ShowElapsedAndThumb(seconds);
 }
 
@@ -210,7 +203,7 @@ static void SeekInTrack(int seconds) {
 static void ReleaseThumb(int seconds) {
     if (!CdPlayer.dragging) return;
     CdPlayer.dragging = false;
-    if (IsDiscPlaying()) SeekInTrack(std::clamp(seconds, 0, LastSeekSecond()));
+    if (IsDiscPlaying()) SeekInTrack(std::clamp(seconds, 0, CurrentLengthSeconds()));
 }
 
 static void DragThumb(int seconds) {
@@ -240,6 +233,12 @@ void OnCdScroll(int code, int thumb) {
             break;
         case SB_PAGERIGHT:
             MoveThumb(kPageScrollSeconds);
+            break;
+        case SB_LEFT:
+            MoveThumb(-CurrentLengthSeconds());
+            break;
+        case SB_RIGHT:
+            MoveThumb(CurrentLengthSeconds());
             break;
         case SB_THUMBTRACK:
             DragThumb(thumb);

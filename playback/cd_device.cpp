@@ -89,8 +89,12 @@ bool SendToCd(UINT message, DWORD_PTR flags) {
     return Checked(Send(message, flags, parameters));
 }
 
-bool PlayCdFrom(DWORD position) {
+MCIERROR TryPlayCdFrom(DWORD position) {
     MCI_PLAY_PARMS play = {};
     play.dwFrom = position;
-    return Checked(Send(MCI_PLAY, MCI_FROM, play));
+    return Send(MCI_PLAY, MCI_FROM, play);
+}
+
+bool PlayCdFrom(DWORD position) {
+    return Checked(TryPlayCdFrom(position));
 }

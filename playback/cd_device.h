@@ -26,3 +26,5 @@ void CloseCdDoor();
 bool SendToCd(UINT message, DWORD_PTR flags);
 // Plays on from the beginning of a frame packed as track, minutes, seconds, frames.
 bool PlayCdFrom(DWORD position);
+// The same without a word about a failure; 0 or what the drive answered.
+MCIERROR TryPlayCdFrom(DWORD position);

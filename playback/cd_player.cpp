@@ -43,28 +43,35 @@ static bool QueryMediumPresent(DWORD& present) {
 
 // Reading the disc
 
-// Tracks whose length the drive does not tell count as empty.
-static void ReadTrackLengths() {
+// A disc that hides a track's length would be taken for another one: it is read again, but not for
+// ever.
+constexpr int kLengthReads = 3;
+
+// Tracks whose length the drive does not tell count as empty. False when there are such tracks.
+static bool ReadTrackLengths() {
+    bool complete = true;
     DiscToc toc;
     toc.trackCount = static_cast<uint16_t>(std::min<DWORD>(CdPlayer.deviceTrackCount, kMaxTracks));
     for (uint16_t track = 1; track <= toc.trackCount; ++track) {
         DWORD length = 0;
-        QueryTrackStatus(CdDevice(), MCI_STATUS_LENGTH, track, length);
+        if (QueryTrackStatus(CdDevice(), MCI_STATUS_LENGTH, track, length) != 0) complete = false;
         toc.lengthSeconds[track - 1] = UnpackLengthSeconds(length);
         toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + toc.lengthSeconds[track - 1]);
     }
     CdPlayer.toc = toc;
+    return complete;
 }
 
 static void ReadToc() {
     CdPlayer.deviceTrackCount = 0;
     CdPlayer.deviceLength = 0;
     CdPlayer.toc = {};
+    CdPlayer.lengthReadsLeft = 0;
     const MCIERROR error =
         QueryStatus(CdDevice(), MCI_STATUS_NUMBER_OF_TRACKS, CdPlayer.deviceTrackCount);
     if (error == 0) {
         QueryStatus(CdDevice(), MCI_STATUS_LENGTH, CdPlayer.deviceLength);
-        ReadTrackLengths();
+        if (!ReadTrackLengths()) CdPlayer.lengthReadsLeft = kLengthReads - 1;
     }
     CdPlayer.page = 0;
     CdPlayer.pageCount = PageCount(CdPlayer.toc.trackCount);
@@ -85,10 +92,12 @@ static void ForgetDisc() {
     CdPlayer.discPresent = false;
     CdPlayer.dragging = false;
     CdPlayer.paused = false;
-    CdPlayer.currentTrack = 1;
+    CdPlayer.titlesStale = false;
+    CdPlayer.lengthReadsLeft = 0;
     CdPlayer.toc = {};
     CdPlayer.page = 0;
     CdPlayer.pageCount = 0;
+    SetCurrentTrack(1);
 }
 
 // A query that fails says nothing about the disc.
@@ -141,6 +150,18 @@ static void ShowTakenDisc() {
     ShowDiscLength();
 }
 
+// The same disc once more, because some of its lengths are still missing.
+static void ReadMissingLengths() {
+    --CdPlayer.lengthReadsLeft;
+    const uint16_t before = CdPlayer.toc.totalSeconds;
+    if (ReadTrackLengths()) CdPlayer.lengthReadsLeft = 0;
+    if (CdPlayer.toc.totalSeconds == before) return;
+    // By its new lengths the disc may be one that the catalogue knows.
+    CdPlayer.trackStale = true;
+    CdPlayer.titlesStale = true;
+    ShowDiscLength();
+}
+
 static void LoseDisc() {
     ForgetDisc();
     ClearCdReadouts();
@@ -162,15 +183,23 @@ static void CdPositionTick() {
     if (QueryStatus(CdDevice(), MCI_STATUS_POSITION, packed) != 0) return;
     const DiscPosition position = UnpackPosition(packed);
     if (position.track != CdPlayer.currentTrack || CdPlayer.trackStale) {
-        CdPlayer.currentTrack = position.track;
+        SetCurrentTrack(position.track);
         CdPlayer.trackStale = false;
         ShowTrack();
     }
     if (!CdPlayer.dragging) ShowElapsedAndThumb(SecondsIntoTrack(position));
 }
 
+// Whether the disc may have become another one unseen. Nothing exchanges a disc without stopping
+// it, so a disc that plays on is spared the two queries, and a drive that is not ready has no
+// answer to them. A stopped or paused disc is asked every time: a swap between two looks leaves no
+// other trace.
+static bool MayBeExchanged(bool playedBefore) {
+    if (CdPlayer.state == DiscState::kPlaying) return !playedBefore;
+    return CdPlayer.state != DiscState::kEmpty;
+}
+
 static void LookForDisc(bool playedBefore) {
-    const bool plays = CdPlayer.state == DiscState::kPlaying;
     DWORD present = CdPlayer.discPresent;
     QueryMediumPresent(present);
     if (present == 0) {
@@ -180,11 +209,13 @@ static void LookForDisc(bool playedBefore) {
     if (!CdPlayer.discPresent) {
         TakeDisc();
         ShowTakenDisc();
-    } else if (!(plays && playedBefore) && !IsSameDisc()) {
-        // Nothing exchanges a disc without stopping it, so a disc that plays on is not asked.
+    } else if (MayBeExchanged(playedBefore) && !IsSameDisc()) {
         ExchangeDisc();
+    } else if (CdPlayer.lengthReadsLeft > 0) {
+        ReadMissingLengths();
     }
-    if (plays) CdPositionTick();
+    if (CdPlayer.state == DiscState::kPlaying) CdPositionTick();
+    if (CdPlayer.titlesStale) ShowStaleTitles();
 }
 
 void CdStatusTick() {
@@ -192,21 +223,11 @@ void CdStatusTick() {
     if (!IsCdOpen() || !QueryDriveMode(mode)) return;
     const bool playedBefore = CdPlayer.state == DiscState::kPlaying;
     const DiscState state = StateOfMode(mode);
-    if (state == DiscState::kEmpty) CdPlayer.currentTrack = 1;
+    // The drive may have been set going, or not have taken the pause, behind the player's back.
+    if (state == DiscState::kPlaying) CdPlayer.paused = false;
+    if (state == DiscState::kEmpty) SetCurrentTrack(1);
     EnterState(state);
     LookForDisc(playedBefore);
-}
-
-void LookAtDriveQuietly() {
-    DWORD mode = 0;
-    DWORD present = 0;
-    if (QueryStatus(CdDevice(), MCI_STATUS_MODE, mode) == 0) CdPlayer.state = StateOfMode(mode);
-    QueryStatus(CdDevice(), MCI_STATUS_MEDIA_PRESENT, present);
-    if (present == 0) {
-        ForgetDisc();
-    } else if (!CdPlayer.discPresent || !IsSameDisc()) {
-        TakeDisc();
-    }
 }
 
 // Opening, showing, closing
@@ -225,7 +246,7 @@ bool OpenDriveAndReadDisc() {
 
 void OpenCdPlayer() {
     OpenDriveAndReadDisc();
-    CdPlayer.currentTrack = 0;
+    SetCurrentTrack(0);
 }
 
 void CloseCdPlayer() {
@@ -240,14 +261,12 @@ void CloseCdPlayer() {
 
 void ShowCdPlayer() {
     CdPlayer.dragging = false;
-    if (!CdPlayer.paused) CdPlayer.currentTrack = 0;
+    if (!CdPlayer.paused) SetCurrentTrack(0);
     // Everything the state shows is shown anew.
     CdPlayer.state = DiscState::kNone;
     ShowDiscState();
     CdStatusTick();
-    if (CdPlayer.state == DiscState::kPlaying) {
-        CdPlayer.paused = false;
-    } else {
+    if (CdPlayer.state != DiscState::kPlaying) {
         SetDiscRange(0);
         SetDiscThumb(0);
     }

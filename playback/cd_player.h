@@ -17,7 +17,8 @@ void CloseCdPlayer();
 // Entering cdplayer mode (also at start-up in it): one look at the drive, so that a disc changed
 // meanwhile is noticed, then all read-outs and the track buttons.
 void ShowCdPlayer();
-// The 1000 ms tick.
+// The 1000 ms tick, and the look that comes before a request from outside. In a file mode too: what
+// it writes then is hidden, and the scroll bar is left alone.
 void CdStatusTick();
 
 DiscState CurrentDiscState();
@@ -28,9 +29,9 @@ bool IsTrackHighlighted(int controlId);
 // Commands. A start track of 1 to 99 plays from that track unless the disc is paused; any other
 // value means the current track.
 void OnCdPlay(int startTrack);
-// The same for a request that arrives while a dialog is open: plays and keeps the state, but
-// touches no control.
-void OnCdPlayBehindDialog(int startTrack);
+// The same for a request from another program, which may come before any tick has seen the disc.
+// Behind a dialog no question is asked, and without an open drive nothing happens.
+void OnCdPlayRequest(int startTrack, bool behindDialog);
 void OnCdPause();
 void OnCdStop();
 void OnSkipBack();
@@ -39,7 +40,9 @@ void OnTrackButton(int controlId);
 void OnNextPage();
 void OnPreviousPage();
 void OnEject();
-void OnEntry();
+// What comes before the dialog in which the disc is named: true when there is a disc with tracks,
+// perhaps after asking the user for the drive. The copy stays as it is while the drive goes on.
+bool PrepareEntry(DiscToc& disc);
 
 // WM_HSCROLL of the position scroll bar; thumb is the 16-bit position of the message.
 void OnCdScroll(int code, int thumb);

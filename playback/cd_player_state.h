@@ -7,10 +7,12 @@ struct CdPlayerState {
     DiscState state = DiscState::kNone;
     bool discPresent = false;
     bool paused = false;
-    bool dragging = false;    // the user holds the scroll bar's thumb
-    bool trackStale = false;  // the next position tick shows the track anew
-    int currentTrack = 0;     // 0 before anything has played
-    int page = 0;             // of track buttons
+    bool dragging = false;     // the user holds the scroll bar's thumb
+    bool trackStale = false;   // the next position tick shows the track anew
+    bool titlesStale = false;  // the catalogue could not be asked: the next look asks again
+    int currentTrack = 0;      // 0 before anything has played; SetCurrentTrack changes it
+    int lengthReadsLeft = 0;   // how often a disc with missing track lengths is still read again
+    int page = 0;              // of track buttons
     int pageCount = 0;
     int highlightedButton = 0;  // 0 to 14
     DiscToc toc;
@@ -22,7 +24,5 @@ extern CdPlayerState CdPlayer;
 
 // Opens the drive and, when it holds a disc, takes it. False when there is no device afterwards.
 bool OpenDriveAndReadDisc();
-// One look at the drive that writes no control, for a mode that shows none of the disc.
-void LookAtDriveQuietly();
 // The drive's mode; a query that keeps failing is reported once. False on failure.
 bool QueryDriveMode(DWORD& mode);

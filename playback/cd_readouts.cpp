@@ -33,7 +33,8 @@ void ShowDiscState() {
 }
 
 void ShowDiscLength() {
-    SetTimeReadout(IDC_DISC_LENGTH, CdPlayer.toc.totalSeconds);
+    SetReadout(IDC_DISC_LENGTH,
+               CdPlayer.discPresent ? MinutesSecondsText(CdPlayer.toc.totalSeconds) : "");
 }
 
 // The file modes use the same scroll bar.
@@ -45,9 +46,17 @@ void SetDiscThumb(int seconds) {
     if (InCdMode()) SetPositionThumb(seconds);
 }
 
-static void ShowTrackTitle(int track) {
+// Another program may hold the catalogue for a moment.
+static bool IsKnownDisc() {
+    if (!CdPlayer.discPresent) return false;
     CopyDiscToc(CdPlayer.toc);
-    SetReadout(IDC_TRACK_TITLE, TrackNameText(track));
+    const LookupResult result = LookUpDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
+    if (result == LookupResult::unreadable) CdPlayer.titlesStale = true;
+    return result == LookupResult::found;
+}
+
+static void ShowTrackTitle(int track) {
+    SetReadout(IDC_TRACK_TITLE, IsKnownDisc() ? TrackNameText(track) : "");
 }
 
 void ShowTrack() {
@@ -58,7 +67,6 @@ void ShowTrack() {
     SetTimeReadout(IDC_SCROLL_RIGHT, length);
     SetTimeReadout(IDC_TRACK_LENGTH, length);
     SetDiscRange(length);
-    HighlightCurrentTrack();
 }
 
 void ShowElapsed(int seconds) {
@@ -85,10 +93,8 @@ void ClearCdReadouts() {
 }
 
 void ShowDiscTitle() {
-    CopyDiscToc(CdPlayer.toc);
-    SetReadout(IDC_DISC_TITLE, CdPlayer.discPresent ? DiscTitleText() : "");
-    const bool known =
-        CdPlayer.discPresent && FindDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
+    const bool known = IsKnownDisc();
+    SetReadout(IDC_DISC_TITLE, known ? DiscTitleText() : "");
     SetReadout(IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
     SetReadout(IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
 }
@@ -99,7 +105,18 @@ void RefreshDiscTitles() {
     ShowTrackTitle(std::max(CdPlayer.currentTrack, 1));
 }
 
+void ShowStaleTitles() {
+    CdPlayer.titlesStale = false;
+    ShowDiscTitle();
+    // A stopped disc shows no track.
+    if (CdPlayer.state >= DiscState::kPlaying) ShowTrackTitle(CdPlayer.currentTrack);
+}
+
 static void ShowDiscControl(int controlId, bool show) {
+    // Left to the platform, the focus of a button that goes would land on the first mode's tab.
+    if (!show && InCdMode() && GetFocus() == GetDlgItem(MainWindow, controlId)) {
+        SetFocus(GetDlgItem(MainWindow, CdPlayer.pageCount >= 2 ? IDC_NEXT_PAGE : IDC_CD_PLAY));
+    }
     ShowControl(MainWindow, controlId, show && InCdMode());
 }
 
@@ -130,15 +147,13 @@ static void RepaintTrackButton(int index) {
     if (button != nullptr) InvalidateRect(button, nullptr, FALSE);
 }
 
-void HighlightButton(int index) {
-    if (index == CdPlayer.highlightedButton) return;
+void SetCurrentTrack(int track) {
+    CdPlayer.currentTrack = track;
+    const int button = HighlightedButton(std::max(track, 1));
+    if (button == CdPlayer.highlightedButton) return;
     RepaintTrackButton(CdPlayer.highlightedButton);
-    CdPlayer.highlightedButton = index;
-    RepaintTrackButton(index);
-}
-
-void HighlightCurrentTrack() {
-    HighlightButton(HighlightedButton(CdPlayer.currentTrack));
+    CdPlayer.highlightedButton = button;
+    RepaintTrackButton(button);
 }
 
 bool IsTrackHighlighted(int controlId) {

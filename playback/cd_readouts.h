@@ -17,13 +17,15 @@ void ClearCdReadouts();
 
 // Title of the disc and label of the entry button, from the catalogue.
 void ShowDiscTitle();
+// Once more what a catalogue that could not be read left open.
+void ShowStaleTitles();
 
 // Total tracks, the page's fifteen buttons with their numbers, the page buttons, the eject button.
 // Outside cdplayer mode none of them is made visible.
 void ShowDiscButtons();
-// Lights the button of the current track.
-void HighlightCurrentTrack();
-void HighlightButton(int index);
+// Takes another current track and lights its button; a track of 0 lights the first, which Play
+// would play.
+void SetCurrentTrack(int track);
 
 // Of the position scroll bar, in seconds; without effect outside cdplayer mode.
 void SetDiscRange(int seconds);

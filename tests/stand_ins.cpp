@@ -2,107 +2,142 @@
 #include "tests/stand_ins.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "app/app_directory.h"
 #include "app/main_window.h"
 #include "app/program_state.h"
 #include "app/settings.h"
+#include "playback/cd_player_state.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
+#include "ui/dialog_helpers.h"
 #include "ui/skin.h"
 
 FakeMci TheMci;
 FakeBoxes TheBoxes;
 
-constexpr MCIDEVICEID kFakeDevice = 7;
+constexpr MCIDEVICEID kFileDevice = 7;
+constexpr MCIDEVICEID kDrive = 8;
+static bool FileDeviceOpen;
+static bool DriveOpen;
 
-static std::string Name(UINT message) {
+static std::string StatusItem(const MCI_STATUS_PARMS& status, DWORD_PTR flags) {
+    static const std::map<DWORD, const char*> kNames = {
+        {MCI_STATUS_MODE, "mode"},
+        {MCI_STATUS_LENGTH, "length"},
+        {MCI_STATUS_POSITION, "position"},
+        {MCI_STATUS_NUMBER_OF_TRACKS, "tracks"},
+        {MCI_STATUS_MEDIA_PRESENT, "present"},
+    };
+    const auto name = kNames.find(status.dwItem);
+    std::string text =
+        name != kNames.end() ? name->second : "status " + std::to_string(status.dwItem);
+    if (flags & MCI_TRACK) text += " " + std::to_string(status.dwTrack);
+    return text;
+}
+
+static std::string PlayText(const MCI_PLAY_PARMS& play, DWORD_PTR flags, bool drive) {
+    std::string text = "play";
+    if (drive && flags == MCI_FROM) {
+        char place[40];
+        snprintf(place, sizeof place, " %d %d:%02d.%02d", MCI_TMSF_TRACK(play.dwFrom),
+                 MCI_TMSF_MINUTE(play.dwFrom), MCI_TMSF_SECOND(play.dwFrom),
+                 MCI_TMSF_FRAME(play.dwFrom));
+        return text + place;
+    }
+    if (flags & MCI_FROM) text += " from " + std::to_string(play.dwFrom);
+    if (flags & MCI_TO) text += " to " + std::to_string(play.dwTo);
+    return text;
+}
+
+// The name of a command as the log has it, and the flags that it must have.
+static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, bool drive,
+                        DWORD_PTR& expected) {
+    expected = MCI_WAIT;
     switch (message) {
         case MCI_OPEN:
-            return "OPEN";
+            expected |= drive ? MCI_OPEN_TYPE : MCI_OPEN_ELEMENT;
+            if (drive) return "open";
+            return std::string("open ") +
+                   reinterpret_cast<MCI_OPEN_PARMSA*>(parameters)->lpstrElementName;
         case MCI_CLOSE:
-            return "CLOSE";
-        case MCI_PLAY:
-            return "PLAY";
+            if (drive) expected = 0;
+            return "close";
         case MCI_SEEK:
-            return "SEEK";
+            expected |= MCI_SEEK_TO_START;
+            return "seek start";
         case MCI_STOP:
-            return "STOP";
+            return "stop";
         case MCI_PAUSE:
-            return "PAUSE";
-        case MCI_SET:
-            return "SET";
-        case MCI_STATUS:
-            return "STATUS";
+            expected = 0;
+            return "pause";
         case MCI_GETDEVCAPS:
-            return "CAPS";
+            expected |= MCI_GETDEVCAPS_ITEM;
+            return "can eject";
+        case MCI_PLAY:
+            expected = flags & (drive ? MCI_FROM : MCI_FROM | MCI_TO);
+            return PlayText(*reinterpret_cast<MCI_PLAY_PARMS*>(parameters), flags, drive);
+        case MCI_SET:
+            expected = flags & MCI_SET_TIME_FORMAT ? MCI_SET_TIME_FORMAT | MCI_WAIT : flags;
+            if (flags == MCI_SET_DOOR_OPEN) return "door open";
+            if (flags == MCI_SET_DOOR_CLOSED) return "door closed";
+            return "format " +
+                   std::to_string(reinterpret_cast<MCI_SET_PARMS*>(parameters)->dwTimeFormat);
+        case MCI_STATUS:
+            expected |= MCI_STATUS_ITEM | (flags & MCI_TRACK);
+            return StatusItem(*reinterpret_cast<MCI_STATUS_PARMS*>(parameters), flags);
         default:
             return "message " + std::to_string(message);
     }
 }
 
-static std::string ItemName(DWORD item) {
-    switch (item) {
-        case MCI_STATUS_MODE:
-            return " mode";
-        case MCI_STATUS_LENGTH:
-            return " length";
-        case MCI_STATUS_POSITION:
-            return " position";
-        case MCI_STATUS_NUMBER_OF_TRACKS:
-            return " tracks";
-        case MCI_STATUS_MEDIA_PRESENT:
-            return " present";
-        default:
-            return " item " + std::to_string(item);
-    }
+static std::string Describe(UINT message, DWORD_PTR flags, DWORD_PTR parameters, bool drive) {
+    // The platform's drive refuses commands without parameters, but for this one.
+    if (parameters == 0 && !(drive && message == MCI_CLOSE)) return "command without parameters";
+    DWORD_PTR expected = 0;
+    const std::string name = Name(message, flags, parameters, drive, expected);
+    return flags == expected ? name : name + " with flags " + std::to_string(flags);
 }
 
-static std::string Details(UINT message, DWORD_PTR flags, DWORD_PTR parameters) {
-    std::string text;
-    if (message == MCI_OPEN) {
-        const auto* open = reinterpret_cast<const MCI_OPEN_PARMSA*>(parameters);
-        if (flags & MCI_OPEN_ELEMENT) text += std::string(" ") + open->lpstrElementName;
-        if (flags & MCI_OPEN_TYPE) text += std::string(" type ") + open->lpstrDeviceType;
-    } else if (message == MCI_PLAY) {
-        const auto* play = reinterpret_cast<const MCI_PLAY_PARMS*>(parameters);
-        if (flags & MCI_FROM) text += " from " + std::to_string(play->dwFrom);
-        if (flags & MCI_TO) text += " to " + std::to_string(play->dwTo);
-    } else if (message == MCI_SEEK && (flags & MCI_SEEK_TO_START)) {
-        text += " start";
-    } else if (message == MCI_SET) {
-        const auto* set = reinterpret_cast<const MCI_SET_PARMS*>(parameters);
-        if (flags & MCI_SET_TIME_FORMAT) text += " format " + std::to_string(set->dwTimeFormat);
-        if (flags & MCI_SET_DOOR_OPEN) text += " door open";
-        if (flags & MCI_SET_DOOR_CLOSED) text += " door closed";
-    } else if (message == MCI_STATUS) {
-        const auto* status = reinterpret_cast<const MCI_STATUS_PARMS*>(parameters);
-        text += ItemName(status->dwItem);
-        if (flags & MCI_TRACK) text += " of " + std::to_string(status->dwTrack);
-    }
-    if (flags & MCI_WAIT) text += " wait";
-    return text;
-}
-
-static MCIERROR WINAPI FakeSend(MCIDEVICEID device, UINT message, DWORD_PTR flags,
-                                DWORD_PTR parameters) {
-    std::string line = Name(message) + Details(message, flags, parameters);
-    if (message != MCI_OPEN && device != kFakeDevice)
-        line += " to device " + std::to_string(device);
-    TheMci.log.push_back(line);
-    if (TheMci.calls++ == TheMci.failingCall) return TheMci.failure;
-    if (message == MCI_OPEN) {
-        const auto type = flags & MCI_OPEN_TYPE;
-        if (type) return MCIERR_CANNOT_LOAD_DRIVER;
-        reinterpret_cast<MCI_OPEN_PARMSA*>(parameters)->wDeviceID = kFakeDevice;
-    } else if (message == MCI_STATUS) {
+static MCIERROR AnswerFile(UINT message, DWORD_PTR parameters) {
+    if (message == MCI_STATUS) {
         auto* status = reinterpret_cast<MCI_STATUS_PARMS*>(parameters);
         status->dwReturn = TheMci.status[status->dwItem];
     }
     return 0;
+}
+
+static MCIERROR WINAPI FakeSend(MCIDEVICEID device, UINT message, DWORD_PTR flags,
+                                DWORD_PTR parameters) {
+    const bool opens = message == MCI_OPEN;
+    const bool drive = opens ? (flags & MCI_OPEN_TYPE) != 0 : device == kDrive;
+    bool& open = drive ? DriveOpen : FileDeviceOpen;
+    std::string line = Describe(message, flags, parameters, drive);
+    if (!opens && !(open && device == (drive ? kDrive : kFileDevice))) line += " to no device";
+    TheMci.log.push_back(line);
+    if (TheMci.callsToFailure >= 0 && TheMci.callsToFailure-- == 0) return TheMci.failure;
+    if (drive && !TheMci.drive) return MCIERR_CANNOT_LOAD_DRIVER;
+    const MCIERROR error =
+        drive ? TheMci.drive(message, flags, parameters) : AnswerFile(message, parameters);
+    if (error != 0) return error;
+    if (opens) {
+        reinterpret_cast<MCI_OPEN_PARMSA*>(parameters)->wDeviceID = drive ? kDrive : kFileDevice;
+    }
+    if (opens || message == MCI_CLOSE) open = opens;
+    return 0;
+}
+
+void FailCall(int n, MCIERROR failure) {
+    TheMci.callsToFailure = n;
+    TheMci.failure = failure;
+}
+
+Log TakeLog() {
+    return std::exchange(TheMci.log, {});
 }
 
 static BOOL WINAPI FakeErrorText(MCIERROR code, LPSTR text, UINT size) {
@@ -110,8 +145,8 @@ static BOOL WINAPI FakeErrorText(MCIERROR code, LPSTR text, UINT size) {
     return TRUE;
 }
 
-static void TakeBox() {
-    TheBoxes.shown.push_back(MessageText);
+static void TakeBox(const char* kind) {
+    TheBoxes.shown.push_back(std::string(kind) + MessageText);
     const std::function<void()> inside = std::move(TheBoxes.whileOpen);
     TheBoxes.whileOpen = nullptr;
     if (!inside) return;
@@ -122,11 +157,11 @@ static void TakeBox() {
 }
 
 static void FakeMessage(HWND) {
-    TakeBox();
+    TakeBox("");
 }
 
 static void FakeQuestion(HWND) {
-    TakeBox();
+    TakeBox("? ");
     QuestionAnswer = TheBoxes.answerOk ? 0 : 1;
 }
 
@@ -163,7 +198,9 @@ void OpenTestWindow(int mode, const std::vector<std::string>& files) {
     Settings = {};
     Settings.soundControls = false;
     MediaDevice = {};
+    DriverAvailable = {};
     PlayQueue = {};
+    CdPlayer = {};
     PlayMode = mode;
     ShuttingDown = false;
     // As if a media file had been named: the settings stay as they are above.
@@ -171,18 +208,31 @@ void OpenTestWindow(int mode, const std::vector<std::string>& files) {
     CreateBackgroundBrush();
     static const bool registered = RegisterMainWindowClass();
     if (registered) CreateMainWindow();
-    TheMci.log.clear();
-    TheMci.calls = 0;
+    TakeLog();
 }
 
 void CloseTestWindow() {
-    if (MainWindow == nullptr) return;
+    FailCall(-1);
+    CloseCdPlayer();
     StopPositionTimer();
     StopCdTimer();
     StopAnimationTimer();
-    DestroyWindow(MainWindow);
+    if (MainWindow != nullptr) DestroyWindow(MainWindow);
     MainWindow = nullptr;
     FreeSkin();
+}
+
+void Command(int id, int notification) {
+    SendMessageA(MainWindow, WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, notification)), 0);
+}
+
+std::string Text(int id) {
+    return ControlText(MainWindow, id);
+}
+
+void Scroll(int code, int thumb) {
+    SendMessageA(MainWindow, WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, thumb)),
+                 reinterpret_cast<LPARAM>(GetDlgItem(MainWindow, IDC_SCROLL)));
 }
 
 void PumpMessages() {

@@ -11,20 +11,29 @@
 
 #include "playback/mci.h"
 
+using Log = std::vector<std::string>;
+
 struct FakeMci {
-    // One line per command: "OPEN element wait c:\x.wav", "PLAY from 5 to 5", "STATUS mode".
-    std::vector<std::string> log;
-    // Answers of status items, by item; 0 where none is given.
+    // One line per command: "open c:\x.wav", "play from 5 to 5", "mode"; to the drive "length 3",
+    // "play 5 1:02.30". Flags other than those a command must have are told, and so is a command to
+    // a device that is not open.
+    Log log;
+    // Answers of the file device's status items, by item; 0 where none is given.
     std::map<DWORD, DWORD> status;
-    // The call (counted from 0 since the last clear) that fails, and with what; -1 for none.
-    int failingCall = -1;
+    // Answers for "cdaudio"; without it no such driver is installed.
+    std::function<MCIERROR(UINT message, DWORD_PTR flags, DWORD_PTR parameters)> drive;
+    int callsToFailure = -1;
     MCIERROR failure = MCIERR_HARDWARE;
-    int calls = 0;
 };
 extern FakeMci TheMci;
 
+// The n-th call from now on (0 is the next) fails, and only that one; -1 for none.
+void FailCall(int n, MCIERROR failure = MCIERR_HARDWARE);
+// The commands since the last time.
+Log TakeLog();
+
 struct FakeBoxes {
-    std::vector<std::string> shown;  // texts of message and question boxes, in order
+    Log shown;  // texts of the boxes, in order; those of questions begin with "? "
     bool answerOk = true;
     std::function<void()> whileOpen;  // runs inside the next box, once
 };
@@ -33,12 +42,18 @@ extern FakeBoxes TheBoxes;
 // Puts fresh stand-ins in place. With the fake, error codes read "error N".
 void UseStandIns();
 
-// The main window in a file mode, made anew on every call; the mode's directory holds these files.
+// The main window in a mode, made anew on every call; the file modes' directory holds these files.
 void OpenTestWindow(int mode, const std::vector<std::string>& files);
 void CloseTestWindow();
 
 // An empty directory of the test's own, with its trailing backslash.
 std::string FreshDirectory();
+
+// A command of the main window, and the text of one of its controls.
+void Command(int id, int notification = 0);
+std::string Text(int id);
+// A step of the position scroll bar.
+void Scroll(int code, int thumb = 0);
 
 // Dispatches what is in the message queue.
 void PumpMessages();

@@ -5,12 +5,14 @@
 #include <functional>
 
 #include "app/program_state.h"
-#include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
 #include "playback/media_device.h"
+#include "playback/play_queue.h"
+#include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -33,7 +35,7 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         const char* name;
         std::function<void()> prepare;
         std::function<void()> act;
-        std::vector<std::string> commands;
+        Log commands;
     } cases[] = {
         {"open",
          CloseCdPlayer,
@@ -67,29 +69,26 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         {"close", playing, CloseCdPlayer, {"~mode", "stop", "close"}},
     };
     for (const auto& c : cases) {
-        std::vector<std::string> commands;
+        Log commands;
         for (const std::string& marked : c.commands) {
             commands.push_back(marked.substr(marked.find_first_not_of("!~")));
         }
         for (int n = -1; n < static_cast<int>(commands.size()); ++n) {
             SCOPED_TRACE(c.name + (" " + std::to_string(n)));
-            CdPlayer = {};
             Start({60, 60});
             c.prepare();
             TakeLog();
-            Messages.clear();
-            Drive.failAt = n;
-            Drive.failure =
-                commands[std::max(n, 0)] == "open" ? MCIERR_CANNOT_LOAD_DRIVER : MCIERR_HARDWARE;
+            TheBoxes.shown.clear();
+            FailCall(n, commands[std::max(n, 0)] == "open" ? MCIERR_CANNOT_LOAD_DRIVER
+                                                           : MCIERR_HARDWARE);
             c.act();
             const std::string mark = n < 0 ? "~" : c.commands[n];
-            EXPECT_EQ(Messages.size(), mark.find('~') == std::string::npos ? 1u : 0u);
+            EXPECT_EQ(TheBoxes.shown.size(), mark.find('~') == std::string::npos ? 1u : 0u);
             const bool ends = mark.find('!') != std::string::npos;
             const auto end = ends ? commands.begin() + n + 1 : commands.end();
-            EXPECT_EQ(TakeLog(), std::vector<std::string>(commands.begin(), end));
-            Drive.failAt = -1;
-            CdStatusTick();
-            CloseCdPlayer();
+            EXPECT_EQ(TakeLog(), Log(commands.begin(), end));
+            FailCall(-1);
+            CdStatusTick();  // a failing status query is told again after one that succeeds
         }
     }
 }
@@ -106,6 +105,27 @@ TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     Drive.mode = MCI_MODE_STOP;
     OnCdPause();
     EXPECT_FALSE(CdPlayer.paused) << "a disc that does not play is not paused";
+
+    OnCdPlay(2);
+    FailCall(1);  // the drive refuses the pause
+    OnCdPause();
+    EXPECT_FALSE(CdPlayer.paused);
+    CdStatusTick();
+    ExpectShown({{IDC_CD_STATUS, "Playing"}});
+    OnCdPause();
+    EXPECT_TRUE(CdPlayer.paused) << "the next Pause pauses";
+    Drive.mode = MCI_MODE_PLAY;  // another program sets the disc going
+    CdStatusTick();
+    EXPECT_FALSE(CdPlayer.paused);
+}
+
+TEST_F(CdCommandsTest, SkipBackKnowsATrackThatNoTickHasSeen) {
+    Start({100, 200, 300});
+    OnCdPlay(2);
+    CdStatusTick();
+    SetPlaying(3, 1);
+    OnSkipBack();
+    EXPECT_EQ(TakeLog().back(), "play 2 0:00.00");
 }
 
 TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
@@ -137,6 +157,10 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     OnCdScroll(SB_THUMBTRACK, 0);
     OnCdScroll(SB_THUMBPOSITION, 0);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
+    OnCdScroll(SB_RIGHT, 0);
+    EXPECT_EQ(TakeLog().back(), "play 1 1:40.30");
+    OnCdScroll(SB_LEFT, 0);
+    EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
 
     OnCdScroll(SB_THUMBTRACK, 50);
     Drive.mode = MCI_MODE_STOP;  // the disc ends under the thumb
@@ -144,30 +168,40 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     SetPlaying(2, 5);
     CdStatusTick();
     ExpectShown({{IDC_TIME, "0:05"}});
+
+    // Whether the disc's last second holds the place, only the drive knows.
+    for (const auto& [lastFrame, reached] : {std::pair{30u, 60}, std::pair{29u, 59}}) {
+        Drive.lastFrame = lastFrame;
+        OnCdScroll(SB_RIGHT, 0);
+        EXPECT_EQ(Thumb(), reached);
+        EXPECT_EQ(MCI_TMSF_SECOND(Drive.position), reached % 60);
+    }
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
 }
 
 TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     InstallFakeDrive({60});
     Drive.openError = MCIERR_CANNOT_LOAD_DRIVER;
-    OpenCdPlayer();
-    ShowCdPlayer();
-    Consent = false;
-    for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward, OnEntry})
+    DiscToc disc;
+    TheBoxes.answerOk = false;
+    for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward})
         command();
+    EXPECT_FALSE(PrepareEntry(disc));
     OnCdPlay(0);
-    EXPECT_EQ(Questions.size(), 6u);
-    EXPECT_EQ(Questions[0], "Could not open CD device when starting Tarnwell. Try it again?");
-    EXPECT_THAT(Messages, IsEmpty());
+    const char* const kQuestion =
+        "? Could not open CD device when starting Tarnwell. Try it again?";
+    EXPECT_EQ(TheBoxes.shown, Log(6, kQuestion));
 
     const char* const kStill =
         "Still can't open CD device. Make sure there is a disc in your CD-ROM drive.";
-    Consent = true;
+    TheBoxes = {};
     OnCdPlay(0);
-    EXPECT_THAT(Messages, ElementsAre(kStill));
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(kQuestion, kStill));
     Drive.openError = 0;
     RemoveDisc();
-    OnEntry();
-    EXPECT_THAT(Messages, ElementsAre(kStill, kStill)) << "open, but without a disc";
+    TheBoxes = {};
+    EXPECT_FALSE(PrepareEntry(disc));
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(kQuestion, kStill)) << "open, but without a disc";
     CloseCdPlayer();
 
     InsertDisc({60});
@@ -175,33 +209,66 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     OnSkipForward();
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
     EXPECT_TRUE(IsShown(IDC_TRACK_FIRST));
+    EXPECT_TRUE(PrepareEntry(disc));
+    EXPECT_EQ(disc.totalSeconds, 60);
 
     CloseCdPlayer();
     DriverAvailable.cdAudio = false;
-    Messages.clear();
+    TheBoxes = {};
     OnCdPlay(0);
-    EXPECT_THAT(Messages, ElementsAre("No MCI CD audio driver installed!"));
+    EXPECT_THAT(TheBoxes.shown, ElementsAre("No MCI CD audio driver installed!"));
 }
 
-TEST_F(CdCommandsTest, RequestsUnderADialogOfAFileModeTouchNoControl) {
-    Start({100, 200});
-    PlayMode = IDC_MODE_WAVE;
-    SetScrollRange(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL, 0, 1000, FALSE);
-    SetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL, 640, FALSE);
-    ShowWindow(GetDlgItem(MainWindow, IDC_TRACK_FIRST), SW_HIDE);
-    InsertDisc({70, 80, 90});
-    OnCdPlayBehindDialog(3);
-    EXPECT_EQ(TakeLog().back(), "play 3 0:00.00");
-    EXPECT_EQ(PlayerDiscToc().trackCount, 3);
-    EXPECT_EQ(Range(), 1000);
-    EXPECT_EQ(Thumb(), 640);
-    EXPECT_FALSE(IsShown(IDC_TRACK_FIRST));
+// Another program asks for a track of a disc that no tick has seen: just put in, or swapped.
+TEST_F(CdCommandsTest, RequestsLookAtTheDriveFirst) {
+    for (const bool behindDialog : {false, true}) {
+        SCOPED_TRACE(behindDialog);
+        Start({100, 200});
+        RemoveDisc();
+        CdStatusTick();
+        InsertDisc({70, 80, 90});
+        OnCdPlayRequest(3, behindDialog);
+        EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));
+        ExpectShown({{IDC_TRACK_LENGTH, "1:30"}});
+        InsertDisc({50, 40});
+        OnCdPlayRequest(0, behindDialog);
+        EXPECT_THAT(TakeLog(), Contains("play 1 0:00.00"));
+        ExpectShown({{IDC_TRACK_LENGTH, "0:50"}});
+        CloseCdPlayer();
+        TheBoxes = {};
+        OnCdPlayRequest(1, behindDialog);
+        EXPECT_EQ(TheBoxes.shown.empty(), behindDialog) << "no question over a dialog";
+    }
+}
 
-    PlayMode = IDC_MODE_CDPLAYER;
-    ShowCdPlayer();
-    ExpectShown({{IDC_TRACK_NUMBER, "3"}});
-    OnCdPlayBehindDialog(1);
-    CdStatusTick();
-    ExpectShown({{IDC_TRACK_NUMBER, "1"}});
-    EXPECT_EQ(Range(), 70);
+// The file's sound, its read-outs and its scroll bar go on, also when the drive fails.
+TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
+    TheMci.status[MCI_STATUS_LENGTH] = 2000;
+    for (int n = -1; n < 10; ++n) {
+        SCOPED_TRACE(n);
+        InstallFakeDrive({100, 200});
+        OpenTestWindow(IDC_MODE_WAVE, {"a.wav"});
+        SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, 0);
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+        Command(IDC_PLAY);
+        PlayQueue.repeat = true;
+        SetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL, 640, FALSE);
+        InsertDisc({70, 80, 90});
+        TheBoxes = {};
+        TakeLog();
+        FailCall(n);
+        OnCdPlayRequest(3, true);
+        EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));
+        const bool told = n == 0 || n == 1 || n == 4 || n == 9;
+        EXPECT_EQ(TheBoxes.shown.size(), told ? 1u : 0u);
+        EXPECT_TRUE(MediaDevice.open && IsPositionTimerRunning() && PlayQueue.repeat);
+        ExpectShown({{IDC_STATUS, "Playing"}, {IDC_FILE_NAME, "a.wav"}});
+        EXPECT_EQ(Range(), 1000);
+        EXPECT_EQ(Thumb(), 640);
+        EXPECT_FALSE(IsShown(IDC_TRACK_FIRST));
+        if (n >= 0) continue;
+        Command(IDC_MODE_CDPLAYER);
+        ExpectShown({{IDC_TRACK_NUMBER, "3"}});
+        EXPECT_EQ(Range(), 90);
+    }
 }

@@ -1,21 +1,19 @@
-// A CD player under test: a fake drive, boxes that answer by themselves, a hidden window of plain
-// controls with the main window's numbers, a database of its own.
+// A CD player under test: the main window in cdplayer mode over a fake drive.
 #pragma once
 
 #include <gmock/gmock.h>
 
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "tests/playback/fake_drive.h"
+#include "tests/fake_drive.h"
+#include "tests/stand_ins.h"
 
 class CdPlayerTest : public testing::Test {
 protected:
     void SetUp() override;
-    void TearDown() override;
+    void TearDown() override { CloseTestWindow(); }
 
-    // A drive with this disc, open, as cdplayer mode shows it.
+    // A drive with this disc, open, as cdplayer mode shows it; the player remembers nothing.
     void Start(std::vector<DWORD> trackSeconds);
     // The disc in the drive becomes known to the database, its tracks as "Disc a", "Disc b" ...
     void Catalogue(const std::string& artist, const std::string& disc);
@@ -25,8 +23,3 @@ protected:
     int Thumb();
     int Range();
 };
-
-// What the boxes were asked to show since the test began.
-extern std::vector<std::string> Messages;
-extern std::vector<std::string> Questions;
-extern bool Consent;  // the answer to questions

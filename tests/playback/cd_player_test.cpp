@@ -1,6 +1,10 @@
 // The CD player's ticks: what the window shows as the drive plays, stops and changes its disc.
 #include "playback/cd_player.h"
 
+#include <algorithm>
+
+#include "app/app_directory.h"
+#include "app/program_state.h"
 #include "playback/cd_player_state.h"
 #include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"
@@ -13,34 +17,32 @@ TEST_F(CdPlayerTest, EmptyAndMissingDrivesAreSilentAtStart) {
     RemoveDisc();
     OpenCdPlayer();
     ShowCdPlayer();
-    ExpectShown({{IDC_CD_STATUS, "Empty"}, {IDC_EJECT_LABEL, "Load"}});
+    ExpectShown({{IDC_CD_STATUS, "Empty"}, {IDC_EJECT_LABEL, "Load"}, {IDC_DISC_LENGTH, ""}});
     CloseCdPlayer();
     // The high word of an error may carry a device.
     Drive.openError = MCIERR_CANNOT_LOAD_DRIVER + (7 << 16);
     OpenCdPlayer();
     CdStatusTick();
-    EXPECT_THAT(Messages, IsEmpty());
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
     Drive.openError = MCIERR_HARDWARE;
     OpenCdPlayer();
-    EXPECT_THAT(Messages, ElementsAre("error 262"));
+    EXPECT_THAT(TheBoxes.shown, ElementsAre("error 262"));
 }
 
 TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
     Start({60});
     const auto failingTick = [](int n) {
-        TakeLog();
-        Drive.failAt = n;
+        FailCall(n);
         CdStatusTick();
-        Drive.failAt = -1;
     };
     for (int query : {0, 1}) {
-        Messages.clear();
+        TheBoxes.shown.clear();
         for (int tick = 0; tick < 3; ++tick)
             failingTick(query);
-        EXPECT_EQ(Messages.size(), 1u);
+        EXPECT_EQ(TheBoxes.shown.size(), 1u);
         CdStatusTick();
         failingTick(query);
-        EXPECT_EQ(Messages.size(), 2u);
+        EXPECT_EQ(TheBoxes.shown.size(), 2u);
         CdStatusTick();
     }
 }
@@ -48,6 +50,7 @@ TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
 TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     Start({100, 200, 300});
     Catalogue("Artist", "Disc");
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST)) << "the one that Play plays";
     OnCdPlay(0);
     EXPECT_THAT(TakeLog(), ElementsAre("play 1 0:00.00"));
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
@@ -86,6 +89,7 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     }
     EXPECT_EQ(Thumb(), 0);
     EXPECT_EQ(CdPlayer.currentTrack, 1);
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
     RefreshDiscTitles();
     ExpectShown({{IDC_TRACK_TITLE, "Disc a"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
@@ -99,12 +103,15 @@ TEST_F(CdPlayerTest, DiscRemovedWhilePlayingLeavesNothingToCommand) {
     ExpectShown({{IDC_TIME, ""}, {IDC_DISC_LENGTH, ""}, {IDC_TOTAL_TRACKS, "0"}});
     EXPECT_FALSE(IsShown(IDC_TRACK_FIRST));
     EXPECT_FALSE(IsShown(IDC_TRACK_LABEL_FIRST));
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
     TakeLog();
-    for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward, OnNextPage, OnEntry}) {
+    for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward, OnNextPage}) {
         command();
     }
     OnCdPlay(1);
     OnTrackButton(IDC_TRACK_FIRST);
+    DiscToc disc;
+    EXPECT_FALSE(PrepareEntry(disc));
     EXPECT_THAT(TakeLog(), IsEmpty());
 }
 
@@ -119,7 +126,6 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
                                                                       }}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.state);
-        CdPlayer = {};
         Start({100, 200});
         Catalogue("Old", "Disc");
         c.prepare();
@@ -129,13 +135,12 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
         CdStatusTick();
         EXPECT_EQ(PlayerDiscToc().trackCount, 3);
         EXPECT_FALSE(CdPlayer.paused);
-        ExpectShown({{IDC_CD_STATUS, "Ready"}});
-        ExpectShown({{IDC_DISC_TITLE, ""}});
-        ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
-        ExpectShown({{IDC_DISC_LENGTH, "11:06"}});
+        ExpectShown({{IDC_CD_STATUS, "Ready"},
+                     {IDC_DISC_TITLE, ""},
+                     {IDC_ENTRY_LABEL, "Add Entry"},
+                     {IDC_DISC_LENGTH, "11:06"}});
         CdStatusTick();
         ExpectShown({{IDC_CD_STATUS, "Ready"}});
-        CloseCdPlayer();
     }
 }
 
@@ -147,14 +152,12 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
     InsertDisc({100, 200});
     Drive.mode = MCI_MODE_NOT_READY;  // it spins up and cannot tell its tracks yet
-    TakeLog();
-    Drive.failAt = 2;
+    FailCall(2);
     CdStatusTick();
     EXPECT_EQ(PlayerDiscToc().trackCount, 0);
-    Drive.failAt = -1;
     Drive.mode = MCI_MODE_STOP;
     CdStatusTick();
-    EXPECT_THAT(Messages, IsEmpty());
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
 
@@ -179,8 +182,6 @@ TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     ExpectShown({{IDC_TRACK_LABEL_FIRST, "91"}});
 
     // A data track plays as far as the drive says; its length is 0.
-    CloseCdPlayer();
-    CdPlayer = {};
     Start({0, 60});
     SetPlaying(1, 0);
     CdStatusTick();
@@ -189,7 +190,14 @@ TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     OnCdScroll(SB_LINERIGHT, 0);
     EXPECT_EQ(Thumb(), 0);
 
+    // A disc without tracks has nothing to name.
+    InsertDisc({});
+    CdStatusTick();
+    DiscToc disc;
+    EXPECT_FALSE(PrepareEntry(disc));
+
     // The drive answers a track that the disc does not have.
+    Start({0, 60});
     SetPlaying(255, 1);
     CdStatusTick();
     ExpectShown({{IDC_TRACK_NUMBER, "255"}});
@@ -219,4 +227,71 @@ TEST_F(CdPlayerTest, ReturningToTheModeFindsThePauseOrAnotherDisc) {
     ShowCdPlayer();
     ExpectShown({{IDC_TIME, "0:20"}});
     EXPECT_EQ(Range(), 50);
+}
+
+TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
+    Start({100, 200});
+    Catalogue("Artist", "Disc");
+    const auto holdCatalogue = [] {
+        return CreateFileA(InAppDirectory("tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
+                           OPEN_EXISTING, 0, nullptr);
+    };
+    HANDLE held = holdCatalogue();
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    OnCdPlay(2);
+    CdStatusTick();
+    ExpectShown({{IDC_DISC_TITLE, ""}, {IDC_TRACK_TITLE, ""}, {IDC_ENTRY_LABEL, "Add Entry"}});
+    CloseHandle(held);
+    CdStatusTick();
+    ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"},
+                 {IDC_TRACK_TITLE, "Disc b"},
+                 {IDC_ENTRY_LABEL, "Edit Entry"}});
+}
+
+// By its lengths a disc is known; one that the drive holds back is asked for again, though not for
+// ever, and the pause survives it.
+TEST_F(CdPlayerTest, MissingTrackLengthsAreReadAgainAFewTimes) {
+    Start({100, 200});
+    Catalogue("Artist", "Disc");
+    RemoveDisc();
+    CdStatusTick();
+    InsertDisc({100, 200});
+    FailCall(5);  // the length of track 2
+    CdStatusTick();
+    ExpectShown({{IDC_DISC_LENGTH, "1:40"}, {IDC_ENTRY_LABEL, "Add Entry"}});
+    CdStatusTick();
+    ExpectShown({{IDC_DISC_LENGTH, "5:00"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
+
+    InsertDisc({100, 200, 300});
+    Drive.tellsLengths = false;
+    CdStatusTick();
+    TakeLog();
+    OnCdPlay(1);
+    OnCdPause();
+    for (int tick = 0; tick < 9; ++tick)
+        CdStatusTick();
+    const Log log = TakeLog();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "length 3"), 2);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "length"), 9) << "swaps are looked for";
+    ExpectShown({{IDC_CD_STATUS, "Paused"}});
+}
+
+TEST_F(CdPlayerTest, TheFocusStaysAmongTheButtonsOfTheMode) {
+    const auto focused = [] { return GetDlgCtrlID(GetFocus()); };
+    const auto focus = [](int id) { SetFocus(GetDlgItem(MainWindow, id)); };
+    Start(std::vector<DWORD>(17, 60));
+    focus(IDC_TRACK_LAST);
+    OnNextPage();
+    EXPECT_EQ(focused(), IDC_NEXT_PAGE);
+    InsertDisc({60});
+    CdStatusTick();
+    EXPECT_EQ(focused(), IDC_CD_PLAY);
+    Command(IDC_MODE_WAVE);
+    EXPECT_EQ(focused(), IDC_PLAY);
+    focus(IDC_MODE_MIDI);
+    Command(IDC_MODE_MIDI);
+    EXPECT_EQ(focused(), IDC_MODE_MIDI);
+    focus(IDC_FILE_LIST);
+    Command(IDC_MODE_CDPLAYER);
+    EXPECT_EQ(focused(), IDC_CD_PLAY);
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "app/program_state.h"
 #include "app/settings.h"
 #include "playback/media_device.h"
@@ -11,9 +13,7 @@
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "tests/stand_ins.h"
-#include "ui/dialog_helpers.h"
-
-using Log = std::vector<std::string>;
+#include "ui/boxes.h"
 
 class FilePlayerTest : public testing::Test {
 protected:
@@ -30,21 +30,23 @@ protected:
         for (int i = first; i <= last; ++i)
             SendMessageA(List(), LB_SETSEL, TRUE, i);
     }
-    static void Command(int id) {
-        SendMessageA(MainWindow, WM_COMMAND, static_cast<WPARAM>(id), 0);
-    }
-    static std::string Text(int id) { return ControlText(MainWindow, id); }
-    static Log TakeLog() { return std::exchange(TheMci.log, {}); }
     static Log OpeningOf(const char* name) {
-        return {"OPEN " + AppDirectory() + name + " wait", "SET format 0 wait",
-                "STATUS length wait", "SEEK start wait", "PLAY"};
+        return {"open " + WaveFilesPath + name, "format 0", "length", "seek start", "play"};
     }
-    static const std::string& AppDirectory() { return WaveFilesPath; }
+    static void PlayFirst(int count) {
+        Select(0, count - 1);
+        Command(IDC_PLAY);
+        TakeLog();
+    }
+    static void FileEnds() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP; }
+    // Nothing is open, nothing ticks, and the window says so.
+    static void ExpectIdle() {
+        EXPECT_FALSE(MediaDevice.open);
+        EXPECT_FALSE(IsPositionTimerRunning());
+        EXPECT_FALSE(KillTimer(MainWindow, ID_ANIMATION_TIMER));
+        EXPECT_EQ(Text(IDC_STATUS), "Ready");
+    }
     static void Tick() { SendMessageA(MainWindow, WM_TIMER, ID_POSITION_TIMER, 0); }
-    static void Scroll(int code, int thumb = 0) {
-        SendMessageA(MainWindow, WM_HSCROLL, MAKEWPARAM(code, thumb),
-                     reinterpret_cast<LPARAM>(GetDlgItem(MainWindow, IDC_SCROLL)));
-    }
 };
 
 TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
@@ -60,21 +62,21 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
 
     TheMci.status[MCI_STATUS_POSITION] = 1500;
     Tick();
-    EXPECT_EQ(TakeLog(), (Log{"STATUS mode wait", "STATUS position wait"}));
+    EXPECT_EQ(TakeLog(), (Log{"mode", "position"}));
     EXPECT_EQ(Text(IDC_POSITION), "1.500 Seconds");
     EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 750);
 
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    FileEnds();
     Tick();
-    Log expected = {"STATUS mode wait", "CLOSE wait"};
+    Log expected = {"mode", "close"};
     for (const std::string& line : OpeningOf("b.wav"))
         expected.push_back(line);
-    expected.push_back("STATUS position wait");
+    expected.push_back("position");
     EXPECT_EQ(TakeLog(), expected);
     EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
 
     Tick();  // the last file has ended; it stays open at its end
-    EXPECT_EQ(TakeLog(), Log{"STATUS mode wait"});
+    EXPECT_EQ(TakeLog(), Log{"mode"});
     EXPECT_EQ(Text(IDC_POSITION), "2.000 Seconds");
     EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 1000);
     EXPECT_EQ(Text(IDC_STATUS), "Ready");
@@ -83,70 +85,106 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
 }
 
 TEST_F(FilePlayerTest, AnyFailingCommandOfAnOpeningGivesOneBoxAndAClosedDevice) {
+    Select(0, 2);
     for (int n = 0; n < 5; ++n) {
-        SetUp();
+        SCOPED_TRACE(n);
         PlayQueue.repeat = true;
-        Select(0, 2);
-        TheMci.failingCall = n;
+        TheBoxes = {};
+        FailCall(n);
         Command(IDC_PLAY);
         Log expected = OpeningOf("a.wav");
         expected.resize(static_cast<size_t>(n) + 1);
-        if (n > 0) expected.insert(expected.end(), {"STOP wait", "CLOSE wait"});
-        EXPECT_EQ(TakeLog(), expected) << n;
-        EXPECT_EQ(TheBoxes.shown, Log{"error 262"}) << n;
-        EXPECT_FALSE(MediaDevice.open);
+        if (n > 0) expected.insert(expected.end(), {"stop", "close"});
+        EXPECT_EQ(TakeLog(), expected);
+        EXPECT_EQ(TheBoxes.shown, Log{"error 262"});
+        ExpectIdle();
         EXPECT_FALSE(PlayQueue.repeat);
-        EXPECT_FALSE(IsPositionTimerRunning());
         EXPECT_EQ(PlayQueue.filesLeft, 3u) << "the counters stay as they were";
-        EXPECT_EQ(Text(IDC_STATUS), "Ready");
-        for (int id : {IDC_FILE_NAME, IDC_LENGTH, IDC_POSITION, IDC_POSITION_UNIT}) {
+        for (int id : {IDC_FILE_NAME, IDC_LENGTH, IDC_POSITION, IDC_POSITION_UNIT})
             EXPECT_EQ(Text(id), "") << id;
-        }
-        TheMci.failingCall = -1;
         Command(IDC_PLAY);
         EXPECT_EQ(TakeLog(), OpeningOf("a.wav")) << "the next Play works";
+        Command(IDC_STOP);
+        TakeLog();
     }
 }
 
-TEST_F(FilePlayerTest, AFailingTickEndsTheQueueWithOneBox) {
-    Select(0, 1);
-    Command(IDC_PLAY);
-    TheMci.failingCall = TheMci.calls;
+// A whole afternoon with two files, once undisturbed and once for every command that can fail.
+TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRunning) {
+    const auto mode = [](DWORD value) { TheMci.status[MCI_STATUS_MODE] = value; };
+    const std::function<void()> steps[] = {
+        [] { Command(IDC_PLAY); },             // opens the first
+        Tick,                                  // mode, position
+        [] { Command(IDC_PAUSE); },            // mode, pause
+        [] { Scroll(SB_PAGERIGHT); },          // seek, paused
+        [] { Command(IDC_PLAY); },             // resumes
+        [] { Scroll(SB_LINERIGHT); },          // seek, playing
+        [&] { mode(MCI_MODE_STOP), Tick(); },  // closes it, opens the second
+        [&] { mode(MCI_MODE_PLAY), Tick(); },
+        [&] { mode(MCI_MODE_STOP), Tick(); },  // the end
+        [] { Command(IDC_STOP); },
+    };
+    int commands = 0;
+    for (int n = -1; n < commands || n < 0; ++n) {
+        SCOPED_TRACE(n);
+        TheBoxes = {};
+        mode(MCI_MODE_PLAY);
+        SendMessageA(List(), LB_SETSEL, FALSE, -1);
+        Select(0, 1);
+        TakeLog();
+        FailCall(n);
+        for (const auto& step : steps) {
+            step();
+            if (MediaDevice.open) continue;
+            ExpectIdle();
+            const size_t sent = TheMci.log.size();
+            Tick();
+            EXPECT_EQ(TheMci.log.size(), sent) << "a late tick opens nothing";
+        }
+        const Log log = TakeLog();
+        if (n < 0) commands = static_cast<int>(log.size());
+        const bool silent = n < 0 || log[n] == "position" || log[n] == "stop" || n == commands - 1;
+        EXPECT_EQ(TheBoxes.shown, silent ? Log{} : Log{"error 262"});
+        for (const std::string& line : log)
+            EXPECT_EQ(line.find("to no device"), std::string::npos) << line;
+    }
+    EXPECT_EQ(commands, 25);
+}
+
+TEST_F(FilePlayerTest, AFileThatCannotBeClosedIsTheLastOfItsQueue) {
+    PlayFirst(2);
+    FileEnds();
+    FailCall(1);
     Tick();
+    EXPECT_EQ(TakeLog(), (Log{"mode", "close", "stop", "close"}));
     EXPECT_EQ(TheBoxes.shown, Log{"error 262"});
-    EXPECT_FALSE(MediaDevice.open);
-    EXPECT_FALSE(IsPositionTimerRunning());
-    TakeLog();
-    Tick();
-    EXPECT_EQ(TakeLog(), Log{}) << "a late tick opens nothing";
+    ExpectIdle();
+    EXPECT_EQ(PlayQueue.filesLeft, 1u);
 }
 
 TEST_F(FilePlayerTest, PauseAndResume) {
     Command(IDC_PAUSE);
     EXPECT_EQ(TakeLog(), Log{}) << "nothing is open";
-    Select(0, 0);
-    Command(IDC_PLAY);
-    TakeLog();
+    PlayFirst(1);
     Command(IDC_PAUSE);
-    EXPECT_EQ(TakeLog(), (Log{"STATUS mode wait", "PAUSE"}));
+    EXPECT_EQ(TakeLog(), (Log{"mode", "pause"}));
     EXPECT_EQ(Text(IDC_STATUS), "Paused");
     EXPECT_FALSE(IsPositionTimerRunning());
     Scroll(SB_PAGERIGHT);
-    EXPECT_EQ(TakeLog(), Log{"PLAY from 20 to 20"}) << "moves and stays still";
+    EXPECT_EQ(TakeLog(), Log{"play from 20 to 20"}) << "moves and stays still";
     EXPECT_EQ(Text(IDC_STATUS), "Paused");
     Command(IDC_PLAY);
-    EXPECT_EQ(TakeLog(), Log{"PLAY"});
+    EXPECT_EQ(TakeLog(), Log{"play"});
     EXPECT_TRUE(IsPositionTimerRunning());
 
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    FileEnds();
     Command(IDC_PAUSE);
-    EXPECT_EQ(TakeLog(), Log{"STATUS mode wait"}) << "no pause for a stopped device";
+    EXPECT_EQ(TakeLog(), Log{"mode"}) << "no pause for a stopped device";
     EXPECT_EQ(Text(IDC_STATUS), "Paused");
 }
 
 TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
-    Select(0, 1);
-    Command(IDC_PLAY);
+    PlayFirst(2);
     Command(IDC_PAUSE);
     Command(IDC_MODE_MIDI);
     Command(IDC_MODE_WAVE);
@@ -159,11 +197,9 @@ TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
 }
 
 TEST_F(FilePlayerTest, ScrollingSeeksAndAnIdleScrollBarRevivesNothing) {
-    Select(0, 2);
-    Command(IDC_PLAY);
-    TakeLog();
+    PlayFirst(3);
     Scroll(SB_LINERIGHT);
-    EXPECT_EQ(TakeLog(), Log{"PLAY from 2"});
+    EXPECT_EQ(TakeLog(), Log{"play from 2"});
     Scroll(SB_THUMBTRACK, 500);
     EXPECT_EQ(Text(IDC_POSITION), "1.000 Seconds");
     Tick();
@@ -172,29 +208,31 @@ TEST_F(FilePlayerTest, ScrollingSeeksAndAnIdleScrollBarRevivesNothing) {
     EXPECT_FALSE(MediaDevice.dragging);
     TakeLog();
 
-    TheMci.failingCall = TheMci.calls;
+    FailCall(0);
     Tick();  // the queue breaks with files left
     TakeLog();
     Scroll(SB_LINERIGHT);
     Scroll(SB_ENDSCROLL);
     EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_FALSE(IsPositionTimerRunning());
     EXPECT_FALSE(MediaDevice.dragging);
-    EXPECT_EQ(Text(IDC_STATUS), "Ready");
+    ExpectIdle();
 }
 
 TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     Command(IDC_REPEAT);
+    Command(IDC_REPEAT, BN_DOUBLECLICKED);  // how a quick second click arrives
+    EXPECT_FALSE(PlayQueue.repeat);
+    Command(IDC_REPEAT);
     Select(1, 1);
     Command(IDC_PLAY);
     TakeLog();
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    FileEnds();
     Tick();
-    EXPECT_EQ(TakeLog(), Log{"STATUS mode wait"});
+    EXPECT_EQ(TakeLog(), Log{"mode"});
     Tick();
     Log log = TakeLog();
     ASSERT_GT(log.size(), 2u);
-    EXPECT_EQ(log[1], "CLOSE wait") << "closed and opened each time";
+    EXPECT_EQ(log[1], "close") << "closed and opened each time";
     EXPECT_EQ(log[2], OpeningOf("b.wav")[0]);
 }
 
@@ -209,7 +247,7 @@ TEST_F(FilePlayerTest, MoreFilesThanTheQueueTakes) {
     EXPECT_EQ(PlayQueue.filesLeft, 1023u);
     // A list filled anew under the playing queue changes nothing of it.
     SendMessageA(List(), LB_RESETCONTENT, 0, 0);
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    FileEnds();
     TakeLog();
     Tick();
     EXPECT_EQ(TakeLog()[2], OpeningOf("b.wav")[0]);
@@ -217,7 +255,7 @@ TEST_F(FilePlayerTest, MoreFilesThanTheQueueTakes) {
 
 TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
     Select(0, 0);
-    TheMci.failingCall = 0;
+    FailCall(0);
     TheBoxes.whileOpen = [] {
         Command(IDC_PLAY);
         Command(IDC_MODE_MIDI);
@@ -233,18 +271,40 @@ TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
 TEST_F(FilePlayerTest, TheQueueThatEndsTheProgramStaysOnAfterAnError) {
     Select(0, 0);
     MediaDevice.playAndExit = true;
-    TheMci.failingCall = 0;
+    FailCall(0);
     Command(IDC_PLAY);
     EXPECT_FALSE(MediaDevice.playAndExit);
 
-    TheMci.failingCall = -1;
     MediaDevice.playAndExit = true;
     Command(IDC_PLAY);
     EXPECT_TRUE(MediaDevice.playAndExit) << "Play itself keeps the request";
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
-    EXPECT_EQ(PositionTick(), TickResult::kEndProgram);
     Command(IDC_STOP);
     EXPECT_FALSE(MediaDevice.playAndExit);
+}
+
+TEST_F(FilePlayerTest, AStartFileEndsTheProgramOnlyWhenItPlays) {
+    for (const auto& [mode, file] :
+         {std::pair{IDC_MODE_WAVE, "tune.wav"}, std::pair{IDC_MODE_VIDEO, "film.avi"}}) {
+        StartFileName = file;
+        OpenTestWindow(mode, {file});
+        EXPECT_TRUE(MediaDevice.playAndExit) << file;
+        PumpMessages();  // the request is posted
+        EXPECT_EQ(MediaDevice.open, mode == IDC_MODE_WAVE);
+        EXPECT_EQ(MediaDevice.playAndExit, mode == IDC_MODE_WAVE);
+    }
+    StartFileName.clear();
+}
+
+TEST_F(FilePlayerTest, AQueueThatEndsTheProgramEndsItUnderAnOpenBoxToo) {
+    PlayFirst(1);
+    MediaDevice.playAndExit = true;
+    FileEnds();
+    TheBoxes.whileOpen = Tick;
+    ShowMessage("box");
+    EXPECT_EQ(MainWindow, nullptr);
+    EXPECT_EQ(TakeLog(), (Log{"mode", "stop", "close"}));
+    MSG message;
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST_F(FilePlayerTest, LeavingTheDirectoryFieldKeepsWhatWasSelected) {
@@ -267,4 +327,32 @@ TEST_F(FilePlayerTest, LeavingTheDirectoryFieldKeepsWhatWasSelected) {
     Command(IDOK);
     EXPECT_EQ(WaveFilesPath, "c:\\windows\\");
     EXPECT_EQ(Text(IDC_LIST_COUNT), "0 Wave Files:");
+}
+
+// The click that leaves the field must find the list as it was when the button went down.
+TEST_F(FilePlayerTest, AClickOutOfTheDirectoryFieldWaitsForItsEnd) {
+    const auto pressMouse = [](BYTE state) {
+        BYTE keys[256];
+        GetKeyboardState(keys);
+        keys[VK_LBUTTON] = state;
+        SetKeyboardState(keys);
+    };
+    for (const char* typed : {"c:/windows", "c://nowhere"}) {
+        SCOPED_TRACE(typed);
+        SetFocus(GetDlgItem(MainWindow, IDC_DIRECTORY));
+        SetDlgItemTextA(MainWindow, IDC_DIRECTORY, typed);
+        const std::string count = Text(IDC_LIST_COUNT);
+        pressMouse(0x80);
+        SetFocus(List());
+        SendMessageA(MainWindow, WM_TIMER, ID_DIRECTORY_TIMER, 0);
+        PumpMessages();
+        EXPECT_EQ(Text(IDC_LIST_COUNT), count);
+        EXPECT_TRUE(TheBoxes.shown.empty());
+        pressMouse(0);
+        SendMessageA(MainWindow, WM_TIMER, ID_DIRECTORY_TIMER, 0);
+        PumpMessages();
+        EXPECT_EQ(Text(IDC_LIST_COUNT), "0 Wave Files:");
+        EXPECT_EQ(TheBoxes.shown, typed[3] == '/' ? Log{"Invalid path!"} : Log{});
+    }
+    EXPECT_EQ(WaveFilesPath, "c:\\windows\\");
 }

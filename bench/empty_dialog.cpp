@@ -2,7 +2,7 @@
 // built with the product's flags. What the product costs is told as a multiple of this.
 #include <windows.h>
 
-#include "tests/bench/empty_dialog.h"
+#include "bench/empty_dialog.h"
 
 static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM, LPARAM) {
     if (message == WM_CLOSE) {

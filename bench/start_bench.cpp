@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 #include "resources/ids.h"
-#include "tests/bench/empty_dialog.h"
+#include "bench/empty_dialog.h"
 #include "tests/desktop/driver.h"
 
 constexpr int kStarts = 15;

@@ -236,23 +236,6 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     EXPECT_EQ(log[2], OpeningOf("b.wav")[0]);
 }
 
-TEST_F(FilePlayerTest, MoreFilesThanTheQueueTakes) {
-    for (int i = 0; i < 1100; ++i) {
-        const std::string name = "x" + std::to_string(i) + ".wav";
-        SendMessageA(List(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
-    }
-    SendMessageA(List(), LB_SETSEL, TRUE, -1);
-    Command(IDC_PLAY);
-    EXPECT_EQ(Text(IDC_SELECTED_COUNT), "1103");
-    EXPECT_EQ(PlayQueue.filesLeft, 1023u);
-    // A list filled anew under the playing queue changes nothing of it.
-    SendMessageA(List(), LB_RESETCONTENT, 0, 0);
-    FileEnds();
-    TakeLog();
-    Tick();
-    EXPECT_EQ(TakeLog()[2], OpeningOf("b.wav")[0]);
-}
-
 TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
     Select(0, 0);
     FailCall(0);

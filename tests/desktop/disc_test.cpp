@@ -48,6 +48,10 @@ protected:
             return at != std::string::npos;
         });
     }
+    // On a busy machine the read-out passes over a second now and then.
+    bool WaitForTime(const std::string& atLeast) {
+        return WaitUntil([&] { return Shown(IDC_TIME) >= atLeast; });
+    }
     void Press(int id) { Command(player.window, id); }
 
     HWND OpenEntry() {
@@ -86,11 +90,11 @@ TEST_F(DiscTest, TracksPagesSkipsAndSeeksReachTheDrive) {
     EXPECT_TRUE(DriveGets("(01:00:00:00)"));
     Press(IDC_SKIP_BACK);
     EXPECT_TRUE(DriveGets("(17:00:00:00)")) << "from the beginning of track 1 to the last";
-    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:03"));
+    ASSERT_TRUE(WaitForTime("0:03"));
     Press(IDC_SKIP_BACK);
     EXPECT_TRUE(DriveGets("(17:00:00:00)")) << "after more than two seconds the same again";
 
-    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:01"));
+    ASSERT_TRUE(WaitForTime("0:01"));
     Scroll(player, SB_THUMBTRACK, 65);
     EXPECT_EQ(Shown(IDC_TIME), "1:05");
     EXPECT_EQ(Shown(IDC_TOTAL_PLAYING), "6:25");
@@ -116,7 +120,7 @@ TEST_F(DiscTest, DiscsComeAndGoInEveryState) {
     StartIn("cdplayer");
     ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
     Press(IDC_TRACK_FIRST + 1);
-    ASSERT_TRUE(WaitForShown(IDC_TIME, "0:01"));
+    ASSERT_TRUE(WaitForTime("0:01"));
     Remove();
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
     EXPECT_TRUE(WaitForShown(IDC_TIME, ""));

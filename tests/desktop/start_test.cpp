@@ -52,7 +52,9 @@ TEST_F(StartTest, CommandLineChoosesModeAndDirectory) {
             EXPECT_EQ(Shown(IDC_DIRECTORY), line.directory);
         }
         // Only a disc that cannot be played may be worth a word.
-        if (line.mode != kCdPlayer) EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+        if (line.mode != kCdPlayer) {
+            EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+        }
     }
 }
 

@@ -5,8 +5,8 @@
 
 #include "ui/dialog_helpers.h"
 
-// Every picture button with its face, in the state it has at start; the track buttons, which are alike,
-// are left out.
+// Every picture button with its face, in the state it has at start; the track buttons, which are
+// alike, are left out.
 std::span<const DialogButton> MainButtons();
 
 // The face of a button as things stand now: the selected tab, the playing track and the switches

@@ -1,6 +1,6 @@
 // What the disc database costs among many discs, beside one reading of its file in the same window
-// and, natively, beside SQLite with the same discs. Prints best and median times and ratios; asserts
-// nothing about time.
+// and, natively, beside SQLite with the same discs. Prints best and median times and ratios;
+// asserts nothing about time.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

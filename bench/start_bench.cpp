@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "resources/ids.h"
 #include "bench/empty_dialog.h"
+#include "resources/ids.h"
 #include "tests/desktop/driver.h"
 
 constexpr int kStarts = 15;

@@ -10,6 +10,17 @@
 
 const std::string kNoSuchFile = "(no such file)";
 
+#ifdef _WIN32
+static const FileAccess kSystemFiles = DatabaseFiles;
+
+void UseSystemFiles() {
+    DatabaseFiles = kSystemFiles;
+}
+#else
+// Only the product's system has calls of its own.
+FileAccess DatabaseFiles;
+#endif
+
 namespace {
 
 struct MemoryFile {
@@ -31,7 +42,6 @@ struct ArmedFault {
     int atCall = 0;
 };
 
-const FileAccess kSystemFiles = DatabaseFiles;
 std::map<std::string, std::shared_ptr<MemoryFile>> disk;
 std::vector<Handle> handles;
 ArmedFault armed[2];
@@ -202,10 +212,6 @@ void UseMemoryFiles() {
                      Truncate, Close, Rename, Remove, Exists, Pause};
     AppDirectory.clear();
     StartOnDisk({});
-}
-
-void UseSystemFiles() {
-    DatabaseFiles = kSystemFiles;
 }
 
 void StartOnDisk(const MemorySnapshot& snapshot) {

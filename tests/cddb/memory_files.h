@@ -30,6 +30,7 @@ using MemorySnapshot = std::map<std::string, std::string>;
 
 // Puts the stand-in in place, with an empty disk.
 void UseMemoryFiles();
+// The product's own calls again; on Windows only.
 void UseSystemFiles();
 
 void StartOnDisk(const MemorySnapshot& disk);

@@ -93,12 +93,10 @@ TEST(WaveSource, SectorsJoinWithoutASeam) {
 TEST(WaveSource, DamagedFilesAreRefusedOrCutToWhatIsThere) {
     const std::string good = Wave(44100, 2, 16, 5000, Ramp);
     WaveSource source;
-    for (size_t length = 0; length < good.size(); length += length < 80 ? 1 : 977) {
+    const size_t dataOffset = good.find("data") + 8;
+    for (size_t length = 0; length < dataOffset + 40; ++length) {
         std::istringstream file(good.substr(0, length));
-        if (!ReadWaveHeader(file, source)) continue;
-        EXPECT_LE(source.dataOffset + uint64_t{source.frameCount} * 4, length);
-        int16_t samples[2 * kSectorFrames];
-        ReadWaveSector(file, source, 8, samples);
+        if (ReadWaveHeader(file, source)) EXPECT_EQ(source.frameCount, (length - dataOffset) / 4);
     }
     const size_t format = good.find("fmt ");
     struct Damage {

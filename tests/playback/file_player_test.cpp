@@ -105,6 +105,9 @@ TEST_F(FilePlayerTest, AnyFailingCommandOfAnOpeningGivesOneBoxAndAClosedDevice) 
         Command(IDC_PLAY);
         EXPECT_EQ(TakeLog(), OpeningOf("a.wav")) << "the next Play works";
         Command(IDC_STOP);
+        for (int id : {IDC_FILE_NAME, IDC_LENGTH, IDC_POSITION})
+            EXPECT_EQ(Text(id), "") << id;
+        EXPECT_EQ(Text(IDC_SELECTED_COUNT), "0");
         TakeLog();
     }
 }
@@ -164,7 +167,10 @@ TEST_F(FilePlayerTest, AFileThatCannotBeClosedIsTheLastOfItsQueue) {
 
 TEST_F(FilePlayerTest, PauseAndResume) {
     Command(IDC_PAUSE);
-    EXPECT_EQ(TakeLog(), Log{}) << "nothing is open";
+    Command(IDC_PLAY);
+    Scroll(SB_PAGERIGHT);
+    EXPECT_EQ(TakeLog(), Log{}) << "nothing is open, nothing selected";
+    EXPECT_EQ(Text(IDC_STATUS), "Ready");
     PlayFirst(1);
     Command(IDC_PAUSE);
     EXPECT_EQ(TakeLog(), (Log{"mode", "pause"}));
@@ -186,7 +192,10 @@ TEST_F(FilePlayerTest, PauseAndResume) {
 TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
     PlayFirst(2);
     Command(IDC_PAUSE);
+    Command(IDC_MODE_WAVE);
+    EXPECT_EQ(TakeLog(), (Log{"mode", "pause"})) << "the mode it has already";
     Command(IDC_MODE_MIDI);
+    ExpectIdle();
     Command(IDC_MODE_WAVE);
     EXPECT_EQ(Text(IDC_FILES_LEFT), "0") << "nor does its queue";
     EXPECT_EQ(Text(IDC_LIST_COUNT), "3 Wave Files:");
@@ -223,13 +232,19 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     Command(IDC_REPEAT, BN_DOUBLECLICKED);  // how a quick second click arrives
     EXPECT_FALSE(PlayQueue.repeat);
     Command(IDC_REPEAT);
-    Select(1, 1);
+    Settings.recreationScroll = true;
+    Select(1, 2);
     Command(IDC_PLAY);
-    TakeLog();
     FileEnds();
     Tick();
-    EXPECT_EQ(TakeLog(), Log{"mode"});
+    EXPECT_EQ(Text(IDC_FILE_NAME), "c.wav");
+    TakeLog();
     Tick();
+    EXPECT_EQ(TakeLog(), Log{"mode"});
+    EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 0)
+        << "the thumb is the user's";
+    Tick();
+    EXPECT_EQ(Text(IDC_FILES_LEFT), "1");
     Log log = TakeLog();
     ASSERT_GT(log.size(), 2u);
     EXPECT_EQ(log[1], "close") << "closed and opened each time";

@@ -95,19 +95,36 @@ TEST_F(SkinDrawing, PressedFaceDiffersAndIsCopiedToTheSamePlace) {
     EXPECT_EQ(GetPixel(dc, 55, 20), RGB(0, 0, 0)) << "drawn beyond the item";
 }
 
-TEST_F(SkinDrawing, FacesFollowTheSystemColours) {
-    const int index = COLOR_BTNFACE;
-    const COLORREF before = GetSysColor(index);
+static void ChangeSystemColour(int element, COLORREF colour) {
+    SetSysColors(1, &element, &colour);
+    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
+}
+
+TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
+    RECT client = {};
+    GetClientRect(MainWindow, &client);
+    POINT bare = {24, client.bottom - 24};
+    while (ChildWindowFromPointEx(MainWindow, bare, CWP_SKIPINVISIBLE) != MainWindow)
+        ASSERT_LT(++bare.x, client.right - 24);
+    ShowWindow(MainWindow, SW_SHOW);
+    HDC window = GetDC(MainWindow);
     const COLORREF strange = RGB(12, 200, 34);
-    SetSysColors(1, &index, &strange);
-    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
-    Draw(ODA_SELECT, ODS_SELECTED);
-    int found = 0;
-    for (int x = 1; x < 52; ++x)
-        found += GetPixel(dc, x, 24) == strange;
-    SetSysColors(1, &index, &before);
-    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
-    EXPECT_GT(found, 5);
+    for (const auto& [colorization, element] :
+         {std::pair{true, COLOR_BTNFACE}, std::pair{false, COLOR_WINDOW}}) {
+        Settings.entryFieldColorization = colorization;
+        const COLORREF before = GetSysColor(element);
+        for (const COLORREF colour : {strange, before}) {
+            ChangeSystemColour(element, colour);
+            PumpMessages();
+            EXPECT_EQ(GetPixel(window, bare.x, bare.y), colour);
+            Draw(ODA_SELECT, ODS_SELECTED);
+            int found = 0;
+            for (int x = 1; x < 52; ++x)
+                found += GetPixel(dc, x, 24) == strange;
+            EXPECT_EQ(found > 5, colour == strange && element == COLOR_BTNFACE);
+        }
+    }
+    ReleaseDC(MainWindow, window);
 }
 
 TEST_F(SkinDrawing, IconsTakeTheGroundTheyStandOn) {

@@ -1,5 +1,4 @@
-// The database's file calls on the machine that builds, for tests and measurements. Each is one
-// system call.
+// The database's file calls on the machine that builds, for measurements. Each is one system call.
 #include "cddb/file_access.h"
 
 #include <fcntl.h>

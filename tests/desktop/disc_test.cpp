@@ -109,6 +109,13 @@ TEST_F(DiscTest, DiscsComeAndGo) {
     ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
     Press(IDC_TRACK_FIRST + 1);
     ASSERT_TRUE(WaitForTime("0:01"));
+    Press(IDC_CD_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+    Insert("four", {15, 25, 35, 45});  // swapped between two looks at the drive
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "4"));
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
+    Press(IDC_TRACK_FIRST + 1);
+    ASSERT_TRUE(WaitForTime("0:01"));
     RemoveDisc();
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
     EXPECT_TRUE(WaitForShown(IDC_TIME, ""));
@@ -185,36 +192,52 @@ TEST_F(DiscTest, CommandLinesPlayTheirTrack) {
     EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
 }
 
-TEST_F(DiscTest, NamesTypedSurviveALockedCatalogue) {
+static void PutOnClipboard(const std::string& text) {
+    ASSERT_TRUE(WaitUntil([] { return OpenClipboard(nullptr) != FALSE; }));
+    EmptyClipboard();
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    memcpy(GlobalLock(block), text.c_str(), text.size() + 1);
+    GlobalUnlock(block);
+    SetClipboardData(CF_TEXT, block);
+    CloseClipboard();
+}
+
+TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
     Insert("sixteen", std::vector<int>(16, 12));
+    PutSetting(player, "CDDatabaseMode", "Simple");
     StartIn("cdplayer");
     ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "16"));
     HWND dialog = OpenEntry();
-    Enter(dialog, IDC_ENTRY_NAME_LAST, "Fifteenth");
-    const auto focus = [&dialog](int id) {
-        PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, id)), TRUE);
-    };
+    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES));
+    PutOnClipboard("15. Fifteenth\r\n16. Sixteenth\r\n");
+    PostMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_LAST)), TRUE);
+    PressKey('V', VK_CONTROL);
+    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_LAST, "Fifteenth"));
     PressKey('U', VK_MENU);
     EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NUMBER_FIRST, "16"));
-    focus(IDC_ENTRY_NAME_FIRST);
-    PressKey('Z');
-    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_FIRST, "z"));
+    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_FIRST, "Sixteenth"));
+    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NAME_FIRST + 1));
 
     HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
                               OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(lock, INVALID_HANDLE_VALUE);
     // A key of a picture button presses it, and does not only move the focus, even from there.
-    focus(IDC_OK);
+    PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, IDC_OK)), TRUE);
     PressKey('O', VK_MENU);
     HWND box = nullptr;
-    ASSERT_TRUE(WaitUntil([&] { return (box = WaitForPopup(player)) != dialog; }));
+    ASSERT_TRUE(WaitUntil([&] {
+        box = WaitForPopup(player);
+        return box != dialog;
+    }));
     EXPECT_EQ(Title(box), "Tarnwell Message!");
     Command(box, IDC_OK);
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog) != FALSE; }));
-    EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "z");
+    EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
     CloseHandle(lock);
     // In the last name Enter saves.
-    focus(IDC_ENTRY_NAME_FIRST);
+    PostMessageA(dialog, WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_FIRST)), TRUE);
     PressKey(VK_RETURN);
     ASSERT_TRUE(WaitForNoPopup(player));
 

@@ -70,11 +70,6 @@ static bool OnDrawItem(const DRAWITEMSTRUCT& item) {
     return true;
 }
 
-static LRESULT OnColorWindow(HDC dc) {
-    ColorEntryField(dc);
-    return reinterpret_cast<LRESULT>(BackgroundBrush);
-}
-
 static void OnTimer(UINT_PTR id) {
     if (id == ID_DIRECTORY_TIMER) {
         OnDirectoryTimer();
@@ -145,7 +140,8 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORLISTBOX:
-            return OnColorWindow(reinterpret_cast<HDC>(wParam));
+            // The window and its labels stand on the colour of its entry fields.
+            return reinterpret_cast<LRESULT>(ColorEntryField(reinterpret_cast<HDC>(wParam)));
         case WM_SYSCOLORCHANGE:
             OnSystemColorChange(window);
             return 0;

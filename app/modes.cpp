@@ -13,12 +13,14 @@
 #include "ui/click_sounds.h"
 
 // Many controls change at once: the window is drawn when all have.
-static void HoldDrawing(HWND window) {
-    if (IsWindowVisible(window)) SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+// False when there is nothing to hold, because the window is not shown yet.
+static bool HoldDrawing(HWND window) {
+    if (!IsWindowVisible(window)) return false;
+    SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+    return true;
 }
 
-static void ResumeDrawing(HWND window, bool wasVisible) {
-    if (!wasVisible) return;
+static void ResumeDrawing(HWND window) {
     SendMessageA(window, WM_SETREDRAW, TRUE, 0);
     RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
@@ -71,8 +73,7 @@ static void PlaceFocus(HWND window, HWND focused) {
 void ChangeMode(HWND window, int mode) {
     if (mode == PlayMode) return;
     HWND focused = GetFocus();
-    const bool visible = IsWindowVisible(window) != FALSE;
-    HoldDrawing(window);
+    const bool held = HoldDrawing(window);
     CutPlayQueue();
     MediaDevice.playAndExit = false;
     if (mode == IDC_MODE_CDPLAYER) {
@@ -80,7 +81,7 @@ void ChangeMode(HWND window, int mode) {
     } else {
         ChangeToFileMode(window, mode);
     }
-    ResumeDrawing(window, visible);
+    if (held) ResumeDrawing(window);
     PlaceFocus(window, focused);
     if (!InCdMode()) return;
     // The drive may have something to say, and its box must not stand before an undrawn window.

@@ -43,10 +43,7 @@ static INT_PTR CALLBACK CreditsProcedure(HWND dialog, UINT message, WPARAM wPara
             SetDlgItemTextA(dialog, IDC_CREDITS_TEXT, kCreditsText);
             return TRUE;
         case WM_COMMAND:
-            if (MeantButton(dialog, wParam, kAboutButtons, IDC_OK, IDC_OK) != IDC_OK) return FALSE;
-            PlayClickSound(IDS_SOUND_OK);
-            EndDialog(dialog, 0);
-            return TRUE;
+            return CloseOnOk(dialog, wParam, kAboutButtons);
         default:
             return FALSE;
     }

@@ -29,11 +29,7 @@ static INT_PTR CALLBACK MessageProcedure(HWND dialog, UINT message, WPARAM wPara
             OnInitBox(dialog, kMessageButtons, IDS_SOUND_MESSAGE);
             return TRUE;
         case WM_COMMAND:
-            if (MeantButton(dialog, wParam, kMessageButtons, IDC_OK, IDC_OK) != IDC_OK)
-                return FALSE;
-            PlayClickSound(IDS_SOUND_OK);
-            EndDialog(dialog, 0);
-            return TRUE;
+            return CloseOnOk(dialog, wParam, kMessageButtons);
         default:
             return FALSE;
     }

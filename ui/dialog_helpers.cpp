@@ -5,6 +5,8 @@
 
 #include "app/program_state.h"
 #include "app/settings.h"
+#include "resources/ids.h"
+#include "ui/click_sounds.h"
 #include "ui/skin_buttons.h"
 
 void CenterOnScreen(HWND window) {
@@ -89,6 +91,13 @@ int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> button
     const bool onOwnButton =
         GetParent(GetFocus()) == dialog && FindButton(buttons, focused) != nullptr;
     return onOwnButton ? focused : okId;
+}
+
+bool CloseOnOk(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons) {
+    if (MeantButton(dialog, wParam, buttons, IDC_OK, IDC_OK) != IDC_OK) return false;
+    PlayClickSound(IDS_SOUND_OK);
+    EndDialog(dialog, 0);
+    return true;
 }
 
 RECT ControlRect(HWND dialog, int controlId) {

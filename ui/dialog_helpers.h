@@ -40,6 +40,10 @@ HBRUSH ColorEntryField(HDC dc);
 int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
                 int cancelId);
 
+// A WM_COMMAND of a box whose only answer is IDC_OK: with its click sound it closes the box. False
+// for any other command.
+bool CloseOnOk(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons);
+
 // A control's rectangle in the dialog's client coordinates.
 RECT ControlRect(HWND dialog, int controlId);
 

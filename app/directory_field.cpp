@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "files/path_check.h"
 #include "playback/file_list.h"
 #include "resources/ids.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/main_buttons.h"
-#include "app/scale.h"
+#include "base/scale.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 #include "ui/handles.h"

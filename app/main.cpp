@@ -1,15 +1,16 @@
 // The entry point.
 #include <windows.h>
 
-#include "app/app_directory.h"
 #include "app/command_line.h"
 #include "app/instance.h"
 #include "app/main_window.h"
-#include "app/program_state.h"
-#include "app/settings.h"
-#include "cddb/database_recovery.h"
+#include "base/app_directory.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "database/database_recovery.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
+#include "ui/entry_colors.h"
 #include "ui/skin.h"
 
 // The settings file's path is not known yet when a media file is named: the two other directories

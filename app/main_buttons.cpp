@@ -1,7 +1,7 @@
 // The picture buttons of the main window and the faces they show.
 #include "app/main_buttons.h"
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "playback/cd_player.h"
 #include "playback/play_queue.h"
 #include "resources/ids.h"

@@ -2,7 +2,7 @@
 #include "app/modes.h"
 
 #include "app/layout.h"
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "playback/cd_player.h"
 #include "playback/file_list.h"
 #include "playback/file_player.h"

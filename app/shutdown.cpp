@@ -3,13 +3,14 @@
 
 #include <windows.h>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "playback/cd_player.h"
 #include "playback/media_device.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
+#include "ui/entry_colors.h"
 
 static void StopTimers() {
     StopPositionTimer();
@@ -22,8 +23,7 @@ static void DestroyMainWindow() {
     DestroyWindow(MainWindow);
     MainWindow = nullptr;
     // After the window, which draws with it to the last.
-    DeleteObject(BackgroundBrush);
-    BackgroundBrush = nullptr;
+    FreeBackgroundBrush();
     PostQuitMessage(0);
 }
 

@@ -9,14 +9,14 @@
 #include <fstream>
 #include <functional>
 
-#include "app/app_directory.h"
-#include "cddb/database_changes.h"
-#include "cddb/database_file.h"
-#include "cddb/database_format.h"
-#include "cddb/database_recovery.h"
-#include "cddb/disc_lookup.h"
-#include "cddb/window_reader.h"
-#include "tests/cddb/sample_discs.h"
+#include "base/app_directory.h"
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_recovery.h"
+#include "database/disc_lookup.h"
+#include "database/window_reader.h"
+#include "tests/database/sample_discs.h"
 #ifdef TARNWELL_WITH_SQLITE
 #include "sqlite_side.h"
 #endif

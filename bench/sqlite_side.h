@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/cddb/sample_discs.h"
+#include "tests/database/sample_discs.h"
 
 void SqliteCreate(const std::string& path, const std::vector<Disc>& discs);
 // "Artist - Disc name" of the disc with this table of contents, or the empty text.

@@ -1,12 +1,12 @@
 // The CD player's buttons and its scroll bar.
 #include <algorithm>
 
-#include "app/program_state.h"
+#include "base/program_state.h"
+#include "disc/disc_times.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player.h"
 #include "playback/cd_player_state.h"
 #include "playback/cd_readouts.h"
-#include "playback/disc_times.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
 #include "playback/media_error.h"

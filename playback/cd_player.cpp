@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "app/program_state.h"
+#include "base/program_state.h"
+#include "disc/disc_times.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
 #include "playback/cd_readouts.h"
-#include "playback/disc_times.h"
 #include "playback/mci.h"
 #include "playback/media_error.h"
 

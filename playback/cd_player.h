@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "playback/disc_toc.h"
+#include "disc/disc_toc.h"
 
 // Values 0 to 3 as the status line counts them; none before the first look at the drive.
 enum class DiscState { kNone = -1, kEmpty = 0, kReady, kPlaying, kPaused };

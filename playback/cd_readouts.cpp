@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <string>
 
-#include "app/program_state.h"
-#include "cddb/disc_lookup.h"
+#include "base/program_state.h"
+#include "database/disc_lookup.h"
+#include "disc/disc_times.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
-#include "playback/disc_times.h"
 #include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"

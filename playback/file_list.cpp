@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 #include "ui/handles.h"

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "playback/file_list.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "playback/mci.h"
 #include "playback/media_error.h"
 #include "playback/play_queue.h"

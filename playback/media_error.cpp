@@ -1,7 +1,7 @@
 // The one way in which a failure of the media control interface reaches the user.
 #include "playback/media_error.h"
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
 #include "playback/player_timers.h"

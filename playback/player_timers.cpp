@@ -1,8 +1,8 @@
 // The main window's timers.
 #include "playback/player_timers.h"
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "resources/ids.h"
 
 constexpr UINT kCdPeriodMs = 1000;

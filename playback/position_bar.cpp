@@ -1,7 +1,7 @@
 // The position scroll bar of the main window.
 #include "playback/position_bar.h"
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "resources/ids.h"
 
 static HWND Bar() {

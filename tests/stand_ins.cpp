@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <utility>
 
-#include "app/app_directory.h"
 #include "app/main_window.h"
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/app_directory.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "playback/cd_player_state.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
@@ -15,6 +15,7 @@
 #include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
+#include "ui/entry_colors.h"
 #include "ui/skin.h"
 
 FakeMci TheMci;

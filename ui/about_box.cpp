@@ -1,7 +1,7 @@
 // The About box and the credits.
 #include "ui/about_box.h"
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"

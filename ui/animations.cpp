@@ -1,8 +1,8 @@
 // The decorative animations of the main window.
 #include "ui/animations.h"
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 #include "ui/frame_stepping.h"

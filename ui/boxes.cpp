@@ -1,7 +1,7 @@
 // The message box (dialog 600) and the question box (dialog 1000).
 #include "ui/boxes.h"
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"

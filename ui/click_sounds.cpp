@@ -1,8 +1,8 @@
 // The short sounds of the buttons.
 #include "ui/click_sounds.h"
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 
 static HGLOBAL LastSound;
 

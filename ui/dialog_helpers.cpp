@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
+#include "ui/entry_colors.h"
 #include "ui/skin_buttons.h"
 
 void CenterOnScreen(HWND window) {
@@ -36,13 +36,6 @@ static void PaintDialog(HWND dialog) {
     HDC dc = BeginPaint(dialog, &paint);
     PaintFrameCorners(dialog, dc);
     EndPaint(dialog, &paint);
-}
-
-HBRUSH ColorEntryField(HDC dc) {
-    const bool colorized = Settings.entryFieldColorization;
-    SetBkColor(dc, GetSysColor(colorized ? COLOR_BTNFACE : COLOR_WINDOW));
-    SetTextColor(dc, GetSysColor(colorized ? COLOR_BTNTEXT : COLOR_WINDOWTEXT));
-    return BackgroundBrush;
 }
 
 bool HandleDialogLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,

@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 // A picture button of a dialog.
 struct DialogButton {
@@ -31,9 +31,6 @@ bool HandleDialogLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
 // the focus moves.
 bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                    std::span<const DialogButton> buttons, INT_PTR& result);
-
-// Colours for an entry field: button-face colours with EntryFieldColorization, else window colours.
-HBRUSH ColorEntryField(HDC dc);
 
 // What a WM_COMMAND of a dialog means: Enter (IDOK) is the focused button when that is one of the
 // dialog's own, else its OK; Esc and the close box (IDCANCEL) are its Cancel. Other ids stand.

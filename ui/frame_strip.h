@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 // Copies a frame to (x, y) of the window's client area. With a palette device the program's palette
 // is realised first unless `usePalette` is false.

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <vector>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "ui/entry_colors.h"
 #include "ui/handles.h"
 #include "ui/recolor.h"
 
@@ -58,7 +58,7 @@ static int GroundColor(Ground ground) {
         case Ground::kHighlight:
             return COLOR_HIGHLIGHT;
         case Ground::kEntryField:
-            return Settings.entryFieldColorization ? COLOR_BTNFACE : COLOR_WINDOW;
+            return CurrentEntryColors().ground;
         default:
             return COLOR_BTNFACE;
     }

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 // 1 when the large pictures are in use (120 dots per inch both ways), else 0.
 extern int LargeSkin;

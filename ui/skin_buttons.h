@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 // Draws edge and face for a WM_DRAWITEM.
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face);

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string>
 
-#include "cddb/database_format.h"
-#include "cddb/disc_entry.h"
+#include "database/database_format.h"
+#include "database/disc_entry.h"
 #include "demo/media/disc_maker.h"
 
 struct CatalogueTrack {

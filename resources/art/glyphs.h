@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "resources/art/glyph_kit.h"
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 struct Glyph {
     SkinFace face;

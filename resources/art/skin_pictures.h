@@ -4,7 +4,7 @@
 #include <string>
 
 #include "resources/art/picture.h"
-#include "ui/skin_map.h"
+#include "resources/skin_map.h"
 
 // A grid's whole bitmap: every face up and pressed, in the house colours.
 Picture DrawGrid(const SkinGrid& grid, bool large);

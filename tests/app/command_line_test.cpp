@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/app_directory.h"
+#include "base/app_directory.h"
 #include "resources/ids.h"
 
 TEST(CommandLine, MediaFilesSetModeAndDirectory) {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "resources/skin_map.h"
 #include "tests/art/skin_files.h"
-#include "ui/skin_map.h"
 
 struct ExpectedPicture {
     std::string name;

@@ -4,16 +4,16 @@
 #include <cmath>
 #include <set>
 
-#include "cddb/database_file.h"
-#include "cddb/database_format.h"
-#include "cddb/database_recovery.h"
-#include "cddb/disc_lookup.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_recovery.h"
+#include "database/disc_lookup.h"
 #include "demo/media/catalogue_maker.h"
 #include "demo/media/disc_maker.h"
 #include "demo/media/midi_maker.h"
 #include "demo/media/video_maker.h"
 #include "demo/media/wave_maker.h"
-#include "tests/cddb/memory_files.h"
+#include "tests/database/memory_files.h"
 
 static uint32_t Little(const Bytes& bytes, size_t at, int count) {
     uint32_t value = 0;

@@ -6,8 +6,8 @@
 #include <optional>
 #include <set>
 
+#include "resources/skin_map.h"
 #include "tests/desktop/desktop_test.h"
-#include "ui/skin_map.h"
 
 // Pixels from the top row down, as 0x00RRGGBB.
 struct Picture {

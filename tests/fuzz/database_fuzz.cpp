@@ -3,12 +3,12 @@
 // tarnwell.dbk are; tarnwell.dat gets the rest.
 #include <algorithm>
 
-#include "cddb/database_changes.h"
-#include "cddb/database_file.h"
-#include "cddb/database_format.h"
-#include "cddb/database_recovery.h"
-#include "cddb/disc_lookup.h"
-#include "tests/cddb/memory_files.h"
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_recovery.h"
+#include "database/disc_lookup.h"
+#include "tests/database/memory_files.h"
 
 static void Require(bool holds) {
     if (!holds) __builtin_trap();

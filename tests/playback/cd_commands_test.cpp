@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "app/program_state.h"
+#include "base/program_state.h"
 #include "playback/cd_player_state.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"

@@ -1,10 +1,10 @@
 // See cd_player_fixture.h.
 #include "tests/playback/cd_player_fixture.h"
 
-#include "app/program_state.h"
-#include "cddb/database_changes.h"
-#include "cddb/database_file.h"
-#include "cddb/disc_lookup.h"
+#include "base/program_state.h"
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/disc_lookup.h"
 #include "playback/cd_player_state.h"
 #include "playback/position_bar.h"
 #include "resources/ids.h"

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "app/app_directory.h"
-#include "app/program_state.h"
+#include "base/app_directory.h"
+#include "base/program_state.h"
 #include "playback/cd_player_state.h"
 #include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"

@@ -6,8 +6,8 @@
 
 #include <functional>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"

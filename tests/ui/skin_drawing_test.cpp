@@ -1,8 +1,8 @@
 // Buttons drawn into a bitmap in memory: both frame rules, recolouring, and no handle left behind.
 #include <gtest/gtest.h>
 
-#include "app/program_state.h"
-#include "app/settings.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "resources/ids.h"
 #include "tests/stand_ins.h"
 #include "ui/skin.h"

@@ -1,0 +1,43 @@
+// Questions to the disc database. Each opens the file, reads what it needs and closes it again.
+// A file that is missing, damaged or cut short gives empty or wrong texts and no message.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/file_access.h"
+#include "database/disc_entry.h"
+#include "disc/disc_toc.h"
+
+// The database's own copy of a table of contents: of the disc in the drive (CopyDiscToc) or of an
+// entry (LoadEntryDisc). Lookups and new entries take the disc from here.
+extern DiscToc DatabaseDisc;
+
+// Creates an empty database when there is none. One that another program holds is left alone, and
+// one that a rewrite left under another name is brought back first.
+void EnsureDatabase();
+
+// EnsureDatabase, and the file stays open for reading.
+bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::giveUp);
+
+// 0 when the file cannot be read.
+uint16_t DatabaseEntryCount();
+
+// Where entry number entryIndex (from 0) starts; 0 when there are fewer entries.
+uint32_t FindEntryOffset(uint32_t entryIndex);
+
+// trackNumber counts from 1; a number the disc does not have gives the empty text.
+std::string ReadTrackName(uint32_t entryStart, int trackNumber);
+std::string ReadArtist(uint32_t entryStart);
+std::string ReadDiscName(uint32_t entryStart);
+
+// Artist, " - ", disc name; at most 513 bytes.
+std::string ReadTitle(FileHandle file, uint32_t entryStart);
+std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber);
+
+// All the names and codes of an entry; false when it is not whole, with what could be read. A file
+// that another program holds is tried again.
+bool LoadEntryFields(uint32_t entryStart, EntryFields* fields);
+
+// Fills DatabaseDisc from an entry; lengths it does not have are 0. False as above.
+bool LoadEntryDisc(uint32_t entryStart);

@@ -1,0 +1,119 @@
+// Puts right what a program that was ended in the middle of a write left behind.
+#include "database/database_recovery.h"
+
+#include <string>
+
+#include "base/app_directory.h"
+#include "database/database_format.h"
+#include "database/database_header.h"
+#include "database/database_walk.h"
+
+static RecoveryResult RepairedIf(bool succeeded) {
+    return succeeded ? RecoveryResult::repaired : RecoveryResult::failed;
+}
+
+// No disc can be in a file that ends with its header or before; an ended creation leaves one.
+static bool HeaderIsUnfinished(const DatabaseCheck& check) {
+    return check.sizeBytes <= kHeaderBytes && !IsIntact(check);
+}
+
+// Everything from TrackCount to the trailer is there and fills the file to its end, so that only
+// the two pointers in front can be wrong or missing.
+static bool LastEntryIsComplete(FileHandle file, const DatabaseCheck& check) {
+    if (check.sizeBytes - check.chainEnd > kNextOffsetBytes + UINT16_MAX) return false;
+    WindowReader reader;
+    StartReading(reader, file, kUnknownOffset);
+    reader.position = check.chainEnd + kTrackCountOffset;
+    uint32_t trailer = 0;
+    return SkipEntryBody(reader) && reader.position + kTrailerBytes == check.sizeBytes &&
+           ReadU32(reader, &trailer) && trailer == check.chainEnd;
+}
+
+static RecoveryResult CompleteLastEntry(FileHandle file, const DatabaseCheck& check) {
+    uint8_t pointers[kDiscKeyOffset];
+    PutU32(pointers, static_cast<uint32_t>(check.sizeBytes));
+    PutU16(pointers + kEntrySizeOffset,
+           static_cast<uint16_t>(check.sizeBytes - check.chainEnd - kNextOffsetBytes));
+    return RepairedIf(WriteAt(file, check.chainEnd, pointers, sizeof pointers) == FileStatus::ok &&
+                      DatabaseFiles.flush(file) == FileStatus::ok &&
+                      WriteEntryCount(file, check.wholeEntries + 1) == FileStatus::ok);
+}
+
+// An entry that was being appended is not counted yet, begins with its final pointers (or zeros,
+// when only the file's new length reached the disk) and ends too early. Anything else is not cut
+// off: it may be discs whose first bytes are damaged.
+static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
+    const uint64_t restBytes = check.sizeBytes - check.chainEnd;
+    if (!check.markIsRight || check.wholeEntries != check.entryCount) return false;
+    if (restBytes > kMaxEntryBytes) return false;
+    if (restBytes < kDiscKeyOffset) return true;
+    WindowReader reader;
+    StartReading(reader, file, kUnknownOffset);
+    reader.position = check.chainEnd;
+    uint32_t nextOffset = 0;
+    uint16_t entrySize = 0;
+    if (!ReadU32(reader, &nextOffset) || !ReadU16(reader, &entrySize)) return false;
+    if (nextOffset == 0 && entrySize == 0) return true;
+    const bool agree = nextOffset == check.chainEnd + kNextOffsetBytes + entrySize;
+    return agree && nextOffset >= check.sizeBytes;
+}
+
+RecoveryResult RepairDatabaseEnd(FileHandle file) {
+    DatabaseCheck check;
+    if (!CheckDatabase(file, &check)) return RecoveryResult::failed;
+    if (HeaderIsUnfinished(check)) return RepairedIf(WriteEmptyHeader(file) == FileStatus::ok);
+    if (check.wholeEntries > kMaxEntries) return RecoveryResult::damaged;
+    if (check.chainEnd == check.sizeBytes) {
+        if (check.wholeEntries == check.entryCount) return RecoveryResult::nothingToDo;
+        return RepairedIf(WriteEntryCount(file, check.wholeEntries) == FileStatus::ok);
+    }
+    if (check.wholeEntries < kMaxEntries && LastEntryIsComplete(file, check)) {
+        return CompleteLastEntry(file, check);
+    }
+    if (!RestIsEndedAppend(file, check)) return RecoveryResult::damaged;
+    return RepairedIf(DatabaseFiles.truncate(file, check.chainEnd) == FileStatus::ok &&
+                      DatabaseFiles.flush(file) == FileStatus::ok);
+}
+
+static bool PassesStrictCheck(const std::string& path) {
+    ScopedFile file;
+    DatabaseCheck check;
+    return OpenPatiently(path.c_str(), FileMode::readShared, file) == FileStatus::ok &&
+           CheckDatabase(file.handle, &check) && IsIntact(check);
+}
+
+// The database is missing only between the first and the second rename of a rewrite: the backup is
+// the old database, and tarnwell.new is the new one, which was read back before the renames.
+static RecoveryResult RestoreDatabase(const std::string& database) {
+    const std::string backup = InAppDirectory(kBackupName);
+    const std::string rewritten = InAppDirectory(kNewDatabaseName);
+    const FileStatus backupStatus = DatabaseFiles.exists(backup.c_str());
+    if (backupStatus == FileStatus::missing) return RecoveryResult::nothingToDo;
+    if (backupStatus != FileStatus::ok) return RecoveryResult::failed;
+    const bool takeRewritten = PassesStrictCheck(rewritten);
+    const std::string& source = takeRewritten ? rewritten : backup;
+    if (RenamePatiently(source.c_str(), database.c_str()) != FileStatus::ok) {
+        return RecoveryResult::failed;
+    }
+    // A backup that stays behind does no harm: the next rewrite removes it.
+    if (takeRewritten) RemovePatiently(backup.c_str());
+    return RecoveryResult::restored;
+}
+
+RecoveryResult RecoverDatabase() {
+    const std::string database = InAppDirectory(kDatabaseName);
+    RecoveryResult restored = RecoveryResult::nothingToDo;
+    const FileStatus status = DatabaseFiles.exists(database.c_str());
+    if (status == FileStatus::missing) {
+        restored = RestoreDatabase(database);
+        if (restored != RecoveryResult::restored) return restored;
+    } else if (status != FileStatus::ok) {
+        return RecoveryResult::failed;
+    }
+    ScopedFile file;
+    if (OpenPatiently(database.c_str(), FileMode::readWrite, file) != FileStatus::ok) {
+        return RecoveryResult::failed;
+    }
+    const RecoveryResult repaired = RepairDatabaseEnd(file.handle);
+    return repaired == RecoveryResult::nothingToDo ? restored : repaired;
+}

@@ -1,0 +1,29 @@
+// What became of a change to the disc database.
+#include "database/database_result.h"
+
+const char* DatabaseResultText(DatabaseResult result) {
+    switch (result) {
+        case DatabaseResult::ok:
+            break;
+        case DatabaseResult::cannotOpen:
+            return "Can't open the database for writing! Another program may be using it. Nothing "
+                   "was changed.";
+        case DatabaseResult::full:
+            return "Database Full. No more discs can be added!";
+        case DatabaseResult::diskFull:
+            return "Error! Not enough disk space. The database was not changed.";
+        case DatabaseResult::writeFailed:
+            return "Error! The database could not be written. It was not changed.";
+        case DatabaseResult::damaged:
+            return "Error! The database file is damaged. It was not changed.";
+        case DatabaseResult::noTracks:
+            return "Error! A disc without tracks can't be added. The database was not changed.";
+        case DatabaseResult::addedMeanwhile:
+            return "Error! Another program has added this disc. Nothing was changed. Its entry can "
+                   "be opened after Cancel.";
+        case DatabaseResult::notTakenBack:
+            return "Error! Writing the database failed, and so did taking it back. Please try "
+                   "again!";
+    }
+    return "";
+}

@@ -1,0 +1,197 @@
+// The safe rewrite: the one way an existing database is replaced.
+#include "database/database_rewrite.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "base/app_directory.h"
+#include "database/database_format.h"
+#include "database/database_walk.h"
+
+static DatabaseResult ResultOf(FileStatus status) {
+    if (status == FileStatus::ok) return DatabaseResult::ok;
+    if (status == FileStatus::diskFull) return DatabaseResult::diskFull;
+    return status == FileStatus::held ? DatabaseResult::cannotOpen : DatabaseResult::writeFailed;
+}
+
+// Over whole windows, and the rest at the end of the file: writing and reading back cut alike.
+static uint32_t Checksum(uint32_t checksum, const uint8_t* bytes, uint32_t sizeBytes) {
+    constexpr uint32_t kPrime = 16777619;
+    uint32_t i = 0;
+    for (; i + 4 <= sizeBytes; i += 4)
+        checksum = (checksum ^ GetU32(bytes + i)) * kPrime;
+    for (; i < sizeBytes; ++i)
+        checksum = (checksum ^ bytes[i]) * kPrime;
+    return checksum;
+}
+
+static void WriteBlock(RewriteTarget& target) {
+    uint32_t writtenBytes = 0;
+    target.status = DatabaseFiles.write(target.file, target.block, target.blockSize, &writtenBytes);
+    if (target.status == FileStatus::ok && writtenBytes != target.blockSize) {
+        target.status = FileStatus::diskFull;
+    }
+    target.checksum = Checksum(target.checksum, target.block, target.blockSize);
+    target.blockSize = 0;
+}
+
+void PutBytes(RewriteTarget& target, const void* data, uint32_t sizeBytes) {
+    const uint8_t* from = static_cast<const uint8_t*>(data);
+    while (sizeBytes > 0 && target.status == FileStatus::ok) {
+        const uint32_t count = std::min(sizeBytes, kWindowBytes - target.blockSize);
+        std::memcpy(target.block + target.blockSize, from, count);
+        target.blockSize += count;
+        target.offset += count;
+        from += count;
+        sizeBytes -= count;
+        if (target.blockSize == kWindowBytes) WriteBlock(target);
+    }
+}
+
+DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeBytes,
+                         RewriteTarget& target) {
+    uint8_t bytes[kWindowBytes];
+    source.reader.position = from;
+    while (sizeBytes > 0 && target.status == FileStatus::ok) {
+        const uint32_t count = static_cast<uint32_t>(std::min<uint64_t>(sizeBytes, sizeof bytes));
+        if (ReadUpTo(source.reader, bytes, count) != count) {
+            return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+        }
+        PutBytes(target, bytes, count);
+        sizeBytes -= count;
+    }
+    return ResultOf(target.status);
+}
+
+DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTarget& target) {
+    const DatabaseResult result = CopyBytes(source, 0, kCountOffset, target);
+    if (result != DatabaseResult::ok) return result;
+    uint8_t field[2];
+    PutU16(field, entryCount);
+    PutBytes(target, field, sizeof field);
+    return ResultOf(target.status);
+}
+
+DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
+    EntryHeader header;
+    uint64_t entryEnd = 0;
+    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd) ||
+        !ReadEntryHeader(source.reader, entryStart, &header)) {
+        return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+    }
+    const uint32_t sizeBytes = static_cast<uint32_t>(entryEnd - entryStart);
+    if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::damaged;
+    if (target.offset + sizeBytes > UINT32_MAX) return DatabaseResult::full;
+    const uint32_t newStart = static_cast<uint32_t>(target.offset);
+
+    uint8_t pointers[kDiscKeyOffset];
+    PutU32(pointers, newStart + sizeBytes);
+    PutU16(pointers + kEntrySizeOffset, header.entrySize);
+    PutBytes(target, pointers, sizeof pointers);
+    const DatabaseResult result = CopyBytes(source, entryStart + kDiscKeyOffset,
+                                            sizeBytes - kDiscKeyOffset - kTrailerBytes, target);
+    if (result != DatabaseResult::ok) return result;
+    PutU32(pointers, newStart);
+    PutBytes(target, pointers, kTrailerBytes);
+    return ResultOf(target.status);
+}
+
+DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
+                           uint64_t* copiedTo) {
+    while (from + kNextOffsetBytes <= source.sizeBytes) {
+        const uint64_t before = target.offset;
+        const DatabaseResult result = CopyEntry(source, from, target);
+        if (result != DatabaseResult::ok) return result;
+        from += target.offset - before;
+    }
+    *copiedTo = from;
+    return DatabaseResult::ok;
+}
+
+static DatabaseResult ReadBack(const RewriteTarget& target) {
+    uint64_t sizeBytes = 0;
+    const FileStatus status = DatabaseFiles.size(target.file, &sizeBytes);
+    if (status != FileStatus::ok || sizeBytes != target.offset) return DatabaseResult::writeFailed;
+    WindowReader reader;
+    StartReading(reader, target.file, kUnknownOffset);
+    uint8_t bytes[kWindowBytes];
+    uint32_t checksum = 0;
+    while (const uint32_t count = ReadUpTo(reader, bytes, sizeof bytes)) {
+        checksum = Checksum(checksum, bytes, count);
+    }
+    const bool same = !reader.failed && checksum == target.checksum;
+    return same ? DatabaseResult::ok : DatabaseResult::writeFailed;
+}
+
+static DatabaseResult FinishTarget(RewriteTarget& target) {
+    if (target.status == FileStatus::ok && target.blockSize > 0) WriteBlock(target);
+    if (target.status == FileStatus::ok) target.status = DatabaseFiles.flush(target.file);
+    if (target.status != FileStatus::ok) return ResultOf(target.status);
+    return ReadBack(target);
+}
+
+static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
+    ScopedFile database;
+    FileStatus status =
+        OpenPatiently(InAppDirectory(kDatabaseName).c_str(), FileMode::readWrite, database);
+    if (status != FileStatus::ok) return DatabaseResult::cannotOpen;
+    RewriteSource source;
+    StartReading(source.reader, database.handle);
+    status = DatabaseFiles.size(database.handle, &source.sizeBytes);
+    if (status != FileStatus::ok) return ResultOf(status);
+    if (!ReadEntryCount(source.reader, &source.entryCount)) {
+        return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+    }
+
+    ScopedFile rewritten;
+    status =
+        OpenPatiently(InAppDirectory(kNewDatabaseName).c_str(), FileMode::createAlways, rewritten);
+    if (status != FileStatus::ok) return ResultOf(status);
+    RewriteTarget target;
+    target.file = rewritten.handle;
+    DatabaseResult result = writeContent(source, target);
+    if (result == DatabaseResult::ok) result = FinishTarget(target);
+    const FileStatus closed = CloseFile(rewritten);
+    return result == DatabaseResult::ok ? ResultOf(closed) : result;
+}
+
+// An older backup that could not be removed would stand in the way of the first rename.
+static FileStatus ClearBackupName(const std::string& backup) {
+    const FileStatus status = RemovePatiently(backup.c_str());
+    return status == FileStatus::missing ? FileStatus::ok : status;
+}
+
+// Until this has succeeded, a rewrite that cannot undo its first rename could still be finished by
+// recovery.
+static bool RemoveNewDatabase() {
+    const FileStatus status = RemovePatiently(InAppDirectory(kNewDatabaseName).c_str());
+    return status == FileStatus::ok || status == FileStatus::missing;
+}
+
+static DatabaseResult PutNewDatabaseInPlace() {
+    const std::string database = InAppDirectory(kDatabaseName);
+    const std::string rewritten = InAppDirectory(kNewDatabaseName);
+    const std::string backup = InAppDirectory(kBackupName);
+    FileStatus status = ClearBackupName(backup);
+    if (status == FileStatus::ok) status = RenamePatiently(database.c_str(), backup.c_str());
+    if (status != FileStatus::ok) return ResultOf(status);
+    status = RenamePatiently(rewritten.c_str(), database.c_str());
+    if (status != FileStatus::ok) {
+        // The backup is the old database; recovery brings it back once the new one is gone.
+        const bool undone = RenamePatiently(backup.c_str(), database.c_str()) == FileStatus::ok;
+        return undone || RemoveNewDatabase() ? ResultOf(status) : DatabaseResult::notTakenBack;
+    }
+    // The new database is in place and whole; a backup that another program holds stays until the
+    // next rewrite.
+    RemovePatiently(backup.c_str());
+    return DatabaseResult::ok;
+}
+
+DatabaseResult SafeRewrite(const RewriteContent& writeContent) {
+    DatabaseResult result = WriteNewDatabase(writeContent);
+    if (result == DatabaseResult::ok) result = PutNewDatabaseInPlace();
+    // Beside a database it is no more than rubbish, which the next rewrite overwrites.
+    if (result != DatabaseResult::ok) RemoveNewDatabase();
+    return result;
+}

@@ -1,0 +1,123 @@
+// One disc of the database as bytes and as fields.
+#include "database/disc_entry.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "database/database_format.h"
+
+uint32_t DiscKey(uint16_t firstTrackSeconds, uint16_t totalSeconds) {
+    return static_cast<uint32_t>(firstTrackSeconds) << 16 | totalSeconds;
+}
+
+static void AppendU16(std::vector<uint8_t>& bytes, uint16_t value) {
+    uint8_t field[2];
+    PutU16(field, value);
+    bytes.insert(bytes.end(), field, field + sizeof field);
+}
+
+static void AppendU32(std::vector<uint8_t>& bytes, uint32_t value) {
+    AppendU16(bytes, static_cast<uint16_t>(value));
+    AppendU16(bytes, static_cast<uint16_t>(value >> 16));
+}
+
+static void AppendText(std::vector<uint8_t>& bytes, const std::string& text) {
+    const size_t length = strnlen(text.c_str(), std::min<size_t>(text.size(), kMaxTextBytes));
+    bytes.push_back(static_cast<uint8_t>(length));
+    bytes.insert(bytes.end(), text.begin(), text.begin() + static_cast<ptrdiff_t>(length));
+}
+
+std::vector<uint8_t> EncodeEntry(const DiscToc& disc, const EntryFields& fields,
+                                 uint32_t entryStart) {
+    const int trackCount = std::min<int>(disc.trackCount, kMaxTracks);
+    std::vector<uint8_t> bytes(kDiscKeyOffset);  // the pointers, known when the length is
+    bytes.reserve(kMaxEntryBytes);
+    AppendU32(bytes, DiscKey(disc.lengthSeconds[0], disc.totalSeconds));
+    bytes.push_back(static_cast<uint8_t>(trackCount));
+    for (int track = 0; track < trackCount; ++track) {
+        AppendText(bytes, fields.trackNames[track]);
+        AppendU16(bytes, disc.lengthSeconds[track]);
+    }
+    AppendText(bytes, fields.artist);
+    AppendText(bytes, fields.discName);
+    AppendText(bytes, fields.category);
+    AppendText(bytes, fields.label);
+    AppendText(bytes, fields.notes);
+    bytes.push_back(fields.recordingCode);
+    bytes.push_back(fields.discType);
+    bytes.push_back(fields.discSize);
+    AppendText(bytes, fields.yearReleased);
+    AppendU32(bytes, entryStart);
+
+    const uint32_t sizeBytes = static_cast<uint32_t>(bytes.size());
+    PutU32(bytes.data(), entryStart + sizeBytes);
+    PutU16(bytes.data() + kEntrySizeOffset, static_cast<uint16_t>(sizeBytes - kNextOffsetBytes));
+    return bytes;
+}
+
+namespace {
+
+struct ByteCursor {
+    const uint8_t* next;
+    size_t left;
+    bool cutShort;
+};
+
+}  // namespace
+
+static const uint8_t* Take(ByteCursor& cursor, size_t sizeBytes) {
+    if (cursor.cutShort || cursor.left < sizeBytes) {
+        cursor.cutShort = true;
+        return nullptr;
+    }
+    const uint8_t* taken = cursor.next;
+    cursor.next += sizeBytes;
+    cursor.left -= sizeBytes;
+    return taken;
+}
+
+static uint8_t TakeU8(ByteCursor& cursor) {
+    const uint8_t* field = Take(cursor, 1);
+    return field ? *field : uint8_t{0};
+}
+
+static uint16_t TakeU16(ByteCursor& cursor) {
+    const uint8_t* field = Take(cursor, 2);
+    return field ? GetU16(field) : uint16_t{0};
+}
+
+static std::string TakeText(ByteCursor& cursor) {
+    const size_t length = TakeU8(cursor);
+    const char* text = reinterpret_cast<const char*>(Take(cursor, length));
+    return text ? std::string(text, strnlen(text, length)) : std::string();
+}
+
+DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc* disc,
+                         EntryFields* fields) {
+    *disc = {};
+    *fields = {};
+    ByteCursor cursor = {bytes, sizeBytes, false};
+    Take(cursor, kDiscKeyOffset);
+    disc->totalSeconds = TakeU16(cursor);
+    Take(cursor, 2);  // the first track's length stands in its record too
+    const int trackCount = TakeU8(cursor);
+    disc->trackCount = static_cast<uint16_t>(std::min(trackCount, kMaxTracks));
+    for (int track = 0; track < trackCount; ++track) {
+        const std::string name = TakeText(cursor);
+        const uint16_t lengthSeconds = TakeU16(cursor);
+        if (track >= kMaxTracks) continue;
+        fields->trackNames[track] = name;
+        disc->lengthSeconds[track] = lengthSeconds;
+    }
+    fields->artist = TakeText(cursor);
+    fields->discName = TakeText(cursor);
+    fields->category = TakeText(cursor);
+    fields->label = TakeText(cursor);
+    fields->notes = TakeText(cursor);
+    fields->recordingCode = TakeU8(cursor);
+    fields->discType = TakeU8(cursor);
+    const uint8_t* size = Take(cursor, 1);
+    if (size) fields->discSize = *size;
+    fields->yearReleased = TakeText(cursor);
+    return cursor.cutShort ? DecodeResult::cutShort : DecodeResult::whole;
+}

@@ -1,0 +1,45 @@
+// One disc of the database as bytes and as fields.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "disc/disc_toc.h"
+
+// What the user names about a disc. Texts are bytes of the system's code page. The codes are kept
+// as stored, so that any value can be here.
+struct EntryFields {
+    std::string trackNames[kMaxTracks];  // element 0 is track 1
+    std::string artist;
+    std::string discName;
+    std::string category;
+    std::string label;
+    std::string notes;  // lines end in CR LF
+    std::string yearReleased;
+    uint8_t recordingCode = 0;  // AAD, ADD, DAD, DDD
+    uint8_t discType = 0;       // Album, Single, CD+MM, CD+Video
+    uint8_t discSize = 1;       // 0 three inch, 1 five inch
+
+    bool operator==(const EntryFields&) const = default;
+};
+
+// High half: length of track 1 in seconds; low half: the disc's total.
+uint32_t DiscKey(uint16_t firstTrackSeconds, uint16_t totalSeconds);
+
+// The whole entry, pointers included, as it stands in the file from entryStart on; at most
+// kMaxEntryBytes. Texts end at a zero byte or after kMaxTextBytes; at most 99 tracks are written.
+std::vector<uint8_t> EncodeEntry(const DiscToc& disc, const EntryFields& fields,
+                                 uint32_t entryStart);
+
+enum class DecodeResult {
+    whole,
+    cutShort,  // the bytes end before the entry does
+};
+
+// The bytes begin at an entry's start and may reach beyond it. The pointers are not looked at.
+// Fills everything anew; of an entry cut short, what is there. Tracks beyond the 99th are stepped
+// over.
+DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc* disc,
+                         EntryFields* fields);

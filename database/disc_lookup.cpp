@@ -1,0 +1,94 @@
+// Recognises a disc by its table of contents.
+#include "database/disc_lookup.h"
+
+#include <algorithm>
+
+#include "base/app_directory.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_walk.h"
+
+uint32_t FoundEntryOffset = 0;
+
+void CopyDiscToc(const DiscToc& disc) {
+    DatabaseDisc = disc;
+    DatabaseDisc.trackCount = std::min<uint16_t>(disc.trackCount, kMaxTracks);
+}
+
+// The reader stands before the entry's TrackCount.
+static bool TracksMatch(WindowReader& reader, uint16_t trackCount) {
+    uint8_t storedCount = 0;
+    if (!ReadU8(reader, &storedCount) || storedCount != trackCount || trackCount > kMaxTracks) {
+        return false;
+    }
+    for (int track = 0; track < trackCount; ++track) {
+        uint16_t lengthSeconds = 0;
+        if (!SkipText(reader) || !ReadU16(reader, &lengthSeconds) ||
+            lengthSeconds != DatabaseDisc.lengthSeconds[track]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static uint32_t FindEntry(WindowReader& reader, uint16_t totalSeconds, uint16_t trackCount) {
+    const uint32_t key = DiscKey(DatabaseDisc.lengthSeconds[0], totalSeconds);
+    uint16_t entryCount = 0;
+    if (!ReadEntryCount(reader, &entryCount)) return 0;
+    uint32_t entryStart = kHeaderBytes;
+    for (uint32_t i = 0; i < entryCount; ++i) {
+        EntryHeader header;
+        if (!ReadEntryHeader(reader, entryStart, &header)) return 0;
+        if (DiscKey(header.firstTrackSeconds, header.totalSeconds) == key &&
+            TracksMatch(reader, trackCount)) {
+            return entryStart;
+        }
+        if (header.nextOffset <= entryStart) return 0;
+        entryStart = header.nextOffset;
+    }
+    return 0;
+}
+
+uint32_t FindDiscEntry(FileHandle file) {
+    WindowReader reader;
+    StartReading(reader, file, kUnknownOffset);
+    return FindEntry(reader, DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
+}
+
+LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount, WhenHeld whenHeld) {
+    FoundEntryOffset = 0;
+    ScopedFile file;
+    if (!OpenEnsuredDatabase(file, whenHeld)) return LookupResult::unreadable;
+    WindowReader reader;
+    StartReading(reader, file.handle);
+    FoundEntryOffset = FindEntry(reader, totalSeconds, trackCount);
+    if (FoundEntryOffset != 0) return LookupResult::found;
+    return reader.failed ? LookupResult::unreadable : LookupResult::unknown;
+}
+
+bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
+    return LookUpDisc(totalSeconds, trackCount) == LookupResult::found;
+}
+
+// For the texts the file is asked for by writing access too, and is not created.
+static bool OpenAtDisc(ScopedFile& file) {
+    FoundEntryOffset = 0;
+    const std::string path = InAppDirectory(kDatabaseName);
+    if (DatabaseFiles.open(path.c_str(), FileMode::readWriteShared, &file.handle) !=
+        FileStatus::ok) {
+        return false;
+    }
+    FoundEntryOffset = FindDiscEntry(file.handle);
+    return FoundEntryOffset != 0;
+}
+
+std::string DiscTitleText() {
+    ScopedFile file;
+    return OpenAtDisc(file) ? ReadTitle(file.handle, FoundEntryOffset) : std::string();
+}
+
+std::string TrackNameText(int trackNumber) {
+    ScopedFile file;
+    return OpenAtDisc(file) ? ReadTrackName(file.handle, FoundEntryOffset, trackNumber)
+                            : std::string();
+}

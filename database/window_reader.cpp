@@ -1,0 +1,95 @@
+// Reading an open file field by field through one small window.
+#include "database/window_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "database/database_format.h"
+
+void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset) {
+    reader.file = file;
+    reader.position = 0;
+    reader.windowStart = 0;
+    reader.windowSize = 0;
+    reader.fileOffset = fileOffset;
+    reader.failed = false;
+}
+
+// Moves the window on. A position within the next window's reach is met by reading straight on,
+// which saves the seek; only a longer way, or the way back, is a seek.
+static bool FillWindow(WindowReader& reader) {
+    const bool straightOn = reader.fileOffset != kUnknownOffset &&
+                            reader.position >= reader.fileOffset &&
+                            reader.position - reader.fileOffset < kWindowBytes;
+    reader.windowSize = 0;
+    if (!straightOn) {
+        reader.fileOffset = kUnknownOffset;
+        if (DatabaseFiles.seek(reader.file, reader.position) != FileStatus::ok) {
+            reader.failed = true;
+            return false;
+        }
+        reader.fileOffset = reader.position;
+    }
+    uint32_t readBytes = 0;
+    if (DatabaseFiles.read(reader.file, reader.window, kWindowBytes, &readBytes) !=
+        FileStatus::ok) {
+        reader.failed = true;
+        reader.fileOffset = kUnknownOffset;
+        return false;
+    }
+    reader.windowStart = reader.fileOffset;
+    reader.windowSize = std::min(readBytes, kWindowBytes);
+    reader.fileOffset += reader.windowSize;
+    return reader.windowSize > 0;
+}
+
+uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes) {
+    uint8_t* to = static_cast<uint8_t*>(data);
+    uint32_t done = 0;
+    while (done < sizeBytes) {
+        const uint64_t inWindow = reader.position - reader.windowStart;
+        if (reader.position < reader.windowStart || inWindow >= reader.windowSize) {
+            if (!FillWindow(reader)) break;
+            continue;
+        }
+        const uint32_t from = static_cast<uint32_t>(inWindow);
+        const uint32_t count = std::min(sizeBytes - done, reader.windowSize - from);
+        std::memcpy(to + done, reader.window + from, count);
+        done += count;
+        reader.position += count;
+    }
+    return done;
+}
+
+bool ReadU8(WindowReader& reader, uint8_t* value) {
+    return ReadUpTo(reader, value, 1) == 1;
+}
+
+bool ReadU16(WindowReader& reader, uint16_t* value) {
+    uint8_t bytes[2];
+    if (ReadUpTo(reader, bytes, sizeof bytes) != sizeof bytes) return false;
+    *value = GetU16(bytes);
+    return true;
+}
+
+bool ReadU32(WindowReader& reader, uint32_t* value) {
+    uint8_t bytes[4];
+    if (ReadUpTo(reader, bytes, sizeof bytes) != sizeof bytes) return false;
+    *value = GetU32(bytes);
+    return true;
+}
+
+bool ReadText(WindowReader& reader, std::string* text) {
+    uint8_t length = 0;
+    char bytes[UINT8_MAX];
+    if (!ReadU8(reader, &length) || ReadUpTo(reader, bytes, length) != length) return false;
+    text->assign(bytes, strnlen(bytes, length));
+    return true;
+}
+
+bool SkipText(WindowReader& reader) {
+    uint8_t length = 0;
+    if (!ReadU8(reader, &length)) return false;
+    reader.position += length;
+    return true;
+}

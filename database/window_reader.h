@@ -1,0 +1,38 @@
+// Reading an open file field by field through one small window, so that a walk over the database
+// costs one system call per window and not per field.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/file_access.h"
+
+constexpr uint32_t kWindowBytes = 2048;
+
+// Borrows the handle. Nothing but this reader moves the file's position while it is in use.
+struct WindowReader {
+    FileHandle file = kNoFile;
+    uint64_t position = 0;     // of the next byte that is handed out; any value may be put here
+    uint64_t windowStart = 0;  // file offset of the window's first byte
+    uint32_t windowSize = 0;   // valid bytes in the window
+    uint64_t fileOffset = 0;   // where the system stands
+    bool failed = false;       // the system refused a read; reaching the end is no failure
+    uint8_t window[kWindowBytes];
+};
+
+// For a file that was just opened. With a file used before, pass its offset or kUnknownOffset.
+constexpr uint64_t kUnknownOffset = UINT64_MAX;
+void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset = 0);
+
+// Reads as many bytes as there are, at most sizeBytes; less than that means the end of the file or
+// a failure.
+uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes);
+
+// These answer false, leave the output alone and `position` anywhere when the file ends before.
+bool ReadU8(WindowReader& reader, uint8_t* value);
+bool ReadU16(WindowReader& reader, uint16_t* value);
+bool ReadU32(WindowReader& reader, uint32_t* value);
+
+// A length byte and that many bytes. The text ends at a zero byte, if it holds one.
+bool ReadText(WindowReader& reader, std::string* text);
+bool SkipText(WindowReader& reader);

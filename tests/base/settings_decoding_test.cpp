@@ -1,0 +1,64 @@
+// Settings decoded by single characters: case, missing characters and the documented fall-backs.
+#include "base/settings_decoding.h"
+
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+
+TEST(SettingsDecoding, ModesAreTheirFirstSmallLetter) {
+    EXPECT_EQ(DecodeMode("wave"), IDC_MODE_WAVE);
+    EXPECT_EQ(DecodeMode("m"), IDC_MODE_MIDI);
+    EXPECT_EQ(DecodeMode("vx"), IDC_MODE_VIDEO);
+    for (const char* other : {"Wave", "c:\\", "cdplayer", "", " wave"}) {
+        EXPECT_EQ(DecodeMode(other), IDC_MODE_CDPLAYER) << other;
+    }
+    for (int mode : {IDC_MODE_WAVE, IDC_MODE_MIDI, IDC_MODE_VIDEO, IDC_MODE_CDPLAYER}) {
+        EXPECT_EQ(DecodeMode(EncodeMode(mode)), mode);
+    }
+}
+
+TEST(SettingsDecoding, SwitchesAreOnByTheirSecondLetter) {
+    EXPECT_TRUE(DecodeOnOff("On"));
+    EXPECT_TRUE(DecodeOnOff("on"));
+    for (const char* off : {"ON", "Off", "c:\\", "", "n"})
+        EXPECT_FALSE(DecodeOnOff(off)) << off;
+}
+
+TEST(SettingsDecoding, UnknownTimerSpeedsBecomeASecond) {
+    EXPECT_EQ(DecodeTimerSpeed("4"), 666);
+    EXPECT_EQ(DecodeTimerSpeed("9"), 1000);
+    EXPECT_EQ(DecodeTimerSpeed(""), 1000);
+    EXPECT_STREQ(EncodeTimerSpeed(1000), "5");
+    EXPECT_EQ(EncodeTimerSpeed(667), nullptr);
+    for (uint16_t speed : std::initializer_list<uint16_t>{100, 333, 500, 666, 1000}) {
+        EXPECT_EQ(DecodeTimerSpeed(EncodeTimerSpeed(speed)), speed);
+    }
+}
+
+TEST(SettingsDecoding, ListFiltersKeepWhatTheyDoNotKnow) {
+    const struct {
+        const char* text;
+        bool mid, rmi;  // from (true, false)
+    } cases[] = {{"Both", true, true},  {"Mid", true, false}, {"Rmi", false, true},
+                 {"both", true, false}, {"X", true, false},   {"", true, false}};
+    for (const auto& c : cases) {
+        bool mid = true;
+        bool rmi = false;
+        DecodeListFilter(c.text, 'M', 'R', mid, rmi);
+        EXPECT_EQ(mid, c.mid) << c.text;
+        EXPECT_EQ(rmi, c.rmi) << c.text;
+    }
+}
+
+TEST(SettingsDecoding, SearchRadioAndText) {
+    EXPECT_EQ(DecodeSearchRadio("1"), 1802);
+    EXPECT_EQ(DecodeSearchRadio("9"), 1810);
+    for (const char* last : {"A", "0", "", "a", ":"})
+        EXPECT_EQ(DecodeSearchRadio(last), 1811) << last;
+    EXPECT_EQ(EncodeSearchRadio(1810), "9");
+    EXPECT_EQ(EncodeSearchRadio(1811), "A");
+    EXPECT_EQ(EncodeSearchRadio(1812), "");
+    EXPECT_EQ(DecodeSearchText("0"), "");
+    EXPECT_EQ(DecodeSearchText("007"), "");
+    EXPECT_EQ(DecodeSearchText(" x "), " x ");
+}

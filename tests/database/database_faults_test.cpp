@@ -1,0 +1,253 @@
+// Every change to the database, struck at every call it makes, and recovery struck in its turn:
+// what is found afterwards is the old database or the new one, and what the user was told is true.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_recovery.h"
+#include "database/disc_lookup.h"
+#include "memory_files.h"
+#include "sample_discs.h"
+
+namespace {
+
+struct Change {
+    const char* name;
+    MemorySnapshot before;
+    std::function<DatabaseResult()> make;
+    std::string repaired = {};  // what is as good as the old database
+    bool isRewrite = false;
+    std::string after = {};
+    int callCount = 0;
+};
+
+int points = 0;
+
+}  // namespace
+
+static const Fault kAllFaults[] = {
+    Fault::callFails, Fault::fallsShort,  Fault::diskFull,        Fault::held,
+    Fault::writeLost, Fault::heldBriefly, Fault::endsBefore,      Fault::endsHalfway,
+    Fault::endsAfter, Fault::powerLoss,   Fault::powerLossInPart,
+};
+
+// Each change once without a fault.
+static std::vector<Change> AllChanges() {
+    // Entries longer than a window, so that every copy takes several calls.
+    const std::vector<Disc> discs = {SampleDisc(1, 60), SampleDisc(2, 99), SampleDisc(3, 2)};
+    const std::string whole = DatabaseImage(discs);
+    std::vector<Disc> more = discs;
+    more.push_back(SampleDisc(4, 9));
+    std::string ended = DatabaseImage(more).substr(0, whole.size() + 99);
+    ended[kCountOffset] = 3;
+    const MemorySnapshot plain = {{kDatabaseName, whole}};
+    const MemorySnapshot leftovers = {{kDatabaseName, whole},
+                                      {kBackupName, DatabaseImage({SampleDisc(9, 9)})},
+                                      {kNewDatabaseName, "rubbish"}};
+    const Disc fresh = SampleDisc(8, 70);
+    const auto withDisc = [fresh](auto change) {
+        return [fresh, change] { return CopyDiscToc(fresh.toc), change(fresh.fields); };
+    };
+    std::vector<Change> changes = {
+        {"create", {}, [] { return EnsureDatabase(), DatabaseResult::ok; }},
+        {"first append", {{kDatabaseName, DatabaseImage({})}}, withDisc(AppendEntry)},
+        {"append", plain, withDisc(AppendEntry)},
+        {"append behind an ended one", {{kDatabaseName, ended}}, withDisc(AppendEntry), whole},
+    };
+    for (const uint32_t start : EntryStarts(discs)) {
+        if (start == whole.size()) break;
+        const auto replace = [start](const EntryFields& f) { return ReplaceEntry(start, f); };
+        const auto edit = [start](const EntryFields& f) { return ReplaceEntryAtEnd(start, f); };
+        changes.push_back({"delete", plain, [start] { return DeleteEntry(start); }, {}, true});
+        changes.push_back({"replace", leftovers, withDisc(replace), {}, true});
+        changes.push_back({"edit", start == 8 ? leftovers : plain, withDisc(edit), {}, true});
+    }
+    for (Change& change : changes) {
+        StartOnDisk(change.before);
+        EXPECT_EQ(change.make(), DatabaseResult::ok) << change.name;
+        change.callCount = CallsMade();
+        EXPECT_EQ(DiskAfterEnd().size(), 1u) << change.name << " leaves files behind";
+        change.after = FileBytes(DiskAfterEnd(), kDatabaseName);
+        EXPECT_NE(change.after, FileBytes(change.before, kDatabaseName));
+    }
+    return changes;
+}
+
+static bool IsOldOrNew(const MemorySnapshot& disk, const Change& change) {
+    const std::string bytes = FileBytes(disk, kDatabaseName);
+    return bytes == change.after || bytes == FileBytes(change.before, kDatabaseName) ||
+           (!change.repaired.empty() && bytes == change.repaired);
+}
+
+static MemorySnapshot Recovered(const MemorySnapshot& left, Fault fault = Fault::none,
+                                int call = 0) {
+    StartOnDisk(left);
+    ArmFault(fault, call);
+    RecoverDatabase();
+    return DiskAfterEnd();
+}
+
+// Starts the program anew on what the first one left and strikes its recovery at every call.
+static void StrikeRecovery(const MemorySnapshot& left, const Change& change) {
+    Recovered(left);
+    const int callCount = CallsMade();
+    for (const Fault fault : kAllFaults) {
+        for (int call = 1; call <= callCount; ++call, ++points) {
+            ASSERT_TRUE(IsOldOrNew(Recovered(Recovered(left, fault, call)), change))
+                << change.name << ": fault " << static_cast<int>(fault) << " in recovery";
+        }
+    }
+}
+
+static void Strike(const Change& change, int call, Fault fault, Fault second, int secondCall) {
+    SCOPED_TRACE(std::string(change.name) + " fault " + std::to_string(static_cast<int>(fault)) +
+                 " at " + std::to_string(call) + ", second at " + std::to_string(secondCall));
+    StartOnDisk(change.before);
+    ArmFault(fault, call, second, secondCall);
+    const DatabaseResult result = change.make();
+    const bool ended = ProgramEnded();
+    ASSERT_EQ(OpenHandles(), 0);
+    const MemorySnapshot left = DiskAfterEnd();
+    const MemorySnapshot recovered = Recovered(left);
+    ++points;
+    // Only reading the new file back notices a write that is lost; an append has no such check.
+    if (fault == Fault::writeLost && !change.isRewrite) return;
+    ASSERT_TRUE(IsOldOrNew(recovered, change)) << "neither the old nor the new database";
+    if (ended) {
+        if (second == Fault::none) StrikeRecovery(left, change);
+        return;
+    }
+    if (change.before.empty()) {
+        // Nothing half-made stays in the way of the next attempt.
+        const std::string made = FileBytes(left, kDatabaseName);
+        ASSERT_TRUE(second != Fault::none || made == kNoSuchFile || made == change.after);
+        return;
+    }
+    const bool isNew = FileBytes(recovered, kDatabaseName) == change.after;
+    if (fault == Fault::heldBriefly) {
+        ASSERT_EQ(result, DatabaseResult::ok) << "a moment's hold only delays";
+    }
+    if (result == DatabaseResult::notTakenBack) {
+        ASSERT_TRUE(second != Fault::none || fault == Fault::held) << "one fault can be taken back";
+    } else {
+        ASSERT_EQ(isNew, result == DatabaseResult::ok) << "result " << static_cast<int>(result);
+    }
+    // What was told is true at once; when undoing failed too, or a full disk keeps the count from
+    // being put back, recovery finishes it.
+    const bool undoFailed = second != Fault::none || fault == Fault::held;
+    ASSERT_TRUE(undoFailed || fault == Fault::diskFull || IsOldOrNew(left, change));
+}
+
+TEST(DatabaseFaults, EveryCallOfEveryChange) {
+    UseMemoryFiles();
+    for (const Change& change : AllChanges()) {
+        for (const Fault fault : kAllFaults) {
+            for (int call = 1; call <= change.callCount && !HasFatalFailure(); ++call) {
+                Strike(change, call, fault, Fault::none, 0);
+            }
+        }
+    }
+    std::printf("faults: %d points, %s\n", points, HasFailure() ? "one is a loss" : "0 losses");
+    EXPECT_GT(points, 50000);
+}
+
+TEST(DatabaseFaults, EveryTwoCallsThatFail) {
+    UseMemoryFiles();
+    for (const Change& change : AllChanges()) {
+        for (int call = 1; call <= change.callCount; ++call) {
+            // Cleaning up makes more calls than the change itself.
+            for (int second = call + 1; second <= change.callCount + 8; ++second) {
+                for (const Fault last : {Fault::callFails, Fault::endsHalfway}) {
+                    if (!HasFatalFailure()) Strike(change, call, Fault::callFails, last, second);
+                }
+            }
+        }
+    }
+}
+
+// The user's OK fails, and OK is pressed again: the disc is there once, with what was typed last.
+TEST(DatabaseFaults, TheSecondTrySavesOnce) {
+    UseMemoryFiles();
+    const std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 2)};
+    int retries = 0;
+    for (const bool wasKnown : {false, true}) {
+        for (const Fault first : {Fault::callFails, Fault::diskFull, Fault::held}) {
+            for (int call = 1; call < 40; ++call) {
+                for (int second = call; second < call + 12; ++second) {
+                    StartOnDisk({{kDatabaseName, DatabaseImage(discs)}});
+                    Disc disc = wasKnown ? discs[0] : SampleDisc(8, 3);
+                    bool known = wasKnown;
+                    CopyDiscToc(disc.toc);
+                    ArmFault(first, call, Fault::callFails, second);
+                    if (SaveDisc(disc.fields, known) == DatabaseResult::ok) continue;
+                    ++retries;
+                    ArmFault(Fault::none, 0);
+                    disc.fields.artist = "typed last";
+                    ASSERT_EQ(SaveDisc(disc.fields, known), DatabaseResult::ok)
+                        << call << " " << second;
+                    ASSERT_EQ(DatabaseEntryCount(), wasKnown ? 2 : 3) << call << " " << second;
+                    ASSERT_EQ(DiscTitleText(), "typed last - " + disc.fields.discName);
+                    const std::string saved = FileBytes(DiskAfterEnd(), kDatabaseName);
+                    ASSERT_EQ(FileBytes(Recovered(DiskAfterEnd()), kDatabaseName), saved);
+                }
+            }
+        }
+    }
+    EXPECT_GT(retries, 500);
+}
+
+TEST(DatabaseFaults, AnUncountedEntryNeitherHidesNorDoublesADisc) {
+    UseMemoryFiles();
+    const std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 2), SampleDisc(3, 2)};
+    std::string uncounted = DatabaseImage(discs);
+    uncounted[kCountOffset] = 2;
+    const struct {
+        Disc disc;
+        bool known;
+        int entries;
+    } cases[] = {{SampleDisc(8, 3), false, 4}, {discs[0], true, 3}, {discs[2], false, 3}};
+    for (const auto& each : cases) {
+        StartOnDisk({{kDatabaseName, uncounted}});
+        EntryFields fields = each.disc.fields;
+        fields.artist = "Saved";
+        bool known = each.known;
+        CopyDiscToc(each.disc.toc);
+        EXPECT_EQ(SaveDisc(fields, known), DatabaseResult::ok);
+        EXPECT_EQ(DatabaseEntryCount(), each.entries);
+        EXPECT_EQ(DiscTitleText(), "Saved - " + fields.discName);
+    }
+}
+
+TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNotOverwritten) {
+    UseMemoryFiles();
+    const Disc disc = SampleDisc(1, 2);
+    const std::string one = DatabaseImage({disc});
+    CopyDiscToc(disc.toc);
+    const struct {
+        bool known;
+        std::string database;
+        Fault fault;
+        DatabaseResult result;
+        std::string after;
+    } cases[] = {
+        {false, one, Fault::none, DatabaseResult::addedMeanwhile, one},
+        {false, one, Fault::held, DatabaseResult::cannotOpen, one},
+        {true, one, Fault::held, DatabaseResult::cannotOpen, one},
+        {true, DatabaseImage({}), Fault::none, DatabaseResult::ok, one},
+    };
+    for (const auto& each : cases) {
+        StartOnDisk({{kDatabaseName, each.database}});
+        ArmFault(each.fault, 1);
+        bool known = each.known;
+        EXPECT_EQ(SaveDisc(disc.fields, known), each.result);
+        EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), each.after);
+    }
+    StartOnDisk({{kDatabaseName, one}});
+    DatabaseDisc.trackCount = 0;
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::noTracks);
+    EXPECT_EQ(ReplaceEntry(kHeaderBytes, {}), DatabaseResult::noTracks);
+    EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), one);
+}

@@ -1,0 +1,267 @@
+// A disk in memory in the place of the database's file calls.
+#include "memory_files.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "base/app_directory.h"
+
+const std::string kNoSuchFile = "(no such file)";
+
+#ifdef _WIN32
+static const FileAccess kSystemFiles = DatabaseFiles;
+
+void UseSystemFiles() {
+    DatabaseFiles = kSystemFiles;
+}
+#else
+// Only the product's system has calls of its own.
+FileAccess DatabaseFiles;
+#endif
+
+namespace {
+
+struct MemoryFile {
+    std::string bytes;
+    std::string flushedBytes;
+    std::string lastWrite;
+    size_t lastWriteAt = 0;
+    int openHandles = 0;
+};
+
+struct Handle {
+    std::shared_ptr<MemoryFile> file;
+    uint64_t offset = 0;
+    bool writes = false;
+};
+
+struct ArmedFault {
+    Fault fault = Fault::none;
+    int atCall = 0;
+};
+
+std::map<std::string, std::shared_ptr<MemoryFile>> disk;
+std::vector<Handle> handles;
+ArmedFault armed[2];
+int calls = 0;
+bool diskIsFull = false;
+bool everythingHeld = false;
+Fault endedBy = Fault::none;
+
+// One call: whether a fault strikes it, and what it answers when it has no effect for that reason.
+struct Call {
+    Fault fault = Fault::none;
+    FileStatus status = FileStatus::ok;
+};
+
+}  // namespace
+
+static Fault NextFault() {
+    if (endedBy != Fault::none) return Fault::endsBefore;
+    ++calls;
+    for (const ArmedFault& each : armed) {
+        const int last = each.fault == Fault::heldBriefly ? each.atCall + 2 : each.atCall;
+        if (each.fault == Fault::none || calls < each.atCall || calls > last) continue;
+        if (each.fault == Fault::diskFull) diskIsFull = true;
+        if (each.fault == Fault::held) everythingHeld = true;
+        if (each.fault >= Fault::endsBefore) endedBy = each.fault;
+        return each.fault;
+    }
+    return Fault::none;
+}
+
+static Call NextCall(bool opensOrNames = false) {
+    const Fault fault = NextFault();
+    const bool held = everythingHeld || fault == Fault::heldBriefly;
+    const bool fails =
+        fault == Fault::callFails || fault == Fault::endsBefore || fault == Fault::endsHalfway;
+    if (fails) return {fault, FileStatus::failed};
+    return {fault, held && opensOrNames ? FileStatus::held : FileStatus::ok};
+}
+
+static Handle* Find(FileHandle file) {
+    const size_t index = static_cast<size_t>(file);
+    return index < handles.size() && handles[index].file ? &handles[index] : nullptr;
+}
+
+static FileStatus Open(const char* path, FileMode mode, FileHandle* file) {
+    const Call call = NextCall(true);
+    if (call.status != FileStatus::ok) return call.status;
+    const bool creates = mode == FileMode::createNew || mode == FileMode::createAlways;
+    const bool exists = disk.count(path) > 0;
+    if (!creates && !exists) return FileStatus::missing;
+    if (mode == FileMode::createNew && exists) return FileStatus::exists;
+    if (creates) disk[path] = std::make_shared<MemoryFile>();
+    ++disk[path]->openHandles;
+    handles.push_back({disk[path], 0, mode != FileMode::readShared});
+    *file = static_cast<FileHandle>(handles.size() - 1);
+    return FileStatus::ok;
+}
+
+static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
+    const Call call = NextCall();
+    Handle* handle = Find(file);
+    if (call.status != FileStatus::ok || !handle) return FileStatus::failed;
+    if (call.fault == Fault::fallsShort) sizeBytes = (sizeBytes + 1) / 2;
+    const std::string& bytes = handle->file->bytes;
+    const uint64_t offset = std::min<uint64_t>(handle->offset, bytes.size());
+    const uint64_t count = std::min<uint64_t>(sizeBytes, bytes.size() - offset);
+    std::memcpy(data, bytes.data() + offset, static_cast<size_t>(count));
+    handle->offset += count;
+    *readBytes = static_cast<uint32_t>(count);
+    return FileStatus::ok;
+}
+
+static void Put(Handle& handle, const void* data, uint32_t sizeBytes) {
+    MemoryFile& file = *handle.file;
+    const size_t offset = static_cast<size_t>(handle.offset);
+    file.bytes.resize(std::max(file.bytes.size(), offset + sizeBytes));
+    std::memcpy(file.bytes.data() + offset, data, sizeBytes);
+    handle.offset += sizeBytes;
+    file.lastWrite = file.bytes.substr(offset, sizeBytes);
+    file.lastWriteAt = offset;
+}
+
+static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
+                        uint32_t* writtenBytes) {
+    const bool wasFull = diskIsFull;
+    const Call call = NextCall();
+    Handle* handle = Find(file);
+    if (!handle || !handle->writes) return FileStatus::failed;
+    const bool doesHalf = call.fault == Fault::endsHalfway || (diskIsFull && !wasFull);
+    if (doesHalf) Put(*handle, data, sizeBytes / 2);
+    if (call.status != FileStatus::ok) return call.status;
+    if (diskIsFull) return FileStatus::diskFull;
+    if (call.fault == Fault::fallsShort) sizeBytes /= 2;
+    if (call.fault == Fault::writeLost) {
+        handle->offset += sizeBytes;
+    } else {
+        Put(*handle, data, sizeBytes);
+    }
+    *writtenBytes = sizeBytes;
+    return FileStatus::ok;
+}
+
+// A call on an open file that fails or is done whole.
+template <typename Work>
+static FileStatus OnHandle(FileHandle file, Work work) {
+    Handle* handle = Find(file);
+    if (NextCall().status != FileStatus::ok || !handle) return FileStatus::failed;
+    work(*handle);
+    return FileStatus::ok;
+}
+
+static FileStatus Seek(FileHandle file, uint64_t offset) {
+    return OnHandle(file, [=](Handle& handle) { handle.offset = offset; });
+}
+
+static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
+    return OnHandle(file, [=](Handle& handle) { *sizeBytes = handle.file->bytes.size(); });
+}
+
+static FileStatus Flush(FileHandle file) {
+    return OnHandle(file, [](Handle& handle) {
+        handle.file->flushedBytes = handle.file->bytes;
+        handle.file->lastWrite.clear();
+    });
+}
+
+static FileStatus Truncate(FileHandle file, uint64_t sizeBytes) {
+    return OnHandle(
+        file, [=](Handle& handle) { handle.file->bytes.resize(static_cast<size_t>(sizeBytes)); });
+}
+
+// A close that fails has still given the handle back.
+static FileStatus Close(FileHandle file) {
+    if (Handle* handle = Find(file)) {
+        --handle->file->openHandles;
+        handle->file.reset();
+    }
+    return NextCall().status;
+}
+
+// Takes a name off the disk and, unless it is removed for good, gives its file another.
+static FileStatus Rename(const char* from, const char* to) {
+    const Call call = NextCall(true);
+    if (call.status != FileStatus::ok) return call.status;
+    const auto found = disk.find(from);
+    if (found == disk.end()) return FileStatus::missing;
+    if (to && disk.count(to) > 0) return FileStatus::exists;
+    if (found->second->openHandles > 0) return FileStatus::held;
+    if (to) disk[to] = found->second;
+    disk.erase(found);
+    return FileStatus::ok;
+}
+
+static FileStatus Remove(const char* path) {
+    return Rename(path, nullptr);
+}
+
+static FileStatus Exists(const char* path) {
+    const Call call = NextCall();
+    if (call.status != FileStatus::ok) return call.status;
+    return disk.count(path) > 0 ? FileStatus::ok : FileStatus::missing;
+}
+
+static void Pause(uint32_t) {}
+
+void UseMemoryFiles() {
+    DatabaseFiles = {Open,     Read,  Write,  Seek,   Size,   Flush,
+                     Truncate, Close, Rename, Remove, Exists, Pause};
+    AppDirectory.clear();
+    StartOnDisk({});
+}
+
+void StartOnDisk(const MemorySnapshot& snapshot) {
+    disk.clear();
+    handles.clear();
+    for (const auto& [name, bytes] : snapshot) {
+        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0});
+    }
+    ArmFault(Fault::none, 0);
+}
+
+MemorySnapshot DiskAfterEnd() {
+    MemorySnapshot snapshot;
+    for (const auto& [name, file] : disk) {
+        std::string& bytes = snapshot[name] = file->bytes;
+        if (endedBy < Fault::powerLoss) continue;
+        const size_t sizeBytes = bytes.size();
+        bytes = file->flushedBytes;
+        if (endedBy == Fault::powerLoss) continue;
+        bytes.resize(sizeBytes);
+        const size_t at = std::min(sizeBytes, file->lastWriteAt);
+        const size_t kept = std::min(file->lastWrite.size(), sizeBytes - at);
+        bytes.replace(at, kept, file->lastWrite, 0, kept);
+    }
+    return snapshot;
+}
+
+void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
+    armed[0] = {fault, atCall};
+    armed[1] = {second, secondAtCall};
+    calls = 0;
+    diskIsFull = false;
+    everythingHeld = false;
+    endedBy = Fault::none;
+}
+
+int CallsMade() {
+    return calls;
+}
+
+bool ProgramEnded() {
+    return endedBy != Fault::none;
+}
+
+int OpenHandles() {
+    const auto isOpen = [](const Handle& handle) { return handle.file != nullptr; };
+    return static_cast<int>(std::count_if(handles.begin(), handles.end(), isOpen));
+}
+
+std::string FileBytes(const MemorySnapshot& snapshot, const std::string& name) {
+    const auto found = snapshot.find(name);
+    return found == snapshot.end() ? kNoSuchFile : found->second;
+}

@@ -1,0 +1,47 @@
+// A disk in memory in the place of the database's file calls. Any call can be made to fail, to fall
+// short, or to be the last one the program makes; what was not flushed can be lost.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "base/file_access.h"
+
+enum class Fault {
+    none,
+    callFails,
+    fallsShort,   // a read or write does half of its work and answers ok
+    diskFull,     // from here on no write finds room; the first one still does half
+    held,         // from here on another program holds every file
+    heldBriefly,  // the same for three calls
+    writeLost,    // a write answers ok and nothing of it is kept
+    endsBefore,   // the program ends: this call and all later ones have no effect
+    endsHalfway,  // a write still does half of its work
+    endsAfter,
+    powerLoss,  // the program ends after this call, and what was not flushed is lost
+    // The same, but files keep their length, the last write reached the disk, and what came before
+    // it reads as zeros.
+    powerLossInPart,
+};
+
+// Files by name. Copying a snapshot back starts the program anew on that disk.
+using MemorySnapshot = std::map<std::string, std::string>;
+
+// Puts the stand-in in place, with an empty disk.
+void UseMemoryFiles();
+// The product's own calls again; on Windows only.
+void UseSystemFiles();
+
+void StartOnDisk(const MemorySnapshot& disk);
+// What a program started now would find. Ends the present one.
+MemorySnapshot DiskAfterEnd();
+
+void ArmFault(Fault fault, int atCall, Fault second = Fault::none, int secondAtCall = 0);
+int CallsMade();
+bool ProgramEnded();
+int OpenHandles();
+
+// The bytes of a file; `kNoSuchFile` when it does not exist.
+extern const std::string kNoSuchFile;
+std::string FileBytes(const MemorySnapshot& disk, const std::string& name);

@@ -1,0 +1,27 @@
+// Faults in splitting pasted track names: lost lines, lost digits that belong to a name, names too
+// long for the catalogue.
+#include "database_dialogs/entry_text.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+TEST(EntryText, LinesBecomeNamesWhateverEndsThem) {
+    EXPECT_THAT(SplitTrackNames("  One \t\r\n\r\n \r\nTwo\nThree\rFour\r\n"),
+                ElementsAre("One", "Two", "Three", "Four"));
+    EXPECT_TRUE(SplitTrackNames("\r\n \n\t").empty());
+    const std::string longest(254, 'x');
+    EXPECT_THAT(SplitTrackNames(longest + "yz\nnext"), ElementsAre(longest, "next"));
+}
+
+TEST(EntryText, NumbersInFrontAreTakenOffButNamesKeepTheirDigits) {
+    for (const char* line : {"3. Prelude", "03 - Prelude", "12) Prelude", "7: Prelude",
+                             "5\tPrelude", "  1.  Prelude"}) {
+        EXPECT_THAT(SplitTrackNames(line), ElementsAre("Prelude"));
+    }
+    EXPECT_THAT(SplitTrackNames("1. 2. Adagio"), ElementsAre("2. Adagio"));
+    for (const char* name : {"99 Balloons", "7-11", "2.5 Degrees", "1812", "1984. A year", "4.",
+                             "4 -", "- no number"}) {
+        EXPECT_THAT(SplitTrackNames(name), ElementsAre(name));
+    }
+}

@@ -1,0 +1,12 @@
+// How a file's size and the moment of its last change are written.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// All digits without separators, then " bytes ".
+std::string SizeText(uint64_t sizeBytes);
+
+// Date and time as the file system of old packs them into two words: "3-7-1995 9:05PM". The hour is
+// shifted by six hours, whatever the time zone, and the date is not; that is meant.
+std::string DateText(uint16_t packedDate, uint16_t packedTime);

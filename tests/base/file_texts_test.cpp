@@ -1,0 +1,33 @@
+// Sizes beyond 32 bits, and the clock that is six hours off on purpose.
+#include "base/file_texts.h"
+
+#include <gtest/gtest.h>
+
+TEST(FileTexts, SizesKeepEveryDigit) {
+    EXPECT_EQ(SizeText(0), "0 bytes ");
+    EXPECT_EQ(SizeText(5'000'000'000), "5000000000 bytes ");
+    EXPECT_EQ(SizeText(UINT64_MAX), "18446744073709551615 bytes ");
+}
+
+TEST(FileTexts, DatesAndShiftedHours) {
+    const auto packDate = [](int year, int month, int day) {
+        return static_cast<uint16_t>((year - 1980) << 9 | month << 5 | day);
+    };
+    const auto packTime = [](int hour, int minute) {
+        return static_cast<uint16_t>(hour << 11 | minute << 5 | 29);
+    };
+    const struct {
+        int hour, minute;
+        const char* text;
+    } hours[] = {
+        {0, 0, "6:00PM"},    {3, 15, "9:15PM"}, {5, 59, "11:59PM"},
+        {6, 5, "12:05AM"},   {7, 9, "1:09AM"},  {17, 10, "11:10AM"},
+        {18, 40, "12:40PM"}, {19, 0, "1:00PM"}, {23, 59, "5:59PM"},
+    };
+    for (const auto& c : hours) {
+        EXPECT_EQ(DateText(packDate(1995, 3, 7), packTime(c.hour, c.minute)),
+                  std::string("3-7-1995 ") + c.text);
+    }
+    EXPECT_EQ(DateText(packDate(1980, 1, 1), packTime(6, 0)), "1-1-1980 12:00AM");
+    EXPECT_EQ(DateText(packDate(2107, 12, 31), packTime(6, 0)), "12-31-2107 12:00AM");
+}

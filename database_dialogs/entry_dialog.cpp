@@ -20,6 +20,8 @@ static const DialogButton kButtons[] = {
     {IDC_ENTRY_PAGE_DOWN, kFacePageDown},
 };
 
+static EntrySheet Sheet;
+
 // Whether the catalogue knew the disc when the dialog opened.
 static bool KnownAtOpening;
 
@@ -46,22 +48,22 @@ static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
 
 static void OnInitDialog(HWND dialog, const EntryToShow& entry) {
     PrepareDialog(dialog, kButtons);
-    OpenEntryFields(dialog);
+    OpenEntryFields(Sheet, dialog);
     CenterOnScreen(dialog);
-    ShowEntry(dialog, entry.disc, entry.fields);
+    ShowEntry(Sheet, entry.disc, entry.fields);
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(DatabaseEntryCount()));
 }
 
 static void Close(HWND dialog) {
-    CloseEntryFields();
+    CloseEntryFields(Sheet);
     EndDialog(dialog, 0);
 }
 
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
     // The catalogue's own record of the disc follows the drive.
-    CopyDiscToc(ShownDisc());
-    const DatabaseResult result = SaveDisc(ReadEntry(dialog), KnownAtOpening);
+    CopyDiscToc(Sheet.disc);
+    const DatabaseResult result = SaveDisc(ReadEntry(Sheet), KnownAtOpening);
     if (result == DatabaseResult::ok) {
         Close(dialog);
     } else {
@@ -84,7 +86,7 @@ static bool OnCommand(HWND dialog, int controlId, int notification) {
             OnCancel(dialog);
             return true;
         default:
-            return HandleEntryFieldCommand(dialog, controlId, notification);
+            return HandleEntryFieldCommand(Sheet, controlId, notification);
     }
 }
 
@@ -96,7 +98,7 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
             OnInitDialog(dialog, *reinterpret_cast<const EntryToShow*>(lParam));
             return TRUE;
         case WM_COMMAND:
-            if (LOWORD(wParam) == IDOK && MoveToNextName(dialog)) return TRUE;
+            if (LOWORD(wParam) == IDOK && MoveToNextName(Sheet)) return TRUE;
             return OnCommand(dialog, MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_CANCEL),
                              HIWORD(wParam));
         default:

@@ -13,19 +13,6 @@
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 
-// The entry shown by the one dialog that is open.
-struct EntrySheet {
-    DiscToc disc;
-    std::string trackNames[kMaxTracks];
-    int page = 0;
-    int pageCount = 0;    // 0 unless there are page buttons
-    int fullWidth = 0;    // of the dialog's window, in pixels
-    int hiddenWidth = 0;  // what the simple layout leaves out
-    bool filling = true;  // the program itself writes, hides or closes the controls
-};
-static EntrySheet Sheet;
-static WNDPROC EditProcedure;
-
 static const int kTextFields[] = {IDC_ENTRY_ARTIST,      IDC_ENTRY_DISC_NAME, IDC_ENTRY_CATEGORY,
                                   IDC_ENTRY_LABEL_FIELD, IDC_ENTRY_NOTES,     IDC_ENTRY_YEAR};
 
@@ -48,67 +35,67 @@ static bool IsIn(ControlRange range, int id) {
 
 // Track rows
 
-static int RowsOnPage() {
-    return std::clamp(Sheet.disc.trackCount - Sheet.page * kTrackPageSize, 0, kTrackPageSize);
+static int RowsOnPage(const EntrySheet& sheet) {
+    return std::clamp(sheet.disc.trackCount - sheet.page * kTrackPageSize, 0, kTrackPageSize);
 }
 
-static void KeepRow(HWND dialog, int row) {
-    std::string name = ControlText(dialog, IDC_ENTRY_NAME_FIRST + row);
+static void KeepRow(EntrySheet& sheet, int row) {
+    std::string name = ControlText(sheet.dialog, IDC_ENTRY_NAME_FIRST + row);
     name.resize(std::min<size_t>(name.size(), kMaxTextBytes));
-    Sheet.trackNames[Sheet.page * kTrackPageSize + row] = std::move(name);
+    sheet.trackNames[sheet.page * kTrackPageSize + row] = std::move(name);
 }
 
-static void KeepRows(HWND dialog) {
-    for (int row = 0; row < RowsOnPage(); ++row)
-        KeepRow(dialog, row);
+static void KeepRows(EntrySheet& sheet) {
+    for (int row = 0; row < RowsOnPage(sheet); ++row)
+        KeepRow(sheet, row);
 }
 
-static void FillRow(HWND dialog, int row) {
-    const int index = Sheet.page * kTrackPageSize + row;
-    SetControlText(dialog, IDC_ENTRY_NAME_FIRST + row, Sheet.trackNames[index]);
-    SetControlText(dialog, IDC_ENTRY_NUMBER_FIRST + row, std::to_string(index + 1));
-    SetControlText(dialog, IDC_ENTRY_TIME_FIRST + row,
-                   MinutesSecondsText(Sheet.disc.lengthSeconds[index]));
+static void FillRow(const EntrySheet& sheet, int row) {
+    const int index = sheet.page * kTrackPageSize + row;
+    SetControlText(sheet.dialog, IDC_ENTRY_NAME_FIRST + row, sheet.trackNames[index]);
+    SetControlText(sheet.dialog, IDC_ENTRY_NUMBER_FIRST + row, std::to_string(index + 1));
+    SetControlText(sheet.dialog, IDC_ENTRY_TIME_FIRST + row,
+                   MinutesSecondsText(sheet.disc.lengthSeconds[index]));
 }
 
 // A row that is about to be hidden must not keep the focus.
-static void MoveFocusFromHiddenRows(HWND dialog, int rows) {
+static void MoveFocusFromHiddenRows(const EntrySheet& sheet, int rows) {
     const int focused = GetDlgCtrlID(GetFocus());
-    if (GetParent(GetFocus()) != dialog || !IsIn(kNames, focused)) return;
+    if (GetParent(GetFocus()) != sheet.dialog || !IsIn(kNames, focused)) return;
     if (focused - IDC_ENTRY_NAME_FIRST < rows) return;
-    SetFocus(GetDlgItem(dialog, rows > 0 ? IDC_ENTRY_NAME_FIRST : IDC_ENTRY_ARTIST));
+    SetFocus(GetDlgItem(sheet.dialog, rows > 0 ? IDC_ENTRY_NAME_FIRST : IDC_ENTRY_ARTIST));
 }
 
-static void FillRows(HWND dialog) {
-    const int rows = RowsOnPage();
-    Sheet.filling = true;
-    MoveFocusFromHiddenRows(dialog, rows);
+static void FillRows(EntrySheet& sheet) {
+    const int rows = RowsOnPage(sheet);
+    sheet.filling = true;
+    MoveFocusFromHiddenRows(sheet, rows);
     for (int row = 0; row < kTrackPageSize; ++row) {
-        if (row < rows) FillRow(dialog, row);
+        if (row < rows) FillRow(sheet, row);
         for (int first : {IDC_ENTRY_NUMBER_FIRST, IDC_ENTRY_NAME_FIRST, IDC_ENTRY_TIME_FIRST}) {
-            ShowControl(dialog, first + row, row < rows);
+            ShowControl(sheet.dialog, first + row, row < rows);
         }
     }
-    Sheet.filling = false;
+    sheet.filling = false;
 }
 
-void ShowTrackPage(HWND dialog, int page) {
-    KeepRows(dialog);
-    Sheet.page = page;
-    FillRows(dialog);
+void ShowTrackPage(EntrySheet& sheet, int page) {
+    KeepRows(sheet);
+    sheet.page = page;
+    FillRows(sheet);
 }
 
-bool MoveToNextName(HWND dialog) {
+bool MoveToNextName(EntrySheet& sheet) {
     const int focused = GetDlgCtrlID(GetFocus());
-    if (GetParent(GetFocus()) != dialog || !IsIn(kNames, focused)) return false;
+    if (GetParent(GetFocus()) != sheet.dialog || !IsIn(kNames, focused)) return false;
     int row = focused - IDC_ENTRY_NAME_FIRST + 1;
-    if (Sheet.page * kTrackPageSize + row >= Sheet.disc.trackCount) return false;
+    if (sheet.page * kTrackPageSize + row >= sheet.disc.trackCount) return false;
     if (row == kTrackPageSize) {
-        ShowTrackPage(dialog, Sheet.page + 1);
+        ShowTrackPage(sheet, sheet.page + 1);
         row = 0;
     }
-    HWND next = GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST + row);
-    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    HWND next = GetDlgItem(sheet.dialog, IDC_ENTRY_NAME_FIRST + row);
+    SendMessageA(sheet.dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
     return true;
 }
 
@@ -129,32 +116,32 @@ static std::string ClipboardText(HWND window) {
 }
 
 // False when the text has no line break: the field itself pastes it as it is.
-static bool PasteNames(HWND dialog, int row) {
+static bool PasteNames(EntrySheet& sheet, int row) {
     // Whoever sends the message, a hidden row has no track.
-    if (row >= RowsOnPage()) return false;
-    const std::string text = ClipboardText(dialog);
+    if (row >= RowsOnPage(sheet)) return false;
+    const std::string text = ClipboardText(sheet.dialog);
     const std::vector<std::string> names = SplitTrackNames(text);
     if (names.empty() || text.find_first_of("\r\n") == std::string::npos) return false;
     if (names.size() == 1) {
         // The field would take the first line, which may be an empty one.
-        SendDlgItemMessageA(dialog, IDC_ENTRY_NAME_FIRST + row, EM_REPLACESEL, TRUE,
+        SendDlgItemMessageA(sheet.dialog, IDC_ENTRY_NAME_FIRST + row, EM_REPLACESEL, TRUE,
                             reinterpret_cast<LPARAM>(names[0].c_str()));
         return true;
     }
-    KeepRows(dialog);
-    const size_t first = static_cast<size_t>(Sheet.page * kTrackPageSize + row);
-    const size_t count = std::min(names.size(), Sheet.disc.trackCount - first);
-    std::copy_n(names.begin(), count, Sheet.trackNames + first);
-    FillRows(dialog);
+    KeepRows(sheet);
+    const size_t first = static_cast<size_t>(sheet.page * kTrackPageSize + row);
+    const size_t count = std::min(names.size(), sheet.disc.trackCount - first);
+    std::copy_n(names.begin(), count, sheet.trackNames + first);
+    FillRows(sheet);
     return true;
 }
 
 static LRESULT CALLBACK NameProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_PASTE &&
-        PasteNames(GetParent(edit), GetDlgCtrlID(edit) - IDC_ENTRY_NAME_FIRST)) {
+    EntrySheet& sheet = *reinterpret_cast<EntrySheet*>(GetWindowLongPtrA(edit, GWLP_USERDATA));
+    if (message == WM_PASTE && PasteNames(sheet, GetDlgCtrlID(edit) - IDC_ENTRY_NAME_FIRST)) {
         return 0;
     }
-    return CallWindowProcA(EditProcedure, edit, message, wParam, lParam);
+    return CallWindowProcA(sheet.editProcedure, edit, message, wParam, lParam);
 }
 
 // Layout
@@ -163,137 +150,138 @@ static bool IsAdvancedLayout() {
     return Settings.databaseLayout == DatabaseLayout::kAdvanced;
 }
 
-static void MeasureLayouts(HWND dialog) {
+static void MeasureLayouts(EntrySheet& sheet) {
     RECT window = {};
     RECT client = {};
-    GetWindowRect(dialog, &window);
-    GetClientRect(dialog, &client);
+    GetWindowRect(sheet.dialog, &window);
+    GetClientRect(sheet.dialog, &client);
     int simpleEdge = client.right;
     for (const ControlRange& range : kAdvanced) {
         for (int id = range.first; id <= range.last; ++id) {
-            simpleEdge = std::min<int>(simpleEdge, ControlRect(dialog, id).left);
+            simpleEdge = std::min<int>(simpleEdge, ControlRect(sheet.dialog, id).left);
         }
     }
-    Sheet.fullWidth = window.right - window.left;
-    Sheet.hiddenWidth = client.right - simpleEdge;
+    sheet.fullWidth = window.right - window.left;
+    sheet.hiddenWidth = client.right - simpleEdge;
 }
 
-static void ResizeForLayout(HWND dialog) {
+static void ResizeForLayout(const EntrySheet& sheet) {
     RECT window = {};
-    GetWindowRect(dialog, &window);
-    const int width = Sheet.fullWidth - (IsAdvancedLayout() ? 0 : Sheet.hiddenWidth);
+    GetWindowRect(sheet.dialog, &window);
+    const int width = sheet.fullWidth - (IsAdvancedLayout() ? 0 : sheet.hiddenWidth);
     if (width == window.right - window.left) return;
     // Growing must not push the new column off the screen.
     const int left =
         std::clamp<int>(window.left, 0, std::max(GetSystemMetrics(SM_CXSCREEN) - width, 0));
-    SetWindowPos(dialog, nullptr, left, window.top, width, window.bottom - window.top,
+    SetWindowPos(sheet.dialog, nullptr, left, window.top, width, window.bottom - window.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
-    InvalidateRect(dialog, nullptr, TRUE);
+    InvalidateRect(sheet.dialog, nullptr, TRUE);
 }
 
-static void ShowLayout(HWND dialog) {
-    CheckRadioButton(dialog, IDC_ENTRY_SIMPLE, IDC_ENTRY_ADVANCED,
+static void ShowLayout(const EntrySheet& sheet) {
+    CheckRadioButton(sheet.dialog, IDC_ENTRY_SIMPLE, IDC_ENTRY_ADVANCED,
                      IsAdvancedLayout() ? IDC_ENTRY_ADVANCED : IDC_ENTRY_SIMPLE);
     for (const ControlRange& range : kAdvanced) {
         for (int id = range.first; id <= range.last; ++id) {
-            ShowControl(dialog, id, IsAdvancedLayout());
+            ShowControl(sheet.dialog, id, IsAdvancedLayout());
         }
     }
-    ResizeForLayout(dialog);
+    ResizeForLayout(sheet);
 }
 
-static void ChooseLayout(HWND dialog, DatabaseLayout layout) {
+static void ChooseLayout(EntrySheet& sheet, DatabaseLayout layout) {
     PlayClickSound(IDS_SOUND_RADIO);
-    KeepRows(dialog);
+    KeepRows(sheet);
     Settings.databaseLayout = layout;
-    ShowLayout(dialog);
+    ShowLayout(sheet);
 }
 
 // Filling and reading
 
-static void CheckCode(HWND dialog, ControlRange group, int code) {
+static void CheckCode(const EntrySheet& sheet, ControlRange group, int code) {
     // Codes that no button stands for light the last one.
-    CheckRadioButton(dialog, group.first, group.last, std::min(group.first + code, group.last));
+    CheckRadioButton(sheet.dialog, group.first, group.last,
+                     std::min(group.first + code, group.last));
 }
 
 // The last checked button counts, `code` when there is none.
-static uint8_t CheckedCode(HWND dialog, ControlRange group, uint8_t code) {
+static uint8_t CheckedCode(const EntrySheet& sheet, ControlRange group, uint8_t code) {
     for (int id = group.first; id <= group.last; ++id) {
-        if (IsDlgButtonChecked(dialog, id)) code = static_cast<uint8_t>(id - group.first);
+        if (IsDlgButtonChecked(sheet.dialog, id)) code = static_cast<uint8_t>(id - group.first);
     }
     return code;
 }
 
-static std::string FieldText(HWND dialog, int controlId) {
-    return ControlText(dialog, controlId).substr(0, kMaxTextBytes);
+static std::string FieldText(const EntrySheet& sheet, int controlId) {
+    return ControlText(sheet.dialog, controlId).substr(0, kMaxTextBytes);
 }
 
-void OpenEntryFields(HWND dialog) {
-    Sheet = {};
+void OpenEntryFields(EntrySheet& sheet, HWND dialog) {
+    sheet = {};
+    sheet.dialog = dialog;
     for (int id : kTextFields)
         SendDlgItemMessageA(dialog, id, EM_LIMITTEXT, kMaxTextBytes, 0);
     for (int id = kNames.first; id <= kNames.last; ++id) {
         HWND edit = GetDlgItem(dialog, id);
         SendMessageA(edit, EM_LIMITTEXT, kMaxTextBytes, 0);
-        EditProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(edit, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&sheet));
+        sheet.editProcedure = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NameProcedure)));
     }
-    MeasureLayouts(dialog);
-    ShowLayout(dialog);
+    MeasureLayouts(sheet);
+    ShowLayout(sheet);
 }
 
-void CloseEntryFields() {
-    Sheet = {};
+void CloseEntryFields(EntrySheet& sheet) {
+    for (std::string& name : sheet.trackNames)
+        name = {};
+    sheet.filling = true;
 }
 
-void ShowEntry(HWND dialog, const DiscToc& disc, const EntryFields& fields) {
-    Sheet.disc = disc;
-    Sheet.disc.trackCount = std::min<uint16_t>(disc.trackCount, kMaxTracks);
-    std::copy(std::begin(fields.trackNames), std::end(fields.trackNames), Sheet.trackNames);
-    Sheet.page = 0;
-    const int pages = PageCount(Sheet.disc.trackCount);
-    Sheet.pageCount = pages >= 2 ? pages : 0;
+void ShowEntry(EntrySheet& sheet, const DiscToc& disc, const EntryFields& fields) {
+    sheet.disc = disc;
+    sheet.disc.trackCount = std::min<uint16_t>(disc.trackCount, kMaxTracks);
+    std::copy(std::begin(fields.trackNames), std::end(fields.trackNames), sheet.trackNames);
+    sheet.page = 0;
+    const int pages = PageCount(sheet.disc.trackCount);
+    sheet.pageCount = pages >= 2 ? pages : 0;
     for (int id : {IDC_ENTRY_PAGE_UP, IDC_ENTRY_PAGE_UP_LABEL, IDC_ENTRY_PAGE_DOWN,
                    IDC_ENTRY_PAGE_DOWN_LABEL}) {
-        ShowControl(dialog, id, Sheet.pageCount != 0);
+        ShowControl(sheet.dialog, id, sheet.pageCount != 0);
     }
-    SetControlText(dialog, IDC_ENTRY_ARTIST, fields.artist);
-    SetControlText(dialog, IDC_ENTRY_DISC_NAME, fields.discName);
-    SetControlText(dialog, IDC_ENTRY_CATEGORY, fields.category);
-    SetControlText(dialog, IDC_ENTRY_LABEL_FIELD, fields.label);
-    SetControlText(dialog, IDC_ENTRY_NOTES, fields.notes);
-    SetControlText(dialog, IDC_ENTRY_YEAR, fields.yearReleased);
-    CheckCode(dialog, kRecording, fields.recordingCode);
-    CheckCode(dialog, kType, fields.discType);
-    CheckCode(dialog, kSize, fields.discSize);
-    FillRows(dialog);
+    SetControlText(sheet.dialog, IDC_ENTRY_ARTIST, fields.artist);
+    SetControlText(sheet.dialog, IDC_ENTRY_DISC_NAME, fields.discName);
+    SetControlText(sheet.dialog, IDC_ENTRY_CATEGORY, fields.category);
+    SetControlText(sheet.dialog, IDC_ENTRY_LABEL_FIELD, fields.label);
+    SetControlText(sheet.dialog, IDC_ENTRY_NOTES, fields.notes);
+    SetControlText(sheet.dialog, IDC_ENTRY_YEAR, fields.yearReleased);
+    CheckCode(sheet, kRecording, fields.recordingCode);
+    CheckCode(sheet, kType, fields.discType);
+    CheckCode(sheet, kSize, fields.discSize);
+    FillRows(sheet);
 }
 
-EntryFields ReadEntry(HWND dialog) {
-    KeepRows(dialog);
+EntryFields ReadEntry(EntrySheet& sheet) {
+    KeepRows(sheet);
     EntryFields fields;
-    std::copy(std::begin(Sheet.trackNames), std::end(Sheet.trackNames), fields.trackNames);
-    fields.artist = FieldText(dialog, IDC_ENTRY_ARTIST);
-    fields.discName = FieldText(dialog, IDC_ENTRY_DISC_NAME);
-    fields.category = FieldText(dialog, IDC_ENTRY_CATEGORY);
-    fields.label = FieldText(dialog, IDC_ENTRY_LABEL_FIELD);
-    fields.notes = FieldText(dialog, IDC_ENTRY_NOTES);
-    fields.yearReleased = FieldText(dialog, IDC_ENTRY_YEAR);
-    fields.recordingCode = CheckedCode(dialog, kRecording, 0);
-    fields.discType = CheckedCode(dialog, kType, 0);
-    fields.discSize = CheckedCode(dialog, kSize, 1);
+    std::copy(std::begin(sheet.trackNames), std::end(sheet.trackNames), fields.trackNames);
+    fields.artist = FieldText(sheet, IDC_ENTRY_ARTIST);
+    fields.discName = FieldText(sheet, IDC_ENTRY_DISC_NAME);
+    fields.category = FieldText(sheet, IDC_ENTRY_CATEGORY);
+    fields.label = FieldText(sheet, IDC_ENTRY_LABEL_FIELD);
+    fields.notes = FieldText(sheet, IDC_ENTRY_NOTES);
+    fields.yearReleased = FieldText(sheet, IDC_ENTRY_YEAR);
+    fields.recordingCode = CheckedCode(sheet, kRecording, 0);
+    fields.discType = CheckedCode(sheet, kType, 0);
+    fields.discSize = CheckedCode(sheet, kSize, 1);
     return fields;
 }
 
-const DiscToc& ShownDisc() {
-    return Sheet.disc;
-}
-
-bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification) {
-    if (Sheet.filling) return false;
+bool HandleEntryFieldCommand(EntrySheet& sheet, int controlId, int notification) {
+    if (sheet.filling) return false;
     if (IsIn(kNames, controlId)) {
         const int row = controlId - IDC_ENTRY_NAME_FIRST;
-        if (notification == EN_KILLFOCUS && row < RowsOnPage()) KeepRow(dialog, row);
+        if (notification == EN_KILLFOCUS && row < RowsOnPage(sheet)) KeepRow(sheet, row);
         return true;
     }
     const bool onPicture = controlId == IDC_ENTRY_PAGE_UP || controlId == IDC_ENTRY_PAGE_DOWN;
@@ -304,16 +292,16 @@ bool HandleEntryFieldCommand(HWND dialog, int controlId, int notification) {
     }
     switch (controlId) {
         case IDC_ENTRY_PAGE_UP:
-            ShowTrackPage(dialog, PageAfter(Sheet.page, Sheet.pageCount));
+            ShowTrackPage(sheet, PageAfter(sheet.page, sheet.pageCount));
             return true;
         case IDC_ENTRY_PAGE_DOWN:
-            ShowTrackPage(dialog, PageBefore(Sheet.page, Sheet.pageCount));
+            ShowTrackPage(sheet, PageBefore(sheet.page, sheet.pageCount));
             return true;
         case IDC_ENTRY_SIMPLE:
-            ChooseLayout(dialog, DatabaseLayout::kSimple);
+            ChooseLayout(sheet, DatabaseLayout::kSimple);
             return true;
         case IDC_ENTRY_ADVANCED:
-            ChooseLayout(dialog, DatabaseLayout::kAdvanced);
+            ChooseLayout(sheet, DatabaseLayout::kAdvanced);
             return true;
         default:
             return false;

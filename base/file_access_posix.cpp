@@ -9,50 +9,46 @@
 #include <cstdio>
 
 static FileStatus StatusOf(bool succeeded) {
-    if (succeeded) return FileStatus::ok;
-    if (errno == ENOENT) return FileStatus::missing;
-    if (errno == EEXIST) return FileStatus::exists;
-    if (errno == EACCES || errno == EBUSY) return FileStatus::held;
-    return errno == ENOSPC || errno == EDQUOT ? FileStatus::diskFull : FileStatus::failed;
+    return succeeded ? FileStatus::kOk : StatusOfSystemError(static_cast<uint32_t>(errno));
 }
 
 static int Native(FileHandle file) {
     return static_cast<int>(file);
 }
 
-static FileStatus Open(const char* path, FileMode mode, FileHandle* file) {
-    int flags = O_CLOEXEC | (mode == FileMode::readShared ? O_RDONLY : O_RDWR);
-    if (mode == FileMode::createNew) flags |= O_CREAT | O_EXCL;
-    if (mode == FileMode::createAlways) flags |= O_CREAT | O_TRUNC;
+static FileStatus Open(const char* path, FileMode mode, FileHandle& file) {
+    int flags = O_CLOEXEC | (mode == FileMode::kReadShared ? O_RDONLY : O_RDWR);
+    if (mode == FileMode::kCreateNew) flags |= O_CREAT | O_EXCL;
+    if (mode == FileMode::kCreateAlways) flags |= O_CREAT | O_TRUNC;
     const int opened = open(path, flags, 0666);
     if (opened < 0) return StatusOf(false);
-    *file = opened;
-    return FileStatus::ok;
+    file = opened;
+    return FileStatus::kOk;
 }
 
-static FileStatus Counted(ssize_t count, uint32_t* bytes) {
+static FileStatus Counted(ssize_t count, uint32_t& bytes) {
     if (count < 0) return StatusOf(false);
-    *bytes = static_cast<uint32_t>(count);
-    return FileStatus::ok;
+    bytes = static_cast<uint32_t>(count);
+    return FileStatus::kOk;
 }
 
-static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
+static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t& readBytes) {
     return Counted(read(Native(file), data, sizeBytes), readBytes);
 }
 
 static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
-                        uint32_t* writtenBytes) {
+                        uint32_t& writtenBytes) {
     return Counted(write(Native(file), data, sizeBytes), writtenBytes);
 }
 
-static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
+static FileStatus Size(FileHandle file, uint64_t& sizeBytes) {
     struct stat status;
     if (fstat(Native(file), &status) != 0) return StatusOf(false);
-    *sizeBytes = static_cast<uint64_t>(status.st_size);
-    return FileStatus::ok;
+    sizeBytes = static_cast<uint64_t>(status.st_size);
+    return FileStatus::kOk;
 }
 
-FileAccess DatabaseFiles = {
+FileAccess FileCalls = {
     .open = Open,
     .read = Read,
     .write = Write,

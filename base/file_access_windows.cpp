@@ -4,61 +4,46 @@
 #include "base/file_access.h"
 
 static FileStatus StatusOfLastError() {
-    switch (GetLastError()) {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND:
-            return FileStatus::missing;
-        case ERROR_FILE_EXISTS:
-        case ERROR_ALREADY_EXISTS:
-            return FileStatus::exists;
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_LOCK_VIOLATION:
-        case ERROR_ACCESS_DENIED:  // also a file whose deletion waits for another program
-            return FileStatus::held;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            return FileStatus::diskFull;
-        default:
-            return FileStatus::failed;
-    }
+    return StatusOfSystemError(GetLastError());
 }
 
 static FileStatus StatusOf(BOOL succeeded) {
-    return succeeded ? FileStatus::ok : StatusOfLastError();
+    return succeeded ? FileStatus::kOk : StatusOfLastError();
 }
 
 static HANDLE Native(FileHandle file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-static FileStatus OpenFileWindows(const char* path, FileMode mode, FileHandle* file) {
-    const bool shared = mode == FileMode::readShared || mode == FileMode::readWriteShared;
-    const DWORD access = mode == FileMode::readShared ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
+static FileStatus OpenFileWindows(const char* path, FileMode mode, FileHandle& file) {
+    const bool shared = mode == FileMode::kReadShared || mode == FileMode::kReadWriteShared;
+    const DWORD access =
+        mode == FileMode::kReadShared ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
     const DWORD sharing = shared ? FILE_SHARE_READ | FILE_SHARE_WRITE : FILE_SHARE_READ;
-    const DWORD creation = mode == FileMode::createNew      ? CREATE_NEW
-                           : mode == FileMode::createAlways ? CREATE_ALWAYS
-                                                            : OPEN_EXISTING;
+    const DWORD creation = mode == FileMode::kCreateNew      ? CREATE_NEW
+                           : mode == FileMode::kCreateAlways ? CREATE_ALWAYS
+                                                             : OPEN_EXISTING;
     const HANDLE handle =
         CreateFileA(path, access, sharing, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return StatusOfLastError();
-    *file = reinterpret_cast<FileHandle>(handle);
-    return FileStatus::ok;
+    file = reinterpret_cast<FileHandle>(handle);
+    return FileStatus::kOk;
 }
 
 static FileStatus ReadFileWindows(FileHandle file, void* data, uint32_t sizeBytes,
-                                  uint32_t* readBytes) {
+                                  uint32_t& readBytes) {
     DWORD count = 0;
     if (!ReadFile(Native(file), data, sizeBytes, &count, nullptr)) return StatusOfLastError();
-    *readBytes = count;
-    return FileStatus::ok;
+    readBytes = count;
+    return FileStatus::kOk;
 }
 
 static FileStatus WriteFileWindows(FileHandle file, const void* data, uint32_t sizeBytes,
-                                   uint32_t* writtenBytes) {
+                                   uint32_t& writtenBytes) {
     DWORD count = 0;
     if (!WriteFile(Native(file), data, sizeBytes, &count, nullptr)) return StatusOfLastError();
-    *writtenBytes = count;
-    return FileStatus::ok;
+    writtenBytes = count;
+    return FileStatus::kOk;
 }
 
 static FileStatus SeekFileWindows(FileHandle file, uint64_t offset) {
@@ -67,11 +52,11 @@ static FileStatus SeekFileWindows(FileHandle file, uint64_t offset) {
     return StatusOf(SetFilePointerEx(Native(file), distance, nullptr, FILE_BEGIN));
 }
 
-static FileStatus SizeOfFileWindows(FileHandle file, uint64_t* sizeBytes) {
+static FileStatus SizeOfFileWindows(FileHandle file, uint64_t& sizeBytes) {
     LARGE_INTEGER size;
     if (!GetFileSizeEx(Native(file), &size)) return StatusOfLastError();
-    *sizeBytes = static_cast<uint64_t>(size.QuadPart);
-    return FileStatus::ok;
+    sizeBytes = static_cast<uint64_t>(size.QuadPart);
+    return FileStatus::kOk;
 }
 
 static FileStatus FlushFileWindows(FileHandle file) {
@@ -80,7 +65,7 @@ static FileStatus FlushFileWindows(FileHandle file) {
 
 static FileStatus TruncateFileWindows(FileHandle file, uint64_t sizeBytes) {
     const FileStatus status = SeekFileWindows(file, sizeBytes);
-    return status == FileStatus::ok ? StatusOf(SetEndOfFile(Native(file))) : status;
+    return status == FileStatus::kOk ? StatusOf(SetEndOfFile(Native(file))) : status;
 }
 
 static FileStatus CloseFileWindows(FileHandle file) {
@@ -103,7 +88,7 @@ static void PauseWindows(uint32_t milliseconds) {
     Sleep(milliseconds);
 }
 
-FileAccess DatabaseFiles = {
+FileAccess FileCalls = {
     OpenFileWindows,   ReadFileWindows,   WriteFileWindows,    SeekFileWindows,
     SizeOfFileWindows, FlushFileWindows,  TruncateFileWindows, CloseFileWindows,
     RenameFileWindows, RemoveFileWindows, ExistsFileWindows,   PauseWindows,

@@ -39,32 +39,32 @@ FileAccess realFiles;
 }  // namespace
 
 static void CountSystemCalls() {
-    realFiles = DatabaseFiles;
-    DatabaseFiles.open = [](const char* path, FileMode mode, FileHandle* file) {
+    realFiles = FileCalls;
+    FileCalls.open = [](const char* path, FileMode mode, FileHandle& file) {
         return ++systemCalls, realFiles.open(path, mode, file);
     };
-    DatabaseFiles.read = [](FileHandle file, void* data, uint32_t size, uint32_t* count) {
+    FileCalls.read = [](FileHandle file, void* data, uint32_t size, uint32_t& count) {
         return ++systemCalls, realFiles.read(file, data, size, count);
     };
-    DatabaseFiles.write = [](FileHandle file, const void* data, uint32_t size, uint32_t* count) {
+    FileCalls.write = [](FileHandle file, const void* data, uint32_t size, uint32_t& count) {
         return ++systemCalls, realFiles.write(file, data, size, count);
     };
-    DatabaseFiles.seek = [](FileHandle file, uint64_t offset) {
+    FileCalls.seek = [](FileHandle file, uint64_t offset) {
         return ++systemCalls, realFiles.seek(file, offset);
     };
-    DatabaseFiles.size = [](FileHandle file, uint64_t* size) {
+    FileCalls.size = [](FileHandle file, uint64_t& size) {
         return ++systemCalls, realFiles.size(file, size);
     };
-    DatabaseFiles.flush = [](FileHandle file) { return ++systemCalls, realFiles.flush(file); };
-    DatabaseFiles.truncate = [](FileHandle file, uint64_t size) {
+    FileCalls.flush = [](FileHandle file) { return ++systemCalls, realFiles.flush(file); };
+    FileCalls.truncate = [](FileHandle file, uint64_t size) {
         return ++systemCalls, realFiles.truncate(file, size);
     };
-    DatabaseFiles.close = [](FileHandle file) { return ++systemCalls, realFiles.close(file); };
-    DatabaseFiles.rename = [](const char* from, const char* to) {
+    FileCalls.close = [](FileHandle file) { return ++systemCalls, realFiles.close(file); };
+    FileCalls.rename = [](const char* from, const char* to) {
         return ++systemCalls, realFiles.rename(from, to);
     };
-    DatabaseFiles.remove = [](const char* path) { return ++systemCalls, realFiles.remove(path); };
-    DatabaseFiles.exists = [](const char* path) { return ++systemCalls, realFiles.exists(path); };
+    FileCalls.remove = [](const char* path) { return ++systemCalls, realFiles.remove(path); };
+    FileCalls.exists = [](const char* path) { return ++systemCalls, realFiles.exists(path); };
 }
 
 static void Require(bool holds, const char* what) {
@@ -78,10 +78,10 @@ static void ReadFileOnce() {
     uint8_t window[kWindowBytes];
     uint32_t count = 1;
     const std::string path = InAppDirectory(kDatabaseName);
-    Require(DatabaseFiles.open(path.c_str(), FileMode::readShared, &file.handle) == FileStatus::ok,
+    Require(FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle) == FileStatus::kOk,
             "open");
     while (count > 0)
-        DatabaseFiles.read(file.handle, window, sizeof window, &count);
+        FileCalls.read(file.handle, window, sizeof window, count);
 }
 
 static void LookUp(const Disc& disc, bool known) {
@@ -153,12 +153,12 @@ static void MeasureAmong(int count, const fs::path& directory, int rounds) {
         {"look-up, unknown disc", [&] { LookUp(extra, false); }},
         {"title text, last disc", [&] { DiscTitleText(); }},
         {"start-up recovery, nothing to do",
-         [&] { Require(RecoverDatabase() == RecoveryResult::nothingToDo, "recovery"); }},
-        {"delete, middle", [&] { Require(DeleteEntry(middle) == DatabaseResult::ok, "delete"); }},
+         [&] { Require(RecoverDatabase() == RecoveryResult::kNothingToDo, "recovery"); }},
+        {"delete, middle", [&] { Require(DeleteEntry(middle) == DatabaseResult::kOk, "delete"); }},
         {"append",
          [&] {
              CopyDiscToc(moved.toc);
-             Require(AppendEntry(moved.fields) == DatabaseResult::ok, "append");
+             Require(AppendEntry(moved.fields) == DatabaseResult::kOk, "append");
          }},
     };
 #ifdef TARNWELL_WITH_SQLITE

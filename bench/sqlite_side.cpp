@@ -119,8 +119,8 @@ std::string SqliteTitle(const std::string& path, const DiscToc& toc) {
         DiscToc stored;
         EntryFields fields;
         DecodeEntry(static_cast<const uint8_t*>(sqlite3_column_blob(connection.statement, 0)),
-                    static_cast<size_t>(sqlite3_column_bytes(connection.statement, 0)), &stored,
-                    &fields);
+                    static_cast<size_t>(sqlite3_column_bytes(connection.statement, 0)), stored,
+                    fields);
         if (stored.trackCount == toc.trackCount &&
             std::equal(toc.lengthSeconds, toc.lengthSeconds + kMaxTracks, stored.lengthSeconds)) {
             return fields.artist + " - " + fields.discName;

@@ -6,7 +6,6 @@
 #include "base/app_directory.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
-#include "database/database_header.h"
 #include "database/database_recovery.h"
 #include "database/database_rewrite.h"
 #include "database/database_walk.h"
@@ -20,38 +19,39 @@ struct DatabaseEnd {
     bool repaired = false;
 };
 
-enum class NewEntry { none, inPlace, atEnd };
+enum class NewEntry { kNone, kInPlace, kAtEnd };
 
 }  // namespace
 
 static DatabaseResult WriteResult(FileStatus status) {
-    return status == FileStatus::diskFull ? DatabaseResult::diskFull : DatabaseResult::writeFailed;
+    return status == FileStatus::kDiskFull ? DatabaseResult::kDiskFull
+                                           : DatabaseResult::kWriteFailed;
 }
 
 // As many entries as counted lead from the header to the end of the file, so that look-ups reach an
 // entry behind them.
 static bool ChainFillsFile(WindowReader& reader, const DatabaseEnd& end) {
     uint32_t chainEnd = 0;
-    return StepToEntry(reader, end.entryCount, &chainEnd) && chainEnd == end.sizeBytes;
+    return StepToEntry(reader, end.entryCount, chainEnd) && chainEnd == end.sizeBytes;
 }
 
-static DatabaseResult FindEnd(FileHandle file, DatabaseEnd* end) {
+static DatabaseResult FindEnd(FileHandle file, DatabaseEnd& end) {
     // Twice: what an ended or failed append left is put right; any other damage is left for the
     // user to know.
     for (const bool repairs : {true, false}) {
         WindowReader reader;
         StartReading(reader, file, kUnknownOffset);
-        if (DatabaseFiles.size(file, &end->sizeBytes) != FileStatus::ok) break;
-        if (ReadEntryCount(reader, &end->entryCount) && ChainFillsFile(reader, *end)) {
-            return DatabaseResult::ok;
+        if (FileCalls.size(file, end.sizeBytes) != FileStatus::kOk) break;
+        if (ReadEntryCount(reader, end.entryCount) && ChainFillsFile(reader, end)) {
+            return DatabaseResult::kOk;
         }
         if (reader.failed) break;
-        if (!repairs) return DatabaseResult::damaged;
+        if (!repairs) return DatabaseResult::kDamaged;
         const RecoveryResult repaired = RepairDatabaseEnd(file);
-        if (repaired == RecoveryResult::failed) break;
-        end->repaired = repaired == RecoveryResult::repaired;
+        if (repaired == RecoveryResult::kFailed) break;
+        end.repaired = repaired == RecoveryResult::kRepaired;
     }
-    return DatabaseResult::writeFailed;
+    return DatabaseResult::kWriteFailed;
 }
 
 // The count follows only when the entry is on the disk: a program ended in between leaves a whole
@@ -60,8 +60,8 @@ static FileStatus WriteNewEntry(FileHandle file, const DatabaseEnd& end,
                                 const std::vector<uint8_t>& bytes) {
     FileStatus status =
         WriteAt(file, end.sizeBytes, bytes.data(), static_cast<uint32_t>(bytes.size()));
-    if (status == FileStatus::ok) status = DatabaseFiles.flush(file);
-    if (status == FileStatus::ok) status = WriteEntryCount(file, end.entryCount + 1u);
+    if (status == FileStatus::kOk) status = FileCalls.flush(file);
+    if (status == FileStatus::kOk) status = WriteEntryCount(file, end.entryCount + 1u);
     return status;
 }
 
@@ -69,15 +69,15 @@ static FileStatus WriteNewEntry(FileHandle file, const DatabaseEnd& end,
 // next start or append; an entry that stays could be counted then.
 static bool CutBack(FileHandle file, const DatabaseEnd& end) {
     WriteEntryCount(file, end.entryCount);
-    const bool cut = DatabaseFiles.truncate(file, end.sizeBytes) == FileStatus::ok;
-    DatabaseFiles.flush(file);
+    const bool cut = FileCalls.truncate(file, end.sizeBytes) == FileStatus::kOk;
+    FileCalls.flush(file);
     return cut;
 }
 
-static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd* end) {
+static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd& end) {
     const std::string path = InAppDirectory(kDatabaseName);
-    if (OpenPatiently(path.c_str(), FileMode::readWrite, file) != FileStatus::ok) {
-        return DatabaseResult::cannotOpen;
+    if (OpenPatiently(path.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
+        return DatabaseResult::kCannotOpen;
     }
     return FindEnd(file.handle, end);
 }
@@ -85,43 +85,43 @@ static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd* end) {
 DatabaseResult RepairDatabase() {
     ScopedFile file;
     DatabaseEnd end;
-    return OpenForAppend(file, &end);
+    return OpenForAppend(file, end);
 }
 
 DatabaseResult AppendEntry(const EntryFields& fields) {
-    if (DatabaseDisc.trackCount == 0) return DatabaseResult::noTracks;
+    if (DatabaseDisc.trackCount == 0) return DatabaseResult::kNoTracks;
     ScopedFile file;
     DatabaseEnd end;
-    const DatabaseResult result = OpenForAppend(file, &end);
-    if (result != DatabaseResult::ok) return result;
+    const DatabaseResult result = OpenForAppend(file, end);
+    if (result != DatabaseResult::kOk) return result;
     // An append of this disc that was told as failed has come to light after all.
     if (const uint32_t earlier = end.repaired ? FindDiscEntry(file.handle) : 0) {
         CloseFile(file);
         return ReplaceEntryAtEnd(earlier, fields);
     }
     if (end.entryCount == kMaxEntries || end.sizeBytes > UINT32_MAX - kMaxEntryBytes) {
-        return DatabaseResult::full;
+        return DatabaseResult::kFull;
     }
     const std::vector<uint8_t> bytes =
         EncodeEntry(DatabaseDisc, fields, static_cast<uint32_t>(end.sizeBytes));
     const FileStatus status = WriteNewEntry(file.handle, end, bytes);
-    if (status == FileStatus::ok) return DatabaseResult::ok;
-    return CutBack(file.handle, end) ? WriteResult(status) : DatabaseResult::notTakenBack;
+    if (status == FileStatus::kOk) return DatabaseResult::kOk;
+    return CutBack(file.handle, end) ? WriteResult(status) : DatabaseResult::kNotTakenBack;
 }
 
 static DatabaseResult PutEntry(RewriteTarget& target, const EntryFields& fields) {
-    if (DatabaseDisc.trackCount == 0) return DatabaseResult::noTracks;
-    if (target.offset > UINT32_MAX - kMaxEntryBytes) return DatabaseResult::full;
+    if (DatabaseDisc.trackCount == 0) return DatabaseResult::kNoTracks;
+    if (target.offset > UINT32_MAX - kMaxEntryBytes) return DatabaseResult::kFull;
     const std::vector<uint8_t> bytes =
         EncodeEntry(DatabaseDisc, fields, static_cast<uint32_t>(target.offset));
     PutBytes(target, bytes.data(), static_cast<uint32_t>(bytes.size()));
-    return DatabaseResult::ok;
+    return DatabaseResult::kOk;
 }
 
 // Behind a broken end the new entry could not be reached.
 static DatabaseResult MendEnd(RewriteSource& source) {
     DatabaseEnd end;
-    const DatabaseResult result = FindEnd(source.reader.file, &end);
+    const DatabaseResult result = FindEnd(source.reader.file, end);
     StartReading(source.reader, source.reader.file, kUnknownOffset);
     source.sizeBytes = end.sizeBytes;
     source.entryCount = end.entryCount;
@@ -130,63 +130,63 @@ static DatabaseResult MendEnd(RewriteSource& source) {
 
 static DatabaseResult WriteWithout(RewriteSource& source, RewriteTarget& target,
                                    uint32_t entryStart, NewEntry place, const EntryFields* fields) {
-    if (place == NewEntry::atEnd) {
+    if (place == NewEntry::kAtEnd) {
         const DatabaseResult found = MendEnd(source);
-        if (found != DatabaseResult::ok) return found;
+        if (found != DatabaseResult::kOk) return found;
     }
     uint64_t entryEnd = 0;
     if (source.entryCount == 0 ||
-        !FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd)) {
-        return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+        !FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd)) {
+        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
     }
-    const int removed = place == NewEntry::none ? 1 : 0;
+    const int removed = place == NewEntry::kNone ? 1 : 0;
     DatabaseResult result =
         CopyHeader(source, static_cast<uint16_t>(source.entryCount - removed), target);
-    if (result != DatabaseResult::ok) return result;
+    if (result != DatabaseResult::kOk) return result;
     result = CopyBytes(source, kHeaderBytes, entryStart - kHeaderBytes, target);
-    if (result != DatabaseResult::ok) return result;
-    if (place == NewEntry::inPlace) result = PutEntry(target, *fields);
-    if (result != DatabaseResult::ok) return result;
+    if (result != DatabaseResult::kOk) return result;
+    if (place == NewEntry::kInPlace) result = PutEntry(target, *fields);
+    if (result != DatabaseResult::kOk) return result;
     uint64_t copiedTo = 0;
-    result = CopyEntries(source, entryEnd, target, &copiedTo);
-    if (result != DatabaseResult::ok) return result;
-    if (place == NewEntry::atEnd) return PutEntry(target, *fields);
+    result = CopyEntries(source, entryEnd, target, copiedTo);
+    if (result != DatabaseResult::kOk) return result;
+    if (place == NewEntry::kAtEnd) return PutEntry(target, *fields);
     // Stray bytes at the end stay.
     return CopyBytes(source, copiedTo, source.sizeBytes - copiedTo, target);
 }
 
 DatabaseResult DeleteEntry(uint32_t entryStart) {
     return SafeRewrite([&](RewriteSource& source, RewriteTarget& target) {
-        return WriteWithout(source, target, entryStart, NewEntry::none, nullptr);
+        return WriteWithout(source, target, entryStart, NewEntry::kNone, nullptr);
     });
 }
 
 DatabaseResult ReplaceEntry(uint32_t entryStart, const EntryFields& fields) {
     return SafeRewrite([&](RewriteSource& source, RewriteTarget& target) {
-        return WriteWithout(source, target, entryStart, NewEntry::inPlace, &fields);
+        return WriteWithout(source, target, entryStart, NewEntry::kInPlace, &fields);
     });
 }
 
 DatabaseResult ReplaceEntryAtEnd(uint32_t entryStart, const EntryFields& fields) {
     return SafeRewrite([&](RewriteSource& source, RewriteTarget& target) {
-        return WriteWithout(source, target, entryStart, NewEntry::atEnd, &fields);
+        return WriteWithout(source, target, entryStart, NewEntry::kAtEnd, &fields);
     });
 }
 
 DatabaseResult SaveDisc(const EntryFields& fields, bool& known) {
-    DatabaseResult result = DatabaseResult::cannotOpen;
-    switch (LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::tryAgain)) {
-        case LookupResult::found:
+    DatabaseResult result = DatabaseResult::kCannotOpen;
+    switch (LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain)) {
+        case LookupResult::kFound:
             result = known ? ReplaceEntryAtEnd(FoundEntryOffset, fields)
-                           : DatabaseResult::addedMeanwhile;
+                           : DatabaseResult::kAddedMeanwhile;
             break;
-        case LookupResult::unknown:
+        case LookupResult::kUnknown:
             result = AppendEntry(fields);
             break;
-        case LookupResult::unreadable:
+        case LookupResult::kUnreadable:
             break;
     }
     // What is found next time may be the user's own entry.
-    if (result == DatabaseResult::notTakenBack) known = true;
+    if (result == DatabaseResult::kNotTakenBack) known = true;
     return result;
 }

@@ -1,5 +1,5 @@
 // Changes to the disc database. Each either happens whole or leaves the file as it was, and says
-// which, or that it could not be told (DatabaseResult::notTakenBack). The disc (key, track count,
+// which, or that it could not be told (DatabaseResult::kNotTakenBack). The disc (key, track count,
 // track lengths) is taken from DatabaseDisc.
 #pragma once
 
@@ -8,8 +8,8 @@
 #include "database/database_result.h"
 #include "database/disc_entry.h"
 
-// Puts right what an append that was ended or failed has left at the end of the file. Ok: new
-// entries will be found there; damaged: they would not, and are refused.
+// Puts right what an append that was ended or failed has left at the end of the file. kOk: new
+// entries will be found there; kDamaged: they would not, and are refused.
 DatabaseResult RepairDatabase();
 
 // Adds an entry at the end of the file, in place. When an earlier append of the disc turns out to

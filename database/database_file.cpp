@@ -5,41 +5,40 @@
 
 #include "base/app_directory.h"
 #include "database/database_format.h"
-#include "database/database_header.h"
 #include "database/database_recovery.h"
 #include "database/database_walk.h"
 
 DiscToc DatabaseDisc;
 
-static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::giveUp) {
+static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp) {
     const std::string path = InAppDirectory(kDatabaseName);
-    return whenHeld == WhenHeld::tryAgain
-               ? OpenPatiently(path.c_str(), FileMode::readShared, file)
-               : DatabaseFiles.open(path.c_str(), FileMode::readShared, &file.handle);
+    return whenHeld == WhenHeld::kTryAgain
+               ? OpenPatiently(path.c_str(), FileMode::kReadShared, file)
+               : FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle);
 }
 
 static void CreateEmptyDatabase() {
     const std::string path = InAppDirectory(kDatabaseName);
     ScopedFile file;
-    if (DatabaseFiles.open(path.c_str(), FileMode::createNew, &file.handle) != FileStatus::ok) {
+    if (FileCalls.open(path.c_str(), FileMode::kCreateNew, file.handle) != FileStatus::kOk) {
         return;
     }
-    const bool written = WriteEmptyHeader(file.handle) == FileStatus::ok;
+    const bool written = WriteEmptyHeader(file.handle) == FileStatus::kOk;
     CloseFile(file);
-    if (!written) DatabaseFiles.remove(path.c_str());
+    if (!written) FileCalls.remove(path.c_str());
 }
 
 bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld) {
     const FileStatus status = OpenDatabase(file, whenHeld);
-    if (status != FileStatus::missing) return status == FileStatus::ok;
+    if (status != FileStatus::kMissing) return status == FileStatus::kOk;
     // An empty file in the place of a database that waits under its backup name would hide it.
-    const FileStatus backup = DatabaseFiles.exists(InAppDirectory(kBackupName).c_str());
-    if (backup == FileStatus::ok) {
+    const FileStatus backup = FileCalls.exists(InAppDirectory(kBackupName).c_str());
+    if (backup == FileStatus::kOk) {
         RecoverDatabase();
-    } else if (backup == FileStatus::missing) {
+    } else if (backup == FileStatus::kMissing) {
         CreateEmptyDatabase();
     }
-    return OpenDatabase(file, whenHeld) == FileStatus::ok;
+    return OpenDatabase(file, whenHeld) == FileStatus::kOk;
 }
 
 void EnsureDatabase() {
@@ -49,41 +48,41 @@ void EnsureDatabase() {
 
 uint16_t DatabaseEntryCount() {
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::ok) return 0;
+    if (OpenDatabase(file) != FileStatus::kOk) return 0;
     WindowReader reader;
     StartReading(reader, file.handle);
     uint16_t entryCount = 0;
-    return ReadEntryCount(reader, &entryCount) ? entryCount : uint16_t{0};
+    return ReadEntryCount(reader, entryCount) ? entryCount : uint16_t{0};
 }
 
 uint32_t FindEntryOffset(uint32_t entryIndex) {
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::ok) return 0;
+    if (OpenDatabase(file) != FileStatus::kOk) return 0;
     WindowReader reader;
     StartReading(reader, file.handle);
     uint32_t entryStart = 0;
     EntryHeader header;
-    if (!StepToEntry(reader, entryIndex, &entryStart)) return 0;
-    return ReadEntryHeader(reader, entryStart, &header) ? entryStart : 0;
+    if (!StepToEntry(reader, entryIndex, entryStart)) return 0;
+    return ReadEntryHeader(reader, entryStart, header) ? entryStart : 0;
 }
 
 static std::string TrackName(WindowReader& reader, uint32_t entryStart, int trackNumber) {
     reader.position = uint64_t{entryStart} + kTrackCountOffset;
     uint8_t trackCount = 0;
-    if (!ReadU8(reader, &trackCount) || trackNumber < 1 || trackNumber > trackCount) return {};
+    if (!ReadU8(reader, trackCount) || trackNumber < 1 || trackNumber > trackCount) return {};
     for (int track = 1; track < trackNumber; ++track) {
         if (!SkipText(reader)) return {};
         reader.position += 2;
     }
     std::string name;
-    ReadText(reader, &name);
+    ReadText(reader, name);
     return name;
 }
 
 static std::string Artist(WindowReader& reader, uint32_t entryStart) {
     reader.position = uint64_t{entryStart} + kTrackCountOffset;
     std::string artist;
-    if (SkipTracks(reader)) ReadText(reader, &artist);
+    if (SkipTracks(reader)) ReadText(reader, artist);
     return artist;
 }
 
@@ -92,7 +91,7 @@ std::string ReadTitle(FileHandle file, uint32_t entryStart) {
     StartReading(reader, file, kUnknownOffset);
     const std::string artist = Artist(reader, entryStart);
     std::string discName;
-    ReadText(reader, &discName);
+    ReadText(reader, discName);
     return artist + " - " + discName;
 }
 
@@ -104,13 +103,13 @@ std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber)
 
 std::string ReadTrackName(uint32_t entryStart, int trackNumber) {
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::kOk) return {};
     return ReadTrackName(file.handle, entryStart, trackNumber);
 }
 
 std::string ReadArtist(uint32_t entryStart) {
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::kOk) return {};
     WindowReader reader;
     StartReading(reader, file.handle);
     return Artist(reader, entryStart);
@@ -118,44 +117,44 @@ std::string ReadArtist(uint32_t entryStart) {
 
 std::string ReadDiscName(uint32_t entryStart) {
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::ok) return {};
+    if (OpenDatabase(file) != FileStatus::kOk) return {};
     WindowReader reader;
     StartReading(reader, file.handle);
     reader.position = uint64_t{entryStart} + kTrackCountOffset;
     std::string discName;
-    if (SkipTracks(reader) && SkipText(reader)) ReadText(reader, &discName);
+    if (SkipTracks(reader) && SkipText(reader)) ReadText(reader, discName);
     return discName;
 }
 
 // Reads on window by window until the entry is whole; EntrySize is not asked, because an entry
 // whose size is damaged can still be read.
-static bool LoadEntry(uint32_t entryStart, DiscToc* disc, EntryFields* fields) {
-    *disc = {};
-    *fields = {};
+static bool LoadEntry(uint32_t entryStart, DiscToc& disc, EntryFields& fields) {
+    disc = {};
+    fields = {};
     ScopedFile file;
-    if (OpenDatabase(file, WhenHeld::tryAgain) != FileStatus::ok) return false;
+    if (OpenDatabase(file, WhenHeld::kTryAgain) != FileStatus::kOk) return false;
     WindowReader reader;
     StartReading(reader, file.handle);
     reader.position = entryStart;
     std::vector<uint8_t> bytes;
-    DecodeResult result = DecodeResult::cutShort;
+    DecodeResult result = DecodeResult::kCutShort;
     uint32_t readBytes = kWindowBytes;
-    while (result == DecodeResult::cutShort && readBytes == kWindowBytes) {
+    while (result == DecodeResult::kCutShort && readBytes == kWindowBytes) {
         const size_t before = bytes.size();
         bytes.resize(before + kWindowBytes);
         readBytes = ReadUpTo(reader, bytes.data() + before, kWindowBytes);
         bytes.resize(before + readBytes);
         result = DecodeEntry(bytes.data(), bytes.size(), disc, fields);
     }
-    return result == DecodeResult::whole;
+    return result == DecodeResult::kWhole;
 }
 
-bool LoadEntryFields(uint32_t entryStart, EntryFields* fields) {
+bool LoadEntryFields(uint32_t entryStart, EntryFields& fields) {
     DiscToc disc;
-    return LoadEntry(entryStart, &disc, fields);
+    return LoadEntry(entryStart, disc, fields);
 }
 
 bool LoadEntryDisc(uint32_t entryStart) {
     EntryFields fields;
-    return LoadEntry(entryStart, &DatabaseDisc, &fields);
+    return LoadEntry(entryStart, DatabaseDisc, fields);
 }

@@ -18,7 +18,7 @@ extern DiscToc DatabaseDisc;
 void EnsureDatabase();
 
 // EnsureDatabase, and the file stays open for reading.
-bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::giveUp);
+bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp);
 
 // 0 when the file cannot be read.
 uint16_t DatabaseEntryCount();
@@ -37,7 +37,7 @@ std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber)
 
 // All the names and codes of an entry; false when it is not whole, with what could be read. A file
 // that another program holds is tried again.
-bool LoadEntryFields(uint32_t entryStart, EntryFields* fields);
+bool LoadEntryFields(uint32_t entryStart, EntryFields& fields);
 
 // Fills DatabaseDisc from an entry; lengths it does not have are 0. False as above.
 bool LoadEntryDisc(uint32_t entryStart);

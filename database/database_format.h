@@ -1,7 +1,9 @@
-// The numbers of the database file's layout; FORMAT.md describes it.
+// The numbers of the database file's layout, which FORMAT.md describes, and its header.
 #pragma once
 
 #include <cstdint>
+
+#include "base/file_access.h"
 
 constexpr const char* kDatabaseName = "tarnwell.dat";
 constexpr const char* kNewDatabaseName = "tarnwell.new";
@@ -45,3 +47,8 @@ inline void PutU32(uint8_t* bytes, uint32_t value) {
     PutU16(bytes, static_cast<uint16_t>(value));
     PutU16(bytes + 2, static_cast<uint16_t>(value >> 16));
 }
+
+// Both answer kOk when the bytes have reached the disk.
+FileStatus WriteEntryCount(FileHandle file, uint32_t entryCount);
+// The header of a database without entries.
+FileStatus WriteEmptyHeader(FileHandle file);

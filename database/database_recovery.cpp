@@ -5,11 +5,10 @@
 
 #include "base/app_directory.h"
 #include "database/database_format.h"
-#include "database/database_header.h"
 #include "database/database_walk.h"
 
 static RecoveryResult RepairedIf(bool succeeded) {
-    return succeeded ? RecoveryResult::repaired : RecoveryResult::failed;
+    return succeeded ? RecoveryResult::kRepaired : RecoveryResult::kFailed;
 }
 
 // No disc can be in a file that ends with its header or before; an ended creation leaves one.
@@ -26,7 +25,7 @@ static bool LastEntryIsComplete(FileHandle file, const DatabaseCheck& check) {
     reader.position = check.chainEnd + kTrackCountOffset;
     uint32_t trailer = 0;
     return SkipEntryBody(reader) && reader.position + kTrailerBytes == check.sizeBytes &&
-           ReadU32(reader, &trailer) && trailer == check.chainEnd;
+           ReadU32(reader, trailer) && trailer == check.chainEnd;
 }
 
 static RecoveryResult CompleteLastEntry(FileHandle file, const DatabaseCheck& check) {
@@ -34,9 +33,9 @@ static RecoveryResult CompleteLastEntry(FileHandle file, const DatabaseCheck& ch
     PutU32(pointers, static_cast<uint32_t>(check.sizeBytes));
     PutU16(pointers + kEntrySizeOffset,
            static_cast<uint16_t>(check.sizeBytes - check.chainEnd - kNextOffsetBytes));
-    return RepairedIf(WriteAt(file, check.chainEnd, pointers, sizeof pointers) == FileStatus::ok &&
-                      DatabaseFiles.flush(file) == FileStatus::ok &&
-                      WriteEntryCount(file, check.wholeEntries + 1) == FileStatus::ok);
+    return RepairedIf(WriteAt(file, check.chainEnd, pointers, sizeof pointers) == FileStatus::kOk &&
+                      FileCalls.flush(file) == FileStatus::kOk &&
+                      WriteEntryCount(file, check.wholeEntries + 1) == FileStatus::kOk);
 }
 
 // An entry that was being appended is not counted yet, begins with its final pointers (or zeros,
@@ -52,7 +51,7 @@ static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
     reader.position = check.chainEnd;
     uint32_t nextOffset = 0;
     uint16_t entrySize = 0;
-    if (!ReadU32(reader, &nextOffset) || !ReadU16(reader, &entrySize)) return false;
+    if (!ReadU32(reader, nextOffset) || !ReadU16(reader, entrySize)) return false;
     if (nextOffset == 0 && entrySize == 0) return true;
     const bool agree = nextOffset == check.chainEnd + kNextOffsetBytes + entrySize;
     return agree && nextOffset >= check.sizeBytes;
@@ -60,26 +59,26 @@ static bool RestIsEndedAppend(FileHandle file, const DatabaseCheck& check) {
 
 RecoveryResult RepairDatabaseEnd(FileHandle file) {
     DatabaseCheck check;
-    if (!CheckDatabase(file, &check)) return RecoveryResult::failed;
-    if (HeaderIsUnfinished(check)) return RepairedIf(WriteEmptyHeader(file) == FileStatus::ok);
-    if (check.wholeEntries > kMaxEntries) return RecoveryResult::damaged;
+    if (!CheckDatabase(file, check)) return RecoveryResult::kFailed;
+    if (HeaderIsUnfinished(check)) return RepairedIf(WriteEmptyHeader(file) == FileStatus::kOk);
+    if (check.wholeEntries > kMaxEntries) return RecoveryResult::kDamaged;
     if (check.chainEnd == check.sizeBytes) {
-        if (check.wholeEntries == check.entryCount) return RecoveryResult::nothingToDo;
-        return RepairedIf(WriteEntryCount(file, check.wholeEntries) == FileStatus::ok);
+        if (check.wholeEntries == check.entryCount) return RecoveryResult::kNothingToDo;
+        return RepairedIf(WriteEntryCount(file, check.wholeEntries) == FileStatus::kOk);
     }
     if (check.wholeEntries < kMaxEntries && LastEntryIsComplete(file, check)) {
         return CompleteLastEntry(file, check);
     }
-    if (!RestIsEndedAppend(file, check)) return RecoveryResult::damaged;
-    return RepairedIf(DatabaseFiles.truncate(file, check.chainEnd) == FileStatus::ok &&
-                      DatabaseFiles.flush(file) == FileStatus::ok);
+    if (!RestIsEndedAppend(file, check)) return RecoveryResult::kDamaged;
+    return RepairedIf(FileCalls.truncate(file, check.chainEnd) == FileStatus::kOk &&
+                      FileCalls.flush(file) == FileStatus::kOk);
 }
 
 static bool PassesStrictCheck(const std::string& path) {
     ScopedFile file;
     DatabaseCheck check;
-    return OpenPatiently(path.c_str(), FileMode::readShared, file) == FileStatus::ok &&
-           CheckDatabase(file.handle, &check) && IsIntact(check);
+    return OpenPatiently(path.c_str(), FileMode::kReadShared, file) == FileStatus::kOk &&
+           CheckDatabase(file.handle, check) && IsIntact(check);
 }
 
 // The database is missing only between the first and the second rename of a rewrite: the backup is
@@ -87,33 +86,33 @@ static bool PassesStrictCheck(const std::string& path) {
 static RecoveryResult RestoreDatabase(const std::string& database) {
     const std::string backup = InAppDirectory(kBackupName);
     const std::string rewritten = InAppDirectory(kNewDatabaseName);
-    const FileStatus backupStatus = DatabaseFiles.exists(backup.c_str());
-    if (backupStatus == FileStatus::missing) return RecoveryResult::nothingToDo;
-    if (backupStatus != FileStatus::ok) return RecoveryResult::failed;
+    const FileStatus backupStatus = FileCalls.exists(backup.c_str());
+    if (backupStatus == FileStatus::kMissing) return RecoveryResult::kNothingToDo;
+    if (backupStatus != FileStatus::kOk) return RecoveryResult::kFailed;
     const bool takeRewritten = PassesStrictCheck(rewritten);
     const std::string& source = takeRewritten ? rewritten : backup;
-    if (RenamePatiently(source.c_str(), database.c_str()) != FileStatus::ok) {
-        return RecoveryResult::failed;
+    if (RenamePatiently(source.c_str(), database.c_str()) != FileStatus::kOk) {
+        return RecoveryResult::kFailed;
     }
     // A backup that stays behind does no harm: the next rewrite removes it.
     if (takeRewritten) RemovePatiently(backup.c_str());
-    return RecoveryResult::restored;
+    return RecoveryResult::kRestored;
 }
 
 RecoveryResult RecoverDatabase() {
     const std::string database = InAppDirectory(kDatabaseName);
-    RecoveryResult restored = RecoveryResult::nothingToDo;
-    const FileStatus status = DatabaseFiles.exists(database.c_str());
-    if (status == FileStatus::missing) {
+    RecoveryResult restored = RecoveryResult::kNothingToDo;
+    const FileStatus status = FileCalls.exists(database.c_str());
+    if (status == FileStatus::kMissing) {
         restored = RestoreDatabase(database);
-        if (restored != RecoveryResult::restored) return restored;
-    } else if (status != FileStatus::ok) {
-        return RecoveryResult::failed;
+        if (restored != RecoveryResult::kRestored) return restored;
+    } else if (status != FileStatus::kOk) {
+        return RecoveryResult::kFailed;
     }
     ScopedFile file;
-    if (OpenPatiently(database.c_str(), FileMode::readWrite, file) != FileStatus::ok) {
-        return RecoveryResult::failed;
+    if (OpenPatiently(database.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
+        return RecoveryResult::kFailed;
     }
     const RecoveryResult repaired = RepairDatabaseEnd(file.handle);
-    return repaired == RecoveryResult::nothingToDo ? restored : repaired;
+    return repaired == RecoveryResult::kNothingToDo ? restored : repaired;
 }

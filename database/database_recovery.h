@@ -4,11 +4,11 @@
 #include "base/file_access.h"
 
 enum class RecoveryResult {
-    nothingToDo,  // also when there is no database and nothing to make one from
-    restored,     // a missing database came back from tarnwell.new or tarnwell.dbk
-    repaired,     // an entry at the end was cut off or completed, or the count was put right
-    damaged,      // a fault that no ended write explains; the file is left as it is
-    failed,       // a file could not be opened, read or written; the next start tries again
+    kNothingToDo,  // also when there is no database and nothing to make one from
+    kRestored,     // a missing database came back from tarnwell.new or tarnwell.dbk
+    kRepaired,     // an entry at the end was cut off or completed, or the count was put right
+    kDamaged,      // a fault that no ended write explains; the file is left as it is
+    kFailed,       // a file could not be opened, read or written; the next start tries again
 };
 
 // Called once at start-up, before anything else of the database. Costs one reading of the file.

@@ -3,25 +3,25 @@
 
 const char* DatabaseResultText(DatabaseResult result) {
     switch (result) {
-        case DatabaseResult::ok:
+        case DatabaseResult::kOk:
             break;
-        case DatabaseResult::cannotOpen:
+        case DatabaseResult::kCannotOpen:
             return "Can't open the database for writing! Another program may be using it. Nothing "
                    "was changed.";
-        case DatabaseResult::full:
+        case DatabaseResult::kFull:
             return "Database Full. No more discs can be added!";
-        case DatabaseResult::diskFull:
+        case DatabaseResult::kDiskFull:
             return "Error! Not enough disk space. The database was not changed.";
-        case DatabaseResult::writeFailed:
+        case DatabaseResult::kWriteFailed:
             return "Error! The database could not be written. It was not changed.";
-        case DatabaseResult::damaged:
+        case DatabaseResult::kDamaged:
             return "Error! The database file is damaged. It was not changed.";
-        case DatabaseResult::noTracks:
+        case DatabaseResult::kNoTracks:
             return "Error! A disc without tracks can't be added. The database was not changed.";
-        case DatabaseResult::addedMeanwhile:
+        case DatabaseResult::kAddedMeanwhile:
             return "Error! Another program has added this disc. Nothing was changed. Its entry can "
                    "be opened after Cancel.";
-        case DatabaseResult::notTakenBack:
+        case DatabaseResult::kNotTakenBack:
             return "Error! Writing the database failed, and so did taking it back. Please try "
                    "again!";
     }

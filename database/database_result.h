@@ -2,18 +2,18 @@
 #pragma once
 
 enum class DatabaseResult {
-    ok,
-    cannotOpen,  // the file is missing, cannot be written or is held by another program
-    full,        // 65,535 discs are in it
-    diskFull,
-    writeFailed,     // reading, writing or renaming failed
-    damaged,         // the entry is not there, or an entry behind it does not fit into the file
-    noTracks,        // the disc has none: its entry would stand for every disc that cannot be read
-    addedMeanwhile,  // another program has added the disc that was new when the user began
-    notTakenBack,    // writing failed, and taking back what was written failed too
+    kOk,
+    kCannotOpen,  // the file is missing, cannot be written or is held by another program
+    kFull,        // 65,535 discs are in it
+    kDiskFull,
+    kWriteFailed,     // reading, writing or renaming failed
+    kDamaged,         // the entry is not there, or an entry behind it does not fit into the file
+    kNoTracks,        // the disc has none: its entry would stand for every disc that cannot be read
+    kAddedMeanwhile,  // another program has added the disc that was new when the user began
+    kNotTakenBack,    // writing failed, and taking back what was written failed too
 };
 
-// One line for the message box; the empty text for ok. After every other result but notTakenBack
-// the database is as it was, or its next use or start makes it so. After notTakenBack these make it
-// either as it was or as it was to be, and no other disc is concerned.
+// One line for the message box; the empty text for kOk. After every other result but kNotTakenBack
+// the database is as it was, or its next use or start makes it so. After kNotTakenBack these make
+// it either as it was or as it was to be, and no other disc is concerned.
 const char* DatabaseResultText(DatabaseResult result);

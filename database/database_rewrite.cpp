@@ -10,9 +10,9 @@
 #include "database/database_walk.h"
 
 static DatabaseResult ResultOf(FileStatus status) {
-    if (status == FileStatus::ok) return DatabaseResult::ok;
-    if (status == FileStatus::diskFull) return DatabaseResult::diskFull;
-    return status == FileStatus::held ? DatabaseResult::cannotOpen : DatabaseResult::writeFailed;
+    if (status == FileStatus::kOk) return DatabaseResult::kOk;
+    if (status == FileStatus::kDiskFull) return DatabaseResult::kDiskFull;
+    return status == FileStatus::kHeld ? DatabaseResult::kCannotOpen : DatabaseResult::kWriteFailed;
 }
 
 // Over whole windows, and the rest at the end of the file: writing and reading back cut alike.
@@ -28,9 +28,9 @@ static uint32_t Checksum(uint32_t checksum, const uint8_t* bytes, uint32_t sizeB
 
 static void WriteBlock(RewriteTarget& target) {
     uint32_t writtenBytes = 0;
-    target.status = DatabaseFiles.write(target.file, target.block, target.blockSize, &writtenBytes);
-    if (target.status == FileStatus::ok && writtenBytes != target.blockSize) {
-        target.status = FileStatus::diskFull;
+    target.status = FileCalls.write(target.file, target.block, target.blockSize, writtenBytes);
+    if (target.status == FileStatus::kOk && writtenBytes != target.blockSize) {
+        target.status = FileStatus::kDiskFull;
     }
     target.checksum = Checksum(target.checksum, target.block, target.blockSize);
     target.blockSize = 0;
@@ -38,7 +38,7 @@ static void WriteBlock(RewriteTarget& target) {
 
 void PutBytes(RewriteTarget& target, const void* data, uint32_t sizeBytes) {
     const uint8_t* from = static_cast<const uint8_t*>(data);
-    while (sizeBytes > 0 && target.status == FileStatus::ok) {
+    while (sizeBytes > 0 && target.status == FileStatus::kOk) {
         const uint32_t count = std::min(sizeBytes, kWindowBytes - target.blockSize);
         std::memcpy(target.block + target.blockSize, from, count);
         target.blockSize += count;
@@ -53,10 +53,10 @@ DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeByte
                          RewriteTarget& target) {
     uint8_t bytes[kWindowBytes];
     source.reader.position = from;
-    while (sizeBytes > 0 && target.status == FileStatus::ok) {
+    while (sizeBytes > 0 && target.status == FileStatus::kOk) {
         const uint32_t count = static_cast<uint32_t>(std::min<uint64_t>(sizeBytes, sizeof bytes));
         if (ReadUpTo(source.reader, bytes, count) != count) {
-            return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+            return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
         }
         PutBytes(target, bytes, count);
         sizeBytes -= count;
@@ -66,7 +66,7 @@ DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeByte
 
 DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTarget& target) {
     const DatabaseResult result = CopyBytes(source, 0, kCountOffset, target);
-    if (result != DatabaseResult::ok) return result;
+    if (result != DatabaseResult::kOk) return result;
     uint8_t field[2];
     PutU16(field, entryCount);
     PutBytes(target, field, sizeof field);
@@ -76,13 +76,13 @@ DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTar
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
     EntryHeader header;
     uint64_t entryEnd = 0;
-    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, &entryEnd) ||
-        !ReadEntryHeader(source.reader, entryStart, &header)) {
-        return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd) ||
+        !ReadEntryHeader(source.reader, entryStart, header)) {
+        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
     }
     const uint32_t sizeBytes = static_cast<uint32_t>(entryEnd - entryStart);
-    if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::damaged;
-    if (target.offset + sizeBytes > UINT32_MAX) return DatabaseResult::full;
+    if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::kDamaged;
+    if (target.offset + sizeBytes > UINT32_MAX) return DatabaseResult::kFull;
     const uint32_t newStart = static_cast<uint32_t>(target.offset);
 
     uint8_t pointers[kDiscKeyOffset];
@@ -91,28 +91,29 @@ DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarg
     PutBytes(target, pointers, sizeof pointers);
     const DatabaseResult result = CopyBytes(source, entryStart + kDiscKeyOffset,
                                             sizeBytes - kDiscKeyOffset - kTrailerBytes, target);
-    if (result != DatabaseResult::ok) return result;
+    if (result != DatabaseResult::kOk) return result;
     PutU32(pointers, newStart);
     PutBytes(target, pointers, kTrailerBytes);
     return ResultOf(target.status);
 }
 
 DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
-                           uint64_t* copiedTo) {
+                           uint64_t& copiedTo) {
     while (from + kNextOffsetBytes <= source.sizeBytes) {
         const uint64_t before = target.offset;
         const DatabaseResult result = CopyEntry(source, from, target);
-        if (result != DatabaseResult::ok) return result;
+        if (result != DatabaseResult::kOk) return result;
         from += target.offset - before;
     }
-    *copiedTo = from;
-    return DatabaseResult::ok;
+    copiedTo = from;
+    return DatabaseResult::kOk;
 }
 
 static DatabaseResult ReadBack(const RewriteTarget& target) {
     uint64_t sizeBytes = 0;
-    const FileStatus status = DatabaseFiles.size(target.file, &sizeBytes);
-    if (status != FileStatus::ok || sizeBytes != target.offset) return DatabaseResult::writeFailed;
+    const FileStatus status = FileCalls.size(target.file, sizeBytes);
+    if (status != FileStatus::kOk || sizeBytes != target.offset)
+        return DatabaseResult::kWriteFailed;
     WindowReader reader;
     StartReading(reader, target.file, kUnknownOffset);
     uint8_t bytes[kWindowBytes];
@@ -121,52 +122,52 @@ static DatabaseResult ReadBack(const RewriteTarget& target) {
         checksum = Checksum(checksum, bytes, count);
     }
     const bool same = !reader.failed && checksum == target.checksum;
-    return same ? DatabaseResult::ok : DatabaseResult::writeFailed;
+    return same ? DatabaseResult::kOk : DatabaseResult::kWriteFailed;
 }
 
 static DatabaseResult FinishTarget(RewriteTarget& target) {
-    if (target.status == FileStatus::ok && target.blockSize > 0) WriteBlock(target);
-    if (target.status == FileStatus::ok) target.status = DatabaseFiles.flush(target.file);
-    if (target.status != FileStatus::ok) return ResultOf(target.status);
+    if (target.status == FileStatus::kOk && target.blockSize > 0) WriteBlock(target);
+    if (target.status == FileStatus::kOk) target.status = FileCalls.flush(target.file);
+    if (target.status != FileStatus::kOk) return ResultOf(target.status);
     return ReadBack(target);
 }
 
 static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
     ScopedFile database;
     FileStatus status =
-        OpenPatiently(InAppDirectory(kDatabaseName).c_str(), FileMode::readWrite, database);
-    if (status != FileStatus::ok) return DatabaseResult::cannotOpen;
+        OpenPatiently(InAppDirectory(kDatabaseName).c_str(), FileMode::kReadWrite, database);
+    if (status != FileStatus::kOk) return DatabaseResult::kCannotOpen;
     RewriteSource source;
     StartReading(source.reader, database.handle);
-    status = DatabaseFiles.size(database.handle, &source.sizeBytes);
-    if (status != FileStatus::ok) return ResultOf(status);
-    if (!ReadEntryCount(source.reader, &source.entryCount)) {
-        return source.reader.failed ? DatabaseResult::writeFailed : DatabaseResult::damaged;
+    status = FileCalls.size(database.handle, source.sizeBytes);
+    if (status != FileStatus::kOk) return ResultOf(status);
+    if (!ReadEntryCount(source.reader, source.entryCount)) {
+        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
     }
 
     ScopedFile rewritten;
     status =
-        OpenPatiently(InAppDirectory(kNewDatabaseName).c_str(), FileMode::createAlways, rewritten);
-    if (status != FileStatus::ok) return ResultOf(status);
+        OpenPatiently(InAppDirectory(kNewDatabaseName).c_str(), FileMode::kCreateAlways, rewritten);
+    if (status != FileStatus::kOk) return ResultOf(status);
     RewriteTarget target;
     target.file = rewritten.handle;
     DatabaseResult result = writeContent(source, target);
-    if (result == DatabaseResult::ok) result = FinishTarget(target);
+    if (result == DatabaseResult::kOk) result = FinishTarget(target);
     const FileStatus closed = CloseFile(rewritten);
-    return result == DatabaseResult::ok ? ResultOf(closed) : result;
+    return result == DatabaseResult::kOk ? ResultOf(closed) : result;
 }
 
 // An older backup that could not be removed would stand in the way of the first rename.
 static FileStatus ClearBackupName(const std::string& backup) {
     const FileStatus status = RemovePatiently(backup.c_str());
-    return status == FileStatus::missing ? FileStatus::ok : status;
+    return status == FileStatus::kMissing ? FileStatus::kOk : status;
 }
 
 // Until this has succeeded, a rewrite that cannot undo its first rename could still be finished by
 // recovery.
 static bool RemoveNewDatabase() {
     const FileStatus status = RemovePatiently(InAppDirectory(kNewDatabaseName).c_str());
-    return status == FileStatus::ok || status == FileStatus::missing;
+    return status == FileStatus::kOk || status == FileStatus::kMissing;
 }
 
 static DatabaseResult PutNewDatabaseInPlace() {
@@ -174,24 +175,24 @@ static DatabaseResult PutNewDatabaseInPlace() {
     const std::string rewritten = InAppDirectory(kNewDatabaseName);
     const std::string backup = InAppDirectory(kBackupName);
     FileStatus status = ClearBackupName(backup);
-    if (status == FileStatus::ok) status = RenamePatiently(database.c_str(), backup.c_str());
-    if (status != FileStatus::ok) return ResultOf(status);
+    if (status == FileStatus::kOk) status = RenamePatiently(database.c_str(), backup.c_str());
+    if (status != FileStatus::kOk) return ResultOf(status);
     status = RenamePatiently(rewritten.c_str(), database.c_str());
-    if (status != FileStatus::ok) {
+    if (status != FileStatus::kOk) {
         // The backup is the old database; recovery brings it back once the new one is gone.
-        const bool undone = RenamePatiently(backup.c_str(), database.c_str()) == FileStatus::ok;
-        return undone || RemoveNewDatabase() ? ResultOf(status) : DatabaseResult::notTakenBack;
+        const bool undone = RenamePatiently(backup.c_str(), database.c_str()) == FileStatus::kOk;
+        return undone || RemoveNewDatabase() ? ResultOf(status) : DatabaseResult::kNotTakenBack;
     }
     // The new database is in place and whole; a backup that another program holds stays until the
     // next rewrite.
     RemovePatiently(backup.c_str());
-    return DatabaseResult::ok;
+    return DatabaseResult::kOk;
 }
 
 DatabaseResult SafeRewrite(const RewriteContent& writeContent) {
     DatabaseResult result = WriteNewDatabase(writeContent);
-    if (result == DatabaseResult::ok) result = PutNewDatabaseInPlace();
+    if (result == DatabaseResult::kOk) result = PutNewDatabaseInPlace();
     // Beside a database it is no more than rubbish, which the next rewrite overwrites.
-    if (result != DatabaseResult::ok) RemoveNewDatabase();
+    if (result != DatabaseResult::kOk) RemoveNewDatabase();
     return result;
 }

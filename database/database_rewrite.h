@@ -19,7 +19,7 @@ struct RewriteSource {
 // rewrite looks at `status` when the content is complete.
 struct RewriteTarget {
     FileHandle file = kNoFile;
-    FileStatus status = FileStatus::ok;
+    FileStatus status = FileStatus::kOk;
     uint64_t offset = 0;  // bytes put so far
     uint32_t checksum = 0;
     uint32_t blockSize = 0;
@@ -31,24 +31,24 @@ void PutBytes(RewriteTarget& target, const void* data, uint32_t sizeBytes);
 // The first six header bytes as they are in the source, and a count.
 DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTarget& target);
 
-// Copies part of the old file. `damaged` when it ends before.
+// Copies part of the old file. kDamaged when it ends before.
 DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeBytes,
                          RewriteTarget& target);
 
 // Copies one entry to the target's end with its pointers set for its new place, the rest byte for
-// byte. `damaged` when its EntrySize does not fit into the old file, or neither of its other
+// byte. kDamaged when its EntrySize does not fit into the old file, or neither of its other
 // pointers agrees with it.
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target);
 
 // Copies the entries from `from` to the end of the old file the same way. `copiedTo` is where the
 // last one ends in the old file: up to 3 bytes that are no entry can follow there.
 DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
-                           uint64_t* copiedTo);
+                           uint64_t& copiedTo);
 
-// Writes the whole new file, header included, and answers ok, or what stops the rewrite.
+// Writes the whole new file, header included, and answers kOk, or what stops the rewrite.
 using RewriteContent = std::function<DatabaseResult(RewriteSource&, RewriteTarget&)>;
 
-// Ok: the new file is in place. Anything else: the old one is, or, should undoing the first rename
-// fail too, it waits as the backup and the next use of the database brings it back. notTakenBack:
+// kOk: the new file is in place. Anything else: the old one is, or, should undoing the first rename
+// fail too, it waits as the backup and the next use of the database brings it back. kNotTakenBack:
 // the new one could not even be removed, and that use may bring it instead.
 DatabaseResult SafeRewrite(const RewriteContent& writeContent);

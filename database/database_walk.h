@@ -13,11 +13,11 @@ struct EntryHeader {
 };
 
 // Reads the header at entryStart and leaves the reader before TrackCount.
-bool ReadEntryHeader(WindowReader& reader, uint64_t entryStart, EntryHeader* header);
+bool ReadEntryHeader(WindowReader& reader, uint64_t entryStart, EntryHeader& header);
 
 // Follows NextOffset from the first entry on. False when the chain ends before; a pointer that does
 // not lead onwards ends it, so that no walk runs in a circle.
-bool StepToEntry(WindowReader& reader, uint32_t entryIndex, uint32_t* entryStart);
+bool StepToEntry(WindowReader& reader, uint32_t entryIndex, uint32_t& entryStart);
 
 // From before TrackCount to before the Artist.
 bool SkipTracks(WindowReader& reader);
@@ -29,9 +29,9 @@ bool SkipEntryBody(WindowReader& reader);
 // so that an entry with one damaged pointer can still be moved or deleted, and no other disc with
 // it. False when they do not, or when the entry does not fit into a file of fileBytes.
 bool FindEntryEnd(WindowReader& reader, uint64_t entryStart, uint64_t fileBytes,
-                  uint64_t* entryEnd);
+                  uint64_t& entryEnd);
 
-bool ReadEntryCount(WindowReader& reader, uint16_t* entryCount);
+bool ReadEntryCount(WindowReader& reader, uint16_t& entryCount);
 
 // How far a database file keeps its rules.
 struct DatabaseCheck {
@@ -44,7 +44,7 @@ struct DatabaseCheck {
 
 // Reads the whole file. An entry is whole when its pointers, its trailer and its contents agree.
 // False when the file cannot be read.
-bool CheckDatabase(FileHandle file, DatabaseCheck* check);
+bool CheckDatabase(FileHandle file, DatabaseCheck& check);
 
 // Every byte of the file belongs to the header or to a whole entry, and their number is right.
 bool IsIntact(const DatabaseCheck& check);

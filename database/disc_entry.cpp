@@ -92,32 +92,32 @@ static std::string TakeText(ByteCursor& cursor) {
     return text ? std::string(text, strnlen(text, length)) : std::string();
 }
 
-DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc* disc,
-                         EntryFields* fields) {
-    *disc = {};
-    *fields = {};
+DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc& disc,
+                         EntryFields& fields) {
+    disc = {};
+    fields = {};
     ByteCursor cursor = {bytes, sizeBytes, false};
     Take(cursor, kDiscKeyOffset);
-    disc->totalSeconds = TakeU16(cursor);
+    disc.totalSeconds = TakeU16(cursor);
     Take(cursor, 2);  // the first track's length stands in its record too
     const int trackCount = TakeU8(cursor);
-    disc->trackCount = static_cast<uint16_t>(std::min(trackCount, kMaxTracks));
+    disc.trackCount = static_cast<uint16_t>(std::min(trackCount, kMaxTracks));
     for (int track = 0; track < trackCount; ++track) {
         const std::string name = TakeText(cursor);
         const uint16_t lengthSeconds = TakeU16(cursor);
         if (track >= kMaxTracks) continue;
-        fields->trackNames[track] = name;
-        disc->lengthSeconds[track] = lengthSeconds;
+        fields.trackNames[track] = name;
+        disc.lengthSeconds[track] = lengthSeconds;
     }
-    fields->artist = TakeText(cursor);
-    fields->discName = TakeText(cursor);
-    fields->category = TakeText(cursor);
-    fields->label = TakeText(cursor);
-    fields->notes = TakeText(cursor);
-    fields->recordingCode = TakeU8(cursor);
-    fields->discType = TakeU8(cursor);
+    fields.artist = TakeText(cursor);
+    fields.discName = TakeText(cursor);
+    fields.category = TakeText(cursor);
+    fields.label = TakeText(cursor);
+    fields.notes = TakeText(cursor);
+    fields.recordingCode = TakeU8(cursor);
+    fields.discType = TakeU8(cursor);
     const uint8_t* size = Take(cursor, 1);
-    if (size) fields->discSize = *size;
-    fields->yearReleased = TakeText(cursor);
-    return cursor.cutShort ? DecodeResult::cutShort : DecodeResult::whole;
+    if (size) fields.discSize = *size;
+    fields.yearReleased = TakeText(cursor);
+    return cursor.cutShort ? DecodeResult::kCutShort : DecodeResult::kWhole;
 }

@@ -34,12 +34,12 @@ std::vector<uint8_t> EncodeEntry(const DiscToc& disc, const EntryFields& fields,
                                  uint32_t entryStart);
 
 enum class DecodeResult {
-    whole,
-    cutShort,  // the bytes end before the entry does
+    kWhole,
+    kCutShort,  // the bytes end before the entry does
 };
 
 // The bytes begin at an entry's start and may reach beyond it. The pointers are not looked at.
 // Fills everything anew; of an entry cut short, what is there. Tracks beyond the 99th are stepped
 // over.
-DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc* disc,
-                         EntryFields* fields);
+DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc& disc,
+                         EntryFields& fields);

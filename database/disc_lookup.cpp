@@ -18,12 +18,12 @@ void CopyDiscToc(const DiscToc& disc) {
 // The reader stands before the entry's TrackCount.
 static bool TracksMatch(WindowReader& reader, uint16_t trackCount) {
     uint8_t storedCount = 0;
-    if (!ReadU8(reader, &storedCount) || storedCount != trackCount || trackCount > kMaxTracks) {
+    if (!ReadU8(reader, storedCount) || storedCount != trackCount || trackCount > kMaxTracks) {
         return false;
     }
     for (int track = 0; track < trackCount; ++track) {
         uint16_t lengthSeconds = 0;
-        if (!SkipText(reader) || !ReadU16(reader, &lengthSeconds) ||
+        if (!SkipText(reader) || !ReadU16(reader, lengthSeconds) ||
             lengthSeconds != DatabaseDisc.lengthSeconds[track]) {
             return false;
         }
@@ -34,11 +34,11 @@ static bool TracksMatch(WindowReader& reader, uint16_t trackCount) {
 static uint32_t FindEntry(WindowReader& reader, uint16_t totalSeconds, uint16_t trackCount) {
     const uint32_t key = DiscKey(DatabaseDisc.lengthSeconds[0], totalSeconds);
     uint16_t entryCount = 0;
-    if (!ReadEntryCount(reader, &entryCount)) return 0;
+    if (!ReadEntryCount(reader, entryCount)) return 0;
     uint32_t entryStart = kHeaderBytes;
     for (uint32_t i = 0; i < entryCount; ++i) {
         EntryHeader header;
-        if (!ReadEntryHeader(reader, entryStart, &header)) return 0;
+        if (!ReadEntryHeader(reader, entryStart, header)) return 0;
         if (DiscKey(header.firstTrackSeconds, header.totalSeconds) == key &&
             TracksMatch(reader, trackCount)) {
             return entryStart;
@@ -58,24 +58,23 @@ uint32_t FindDiscEntry(FileHandle file) {
 LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount, WhenHeld whenHeld) {
     FoundEntryOffset = 0;
     ScopedFile file;
-    if (!OpenEnsuredDatabase(file, whenHeld)) return LookupResult::unreadable;
+    if (!OpenEnsuredDatabase(file, whenHeld)) return LookupResult::kUnreadable;
     WindowReader reader;
     StartReading(reader, file.handle);
     FoundEntryOffset = FindEntry(reader, totalSeconds, trackCount);
-    if (FoundEntryOffset != 0) return LookupResult::found;
-    return reader.failed ? LookupResult::unreadable : LookupResult::unknown;
+    if (FoundEntryOffset != 0) return LookupResult::kFound;
+    return reader.failed ? LookupResult::kUnreadable : LookupResult::kUnknown;
 }
 
 bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
-    return LookUpDisc(totalSeconds, trackCount) == LookupResult::found;
+    return LookUpDisc(totalSeconds, trackCount) == LookupResult::kFound;
 }
 
 // For the texts the file is asked for by writing access too, and is not created.
 static bool OpenAtDisc(ScopedFile& file) {
     FoundEntryOffset = 0;
     const std::string path = InAppDirectory(kDatabaseName);
-    if (DatabaseFiles.open(path.c_str(), FileMode::readWriteShared, &file.handle) !=
-        FileStatus::ok) {
+    if (FileCalls.open(path.c_str(), FileMode::kReadWriteShared, file.handle) != FileStatus::kOk) {
         return false;
     }
     FoundEntryOffset = FindDiscEntry(file.handle);

@@ -14,15 +14,15 @@ extern uint32_t FoundEntryOffset;
 void CopyDiscToc(const DiscToc& disc);
 
 enum class LookupResult {
-    found,
-    unknown,
-    unreadable,  // the file could not be opened, read or, when there was none, created
+    kFound,
+    kUnknown,
+    kUnreadable,  // the file could not be opened, read or, when there was none, created
 };
 
 // Looks for the first entry with this total, this track count and DatabaseDisc's track lengths. A
 // missing database is created empty. Sets FoundEntryOffset.
 LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount,
-                        WhenHeld whenHeld = WhenHeld::giveUp);
+                        WhenHeld whenHeld = WhenHeld::kGiveUp);
 
 // The same, for callers to whom an unreadable database knows no disc.
 bool FindDisc(uint16_t totalSeconds, uint16_t trackCount);

@@ -24,15 +24,14 @@ static bool FillWindow(WindowReader& reader) {
     reader.windowSize = 0;
     if (!straightOn) {
         reader.fileOffset = kUnknownOffset;
-        if (DatabaseFiles.seek(reader.file, reader.position) != FileStatus::ok) {
+        if (FileCalls.seek(reader.file, reader.position) != FileStatus::kOk) {
             reader.failed = true;
             return false;
         }
         reader.fileOffset = reader.position;
     }
     uint32_t readBytes = 0;
-    if (DatabaseFiles.read(reader.file, reader.window, kWindowBytes, &readBytes) !=
-        FileStatus::ok) {
+    if (FileCalls.read(reader.file, reader.window, kWindowBytes, readBytes) != FileStatus::kOk) {
         reader.failed = true;
         reader.fileOffset = kUnknownOffset;
         return false;
@@ -61,35 +60,35 @@ uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes) {
     return done;
 }
 
-bool ReadU8(WindowReader& reader, uint8_t* value) {
-    return ReadUpTo(reader, value, 1) == 1;
+bool ReadU8(WindowReader& reader, uint8_t& value) {
+    return ReadUpTo(reader, &value, 1) == 1;
 }
 
-bool ReadU16(WindowReader& reader, uint16_t* value) {
+bool ReadU16(WindowReader& reader, uint16_t& value) {
     uint8_t bytes[2];
     if (ReadUpTo(reader, bytes, sizeof bytes) != sizeof bytes) return false;
-    *value = GetU16(bytes);
+    value = GetU16(bytes);
     return true;
 }
 
-bool ReadU32(WindowReader& reader, uint32_t* value) {
+bool ReadU32(WindowReader& reader, uint32_t& value) {
     uint8_t bytes[4];
     if (ReadUpTo(reader, bytes, sizeof bytes) != sizeof bytes) return false;
-    *value = GetU32(bytes);
+    value = GetU32(bytes);
     return true;
 }
 
-bool ReadText(WindowReader& reader, std::string* text) {
+bool ReadText(WindowReader& reader, std::string& text) {
     uint8_t length = 0;
     char bytes[UINT8_MAX];
-    if (!ReadU8(reader, &length) || ReadUpTo(reader, bytes, length) != length) return false;
-    text->assign(bytes, strnlen(bytes, length));
+    if (!ReadU8(reader, length) || ReadUpTo(reader, bytes, length) != length) return false;
+    text.assign(bytes, strnlen(bytes, length));
     return true;
 }
 
 bool SkipText(WindowReader& reader) {
     uint8_t length = 0;
-    if (!ReadU8(reader, &length)) return false;
+    if (!ReadU8(reader, length)) return false;
     reader.position += length;
     return true;
 }

@@ -29,10 +29,10 @@ void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset = 0
 uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes);
 
 // These answer false, leave the output alone and `position` anywhere when the file ends before.
-bool ReadU8(WindowReader& reader, uint8_t* value);
-bool ReadU16(WindowReader& reader, uint16_t* value);
-bool ReadU32(WindowReader& reader, uint32_t* value);
+bool ReadU8(WindowReader& reader, uint8_t& value);
+bool ReadU16(WindowReader& reader, uint16_t& value);
+bool ReadU32(WindowReader& reader, uint32_t& value);
 
 // A length byte and that many bytes. The text ends at a zero byte, if it holds one.
-bool ReadText(WindowReader& reader, std::string* text);
+bool ReadText(WindowReader& reader, std::string& text);
 bool SkipText(WindowReader& reader);

@@ -34,16 +34,16 @@ struct EntryToShow {
 static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
     CopyDiscToc(entry.disc);
     const auto lookUp = [&] {
-        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::tryAgain);
+        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
     };
     const LookupResult answer = lookUp();
-    if (answer == LookupResult::unreadable) return DatabaseResult::cannotOpen;
-    KnownAtOpening = answer == LookupResult::found;
-    if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, &entry.fields)) {
-        return DatabaseResult::ok;
+    if (answer == LookupResult::kUnreadable) return DatabaseResult::kCannotOpen;
+    KnownAtOpening = answer == LookupResult::kFound;
+    if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, entry.fields)) {
+        return DatabaseResult::kOk;
     }
-    return lookUp() == LookupResult::unreadable ? DatabaseResult::cannotOpen
-                                                : DatabaseResult::damaged;
+    return lookUp() == LookupResult::kUnreadable ? DatabaseResult::kCannotOpen
+                                                : DatabaseResult::kDamaged;
 }
 
 static void OnInitDialog(HWND dialog, const EntryToShow& entry) {
@@ -64,7 +64,7 @@ static void OnOk(HWND dialog) {
     // The catalogue's own record of the disc follows the drive.
     CopyDiscToc(Sheet.disc);
     const DatabaseResult result = SaveDisc(ReadEntry(Sheet), KnownAtOpening);
-    if (result == DatabaseResult::ok) {
+    if (result == DatabaseResult::kOk) {
         Close(dialog);
     } else {
         // The dialog stays with everything typed.
@@ -108,12 +108,12 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
 
 void ShowEntryDialog(HWND owner, const DiscToc& disc) {
     // Told before anything is typed that could not be saved; looking is still possible.
-    const bool damaged = RepairDatabase() == DatabaseResult::damaged;
+    const bool damaged = RepairDatabase() == DatabaseResult::kDamaged;
     EntryToShow entry = {disc, {}};
     const DatabaseResult read = ReadEntryToShow(entry);
-    const bool readable = read == DatabaseResult::ok;
+    const bool readable = read == DatabaseResult::kOk;
     if (damaged || !readable) {
-        ShowMessage(DatabaseResultText(readable ? DatabaseResult::damaged : read));
+        ShowMessage(DatabaseResultText(readable ? DatabaseResult::kDamaged : read));
     }
     if (!readable) return;
     DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_ENTRY), owner, EntryProcedure,

@@ -51,8 +51,8 @@ static bool IsKnownDisc() {
     if (!CdPlayer.discPresent) return false;
     CopyDiscToc(CdPlayer.toc);
     const LookupResult result = LookUpDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
-    if (result == LookupResult::unreadable) CdPlayer.titlesStale = true;
-    return result == LookupResult::found;
+    if (result == LookupResult::kUnreadable) CdPlayer.titlesStale = true;
+    return result == LookupResult::kFound;
 }
 
 static void ShowTrackTitle(int track) {

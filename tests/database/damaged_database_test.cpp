@@ -33,12 +33,12 @@ TEST(DamagedDatabase, EveryByteChanged) {
             damaged[at] = static_cast<char>(damaged[at] ^ change);
             // Recovery cuts nothing off, and what it changes is the damage.
             StartOn(damaged);
-            const bool mended = RecoverDatabase() == RecoveryResult::repaired;
+            const bool mended = RecoverDatabase() == RecoveryResult::kRepaired;
             repaired += mended;
             ASSERT_EQ(Database(), mended ? kImage : damaged);
             // A change is refused, or every other disc that was whole is still there.
             StartOn(damaged);
-            if (DeleteEntry(kStarts[1]) != DatabaseResult::ok) {
+            if (DeleteEntry(kStarts[1]) != DatabaseResult::kOk) {
                 ++refused;
                 ASSERT_EQ(Database(), damaged);
                 continue;
@@ -62,7 +62,7 @@ TEST(DamagedDatabase, EveryLengthOfTheFile) {
         const std::string cut = kImage.substr(0, size);
         StartOn(cut);
         // Counted discs whose end is missing are left for the user to see: no append does this.
-        if (RecoverDatabase() == RecoveryResult::damaged) {
+        if (RecoverDatabase() == RecoveryResult::kDamaged) {
             EXPECT_EQ(Database(), cut);
         } else {
             EXPECT_EQ(Database().size(), std::max<size_t>(size, kHeaderBytes));
@@ -84,7 +84,7 @@ TEST(DamagedDatabase, EveryLengthOfTheFile) {
     for (int pointers : {0, 6}) {
         const size_t count = static_cast<size_t>(pointers);
         StartOn(std::string(uncounted).replace(kStarts[2], count, count, '\0'));
-        EXPECT_EQ(RecoverDatabase(), RecoveryResult::repaired);
+        EXPECT_EQ(RecoverDatabase(), RecoveryResult::kRepaired);
         EXPECT_EQ(Database(), kImage);
     }
 }
@@ -105,11 +105,11 @@ TEST(DamagedDatabase, NothingIsAddedWhereItCouldNotBeFound) {
     for (const std::string& damaged : cases) {
         SCOPED_TRACE(&damaged - cases);
         StartOn(damaged);
-        EXPECT_EQ(RecoverDatabase(), RecoveryResult::damaged);
+        EXPECT_EQ(RecoverDatabase(), RecoveryResult::kDamaged);
         CopyDiscToc(SampleDisc(9, 1).toc);
-        EXPECT_EQ(RepairDatabase(), DatabaseResult::damaged);
-        EXPECT_EQ(AppendEntry({}), DatabaseResult::damaged);
-        EXPECT_EQ(ReplaceEntryAtEnd(kHeaderBytes, {}), DatabaseResult::damaged);
+        EXPECT_EQ(RepairDatabase(), DatabaseResult::kDamaged);
+        EXPECT_EQ(AppendEntry({}), DatabaseResult::kDamaged);
+        EXPECT_EQ(ReplaceEntryAtEnd(kHeaderBytes, {}), DatabaseResult::kDamaged);
         EXPECT_EQ(Database(), damaged);
     }
 }
@@ -119,17 +119,17 @@ TEST(DamagedDatabase, WhatIsNoEntryIsNotTaken) {
     for (const std::string& size : {std::string("\0\0", 2), std::string("\xFF\xFF")}) {
         const std::string damaged = Changed(kStarts[2] + kEntrySizeOffset, size);
         StartOn(damaged);
-        EXPECT_EQ(DeleteEntry(kStarts[0]), DatabaseResult::damaged);
+        EXPECT_EQ(DeleteEntry(kStarts[0]), DatabaseResult::kDamaged);
         EXPECT_EQ(Database(), damaged);
     }
     for (const uint32_t noEntry : {0u, 7u, kStarts[1] + 1, kStarts[3], 0xFFFFFFFFu}) {
         StartOn(kImage);
-        EXPECT_EQ(DeleteEntry(noEntry), DatabaseResult::damaged);
+        EXPECT_EQ(DeleteEntry(noEntry), DatabaseResult::kDamaged);
         EXPECT_EQ(Database(), kImage);
     }
     // Up to three stray bytes stand in nobody's way.
     StartOn(kImage + "abc");
-    EXPECT_EQ(DeleteEntry(kStarts[2]), DatabaseResult::ok);
+    EXPECT_EQ(DeleteEntry(kStarts[2]), DatabaseResult::kOk);
     EXPECT_EQ(Database(), DatabaseImage({kDiscs[0], kDiscs[1]}) + "abc");
 
     // A circle wider than the window, walked as often as the count says, would read on for long.
@@ -156,7 +156,7 @@ TEST(DamagedDatabase, TrackCountsBeyondTheLimits) {
           std::tuple(DatabaseImage({SampleDisc(1, 0)}), 0, 0)}) {
         StartOn(bytes);
         EntryFields fields;
-        ASSERT_TRUE(LoadEntryFields(kHeaderBytes, &fields));
+        ASSERT_TRUE(LoadEntryFields(kHeaderBytes, fields));
         EXPECT_EQ(fields.artist, "Artist 1");
         EXPECT_EQ(ReadArtist(kHeaderBytes), "Artist 1");
         ASSERT_TRUE(LoadEntryDisc(kHeaderBytes));
@@ -174,13 +174,13 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
         RecoveryResult result;
         std::string found;
     } cases[] = {
-        {kNoSuchFile, kImage, older, RecoveryResult::restored, kImage},
-        {kNoSuchFile, unfinished, older, RecoveryResult::restored, older},
-        {kNoSuchFile, kNoSuchFile, older, RecoveryResult::restored, older},
-        {kNoSuchFile, kImage, kNoSuchFile, RecoveryResult::nothingToDo, kNoSuchFile},
-        {kNoSuchFile, kNoSuchFile, kNoSuchFile, RecoveryResult::nothingToDo, kNoSuchFile},
-        {older, kImage, kNoSuchFile, RecoveryResult::nothingToDo, older},
-        {older, kImage, kImage, RecoveryResult::nothingToDo, older},
+        {kNoSuchFile, kImage, older, RecoveryResult::kRestored, kImage},
+        {kNoSuchFile, unfinished, older, RecoveryResult::kRestored, older},
+        {kNoSuchFile, kNoSuchFile, older, RecoveryResult::kRestored, older},
+        {kNoSuchFile, kImage, kNoSuchFile, RecoveryResult::kNothingToDo, kNoSuchFile},
+        {kNoSuchFile, kNoSuchFile, kNoSuchFile, RecoveryResult::kNothingToDo, kNoSuchFile},
+        {older, kImage, kNoSuchFile, RecoveryResult::kNothingToDo, older},
+        {older, kImage, kImage, RecoveryResult::kNothingToDo, older},
     };
     for (const auto& each : cases) {
         MemorySnapshot disk = {{kDatabaseName, each.database},

@@ -26,7 +26,7 @@ static std::string Hex(const char* digits) {
 
 static void Append(const Disc& disc) {
     CopyDiscToc(disc.toc);
-    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::ok);
+    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
 }
 
 static void ExpectOnDisk(const std::string& bytes) {
@@ -36,7 +36,7 @@ static void ExpectOnDisk(const std::string& bytes) {
 TEST(DatabaseBytes, EmptyFileAndFirstEntry) {
     UseMemoryFiles();
     CopyDiscToc(SampleDisc(1, 2).toc);
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::cannotOpen);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kCannotOpen);
     EnsureDatabase();
     ExpectOnDisk(std::string("\xFFQMR\0\n\0\0", 8));
 
@@ -96,22 +96,22 @@ TEST(DatabaseBytes, SystemsOwnFilesTakeEveryChangeUnlessHeldByAnotherProgram) {
     expectFile(discs);
     discs[1] = SampleDisc(7, 5);
     CopyDiscToc(discs[1].toc);
-    EXPECT_EQ(ReplaceEntry(FindEntryOffset(1), discs[1].fields), DatabaseResult::ok);
+    EXPECT_EQ(ReplaceEntry(FindEntryOffset(1), discs[1].fields), DatabaseResult::kOk);
     expectFile(discs);
-    EXPECT_EQ(ReplaceEntryAtEnd(FindEntryOffset(1), discs[1].fields), DatabaseResult::ok);
+    EXPECT_EQ(ReplaceEntryAtEnd(FindEntryOffset(1), discs[1].fields), DatabaseResult::kOk);
     std::swap(discs[1], discs[2]);
     expectFile(discs);
-    EXPECT_EQ(DeleteEntry(FindEntryOffset(0)), DatabaseResult::ok);
+    EXPECT_EQ(DeleteEntry(FindEntryOffset(0)), DatabaseResult::kOk);
     discs.erase(discs.begin());
     expectFile(discs);
 
     ScopedFile holder;
-    ASSERT_EQ(DatabaseFiles.open(InAppDirectory(kDatabaseName).c_str(), FileMode::readWrite,
-                                 &holder.handle),
-              FileStatus::ok);
+    ASSERT_EQ(
+        FileCalls.open(InAppDirectory(kDatabaseName).c_str(), FileMode::kReadWrite, holder.handle),
+        FileStatus::kOk);
     EnsureDatabase();
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::cannotOpen);
-    EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::cannotOpen);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kCannotOpen);
+    EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::kCannotOpen);
     CloseFile(holder);
     expectFile(discs);
     fs::remove_all(directory);

@@ -29,9 +29,9 @@ int points = 0;
 }  // namespace
 
 static const Fault kAllFaults[] = {
-    Fault::callFails, Fault::fallsShort,  Fault::diskFull,        Fault::held,
-    Fault::writeLost, Fault::heldBriefly, Fault::endsBefore,      Fault::endsHalfway,
-    Fault::endsAfter, Fault::powerLoss,   Fault::powerLossInPart,
+    Fault::kCallFails, Fault::kFallsShort,  Fault::kDiskFull,        Fault::kHeld,
+    Fault::kWriteLost, Fault::kHeldBriefly, Fault::kEndsBefore,      Fault::kEndsHalfway,
+    Fault::kEndsAfter, Fault::kPowerLoss,   Fault::kPowerLossInPart,
 };
 
 // Each change once without a fault.
@@ -52,7 +52,7 @@ static std::vector<Change> AllChanges() {
         return [fresh, change] { return CopyDiscToc(fresh.toc), change(fresh.fields); };
     };
     std::vector<Change> changes = {
-        {"create", {}, [] { return EnsureDatabase(), DatabaseResult::ok; }},
+        {"create", {}, [] { return EnsureDatabase(), DatabaseResult::kOk; }},
         {"first append", {{kDatabaseName, DatabaseImage({})}}, withDisc(AppendEntry)},
         {"append", plain, withDisc(AppendEntry)},
         {"append behind an ended one", {{kDatabaseName, ended}}, withDisc(AppendEntry), whole},
@@ -67,7 +67,7 @@ static std::vector<Change> AllChanges() {
     }
     for (Change& change : changes) {
         StartOnDisk(change.before);
-        EXPECT_EQ(change.make(), DatabaseResult::ok) << change.name;
+        EXPECT_EQ(change.make(), DatabaseResult::kOk) << change.name;
         change.callCount = CallsMade();
         EXPECT_EQ(DiskAfterEnd().size(), 1u) << change.name << " leaves files behind";
         change.after = FileBytes(DiskAfterEnd(), kDatabaseName);
@@ -82,7 +82,7 @@ static bool IsOldOrNew(const MemorySnapshot& disk, const Change& change) {
            (!change.repaired.empty() && bytes == change.repaired);
 }
 
-static MemorySnapshot Recovered(const MemorySnapshot& left, Fault fault = Fault::none,
+static MemorySnapshot Recovered(const MemorySnapshot& left, Fault fault = Fault::kNone,
                                 int call = 0) {
     StartOnDisk(left);
     ArmFault(fault, call);
@@ -114,31 +114,32 @@ static void Strike(const Change& change, int call, Fault fault, Fault second, in
     const MemorySnapshot recovered = Recovered(left);
     ++points;
     // Only reading the new file back notices a write that is lost; an append has no such check.
-    if (fault == Fault::writeLost && !change.isRewrite) return;
+    if (fault == Fault::kWriteLost && !change.isRewrite) return;
     ASSERT_TRUE(IsOldOrNew(recovered, change)) << "neither the old nor the new database";
     if (ended) {
-        if (second == Fault::none) StrikeRecovery(left, change);
+        if (second == Fault::kNone) StrikeRecovery(left, change);
         return;
     }
     if (change.before.empty()) {
         // Nothing half-made stays in the way of the next attempt.
         const std::string made = FileBytes(left, kDatabaseName);
-        ASSERT_TRUE(second != Fault::none || made == kNoSuchFile || made == change.after);
+        ASSERT_TRUE(second != Fault::kNone || made == kNoSuchFile || made == change.after);
         return;
     }
     const bool isNew = FileBytes(recovered, kDatabaseName) == change.after;
-    if (fault == Fault::heldBriefly) {
-        ASSERT_EQ(result, DatabaseResult::ok) << "a moment's hold only delays";
+    if (fault == Fault::kHeldBriefly) {
+        ASSERT_EQ(result, DatabaseResult::kOk) << "a moment's hold only delays";
     }
-    if (result == DatabaseResult::notTakenBack) {
-        ASSERT_TRUE(second != Fault::none || fault == Fault::held) << "one fault can be taken back";
+    if (result == DatabaseResult::kNotTakenBack) {
+        ASSERT_TRUE(second != Fault::kNone || fault == Fault::kHeld)
+            << "one fault can be taken back";
     } else {
-        ASSERT_EQ(isNew, result == DatabaseResult::ok) << "result " << static_cast<int>(result);
+        ASSERT_EQ(isNew, result == DatabaseResult::kOk) << "result " << static_cast<int>(result);
     }
     // What was told is true at once; when undoing failed too, or a full disk keeps the count from
     // being put back, recovery finishes it.
-    const bool undoFailed = second != Fault::none || fault == Fault::held;
-    ASSERT_TRUE(undoFailed || fault == Fault::diskFull || IsOldOrNew(left, change));
+    const bool undoFailed = second != Fault::kNone || fault == Fault::kHeld;
+    ASSERT_TRUE(undoFailed || fault == Fault::kDiskFull || IsOldOrNew(left, change));
 }
 
 TEST(DatabaseFaults, EveryCallOfEveryChange) {
@@ -146,7 +147,7 @@ TEST(DatabaseFaults, EveryCallOfEveryChange) {
     for (const Change& change : AllChanges()) {
         for (const Fault fault : kAllFaults) {
             for (int call = 1; call <= change.callCount && !HasFatalFailure(); ++call) {
-                Strike(change, call, fault, Fault::none, 0);
+                Strike(change, call, fault, Fault::kNone, 0);
             }
         }
     }
@@ -160,8 +161,8 @@ TEST(DatabaseFaults, EveryTwoCallsThatFail) {
         for (int call = 1; call <= change.callCount; ++call) {
             // Cleaning up makes more calls than the change itself.
             for (int second = call + 1; second <= change.callCount + 8; ++second) {
-                for (const Fault last : {Fault::callFails, Fault::endsHalfway}) {
-                    if (!HasFatalFailure()) Strike(change, call, Fault::callFails, last, second);
+                for (const Fault last : {Fault::kCallFails, Fault::kEndsHalfway}) {
+                    if (!HasFatalFailure()) Strike(change, call, Fault::kCallFails, last, second);
                 }
             }
         }
@@ -174,19 +175,19 @@ TEST(DatabaseFaults, TheSecondTrySavesOnce) {
     const std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 2)};
     int retries = 0;
     for (const bool wasKnown : {false, true}) {
-        for (const Fault first : {Fault::callFails, Fault::diskFull, Fault::held}) {
+        for (const Fault first : {Fault::kCallFails, Fault::kDiskFull, Fault::kHeld}) {
             for (int call = 1; call < 40; ++call) {
                 for (int second = call; second < call + 12; ++second) {
                     StartOnDisk({{kDatabaseName, DatabaseImage(discs)}});
                     Disc disc = wasKnown ? discs[0] : SampleDisc(8, 3);
                     bool known = wasKnown;
                     CopyDiscToc(disc.toc);
-                    ArmFault(first, call, Fault::callFails, second);
-                    if (SaveDisc(disc.fields, known) == DatabaseResult::ok) continue;
+                    ArmFault(first, call, Fault::kCallFails, second);
+                    if (SaveDisc(disc.fields, known) == DatabaseResult::kOk) continue;
                     ++retries;
-                    ArmFault(Fault::none, 0);
+                    ArmFault(Fault::kNone, 0);
                     disc.fields.artist = "typed last";
-                    ASSERT_EQ(SaveDisc(disc.fields, known), DatabaseResult::ok)
+                    ASSERT_EQ(SaveDisc(disc.fields, known), DatabaseResult::kOk)
                         << call << " " << second;
                     ASSERT_EQ(DatabaseEntryCount(), wasKnown ? 2 : 3) << call << " " << second;
                     ASSERT_EQ(DiscTitleText(), "typed last - " + disc.fields.discName);
@@ -215,7 +216,7 @@ TEST(DatabaseFaults, AnUncountedEntryNeitherHidesNorDoublesADisc) {
         fields.artist = "Saved";
         bool known = each.known;
         CopyDiscToc(each.disc.toc);
-        EXPECT_EQ(SaveDisc(fields, known), DatabaseResult::ok);
+        EXPECT_EQ(SaveDisc(fields, known), DatabaseResult::kOk);
         EXPECT_EQ(DatabaseEntryCount(), each.entries);
         EXPECT_EQ(DiscTitleText(), "Saved - " + fields.discName);
     }
@@ -233,10 +234,10 @@ TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNotOverwritten) {
         DatabaseResult result;
         std::string after;
     } cases[] = {
-        {false, one, Fault::none, DatabaseResult::addedMeanwhile, one},
-        {false, one, Fault::held, DatabaseResult::cannotOpen, one},
-        {true, one, Fault::held, DatabaseResult::cannotOpen, one},
-        {true, DatabaseImage({}), Fault::none, DatabaseResult::ok, one},
+        {false, one, Fault::kNone, DatabaseResult::kAddedMeanwhile, one},
+        {false, one, Fault::kHeld, DatabaseResult::kCannotOpen, one},
+        {true, one, Fault::kHeld, DatabaseResult::kCannotOpen, one},
+        {true, DatabaseImage({}), Fault::kNone, DatabaseResult::kOk, one},
     };
     for (const auto& each : cases) {
         StartOnDisk({{kDatabaseName, each.database}});
@@ -247,7 +248,7 @@ TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNotOverwritten) {
     }
     StartOnDisk({{kDatabaseName, one}});
     DatabaseDisc.trackCount = 0;
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::noTracks);
-    EXPECT_EQ(ReplaceEntry(kHeaderBytes, {}), DatabaseResult::noTracks);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kNoTracks);
+    EXPECT_EQ(ReplaceEntry(kHeaderBytes, {}), DatabaseResult::kNoTracks);
     EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), one);
 }

@@ -22,7 +22,7 @@ static void ExpectReadable(const std::vector<Disc>& discs, size_t index) {
     const std::vector<uint32_t> starts = EntryStarts(discs);
     ASSERT_EQ(FindEntryOffset(static_cast<uint32_t>(index)), starts[index]);
     EntryFields fields;
-    ASSERT_TRUE(LoadEntryFields(starts[index], &fields));
+    ASSERT_TRUE(LoadEntryFields(starts[index], fields));
     EXPECT_TRUE(fields == disc.fields);
     ASSERT_TRUE(LoadEntryDisc(starts[index]));
     EXPECT_TRUE(SameToc(DatabaseDisc, disc.toc));
@@ -42,7 +42,7 @@ static void ExpectReadable(const std::vector<Disc>& discs, size_t index) {
 static DatabaseResult ReverseDatabase(const std::vector<uint32_t>& starts) {
     return SafeRewrite([&](RewriteSource& source, RewriteTarget& target) {
         DatabaseResult result = CopyHeader(source, source.entryCount, target);
-        for (size_t i = starts.size() - 1; i-- > 0 && result == DatabaseResult::ok;) {
+        for (size_t i = starts.size() - 1; i-- > 0 && result == DatabaseResult::kOk;) {
             result = CopyEntry(source, starts[i], target);
         }
         return result;
@@ -61,7 +61,7 @@ TEST(DatabaseSequence, StaysEqualToTheList) {
         const size_t index = discs.empty() ? 0 : random() % discs.size();
         const uint32_t start = EntryStarts(discs)[index];
         CopyDiscToc(fresh.toc);
-        DatabaseResult result = DatabaseResult::ok;
+        DatabaseResult result = DatabaseResult::kOk;
         if (discs.empty() || (kind < 7 && discs.size() < 40)) {
             result = AppendEntry(fresh.fields);
             discs.push_back(fresh);
@@ -79,7 +79,7 @@ TEST(DatabaseSequence, StaysEqualToTheList) {
             result = ReverseDatabase(EntryStarts(discs));
             std::reverse(discs.begin(), discs.end());
         }
-        ASSERT_EQ(result, DatabaseResult::ok);
+        ASSERT_EQ(result, DatabaseResult::kOk);
         ASSERT_EQ(DiskAfterEnd(), MemorySnapshot({{kDatabaseName, DatabaseImage(discs)}}));
         ASSERT_EQ(DatabaseEntryCount(), discs.size());
         if (!discs.empty()) ExpectReadable(discs, random() % discs.size());
@@ -92,14 +92,14 @@ TEST(DatabaseSequence, TheLastCountIsTheLimit) {
     std::string image = DatabaseImage(std::vector<Disc>(kMaxEntries - 1, SampleDisc(1, 1)));
     StartOnDisk({{kDatabaseName, image}});
     CopyDiscToc(SampleDisc(2, 1).toc);
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::ok);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kOk);
     EXPECT_EQ(DatabaseEntryCount(), kMaxEntries);
     image = FileBytes(DiskAfterEnd(), kDatabaseName);
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::full);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kFull);
     EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), image);
 
     // A full database can still be edited.
-    EXPECT_EQ(ReplaceEntryAtEnd(kHeaderBytes, {}), DatabaseResult::ok);
+    EXPECT_EQ(ReplaceEntryAtEnd(kHeaderBytes, {}), DatabaseResult::kOk);
     EXPECT_EQ(DatabaseEntryCount(), kMaxEntries);
     EXPECT_EQ(FindEntryOffset(kMaxEntries), 0u);
     EXPECT_NE(FindEntryOffset(kMaxEntries - 1), 0u);

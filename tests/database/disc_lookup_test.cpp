@@ -90,7 +90,7 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
     EXPECT_EQ(DiscTitleText() + TrackNameText(1), "");
     EXPECT_EQ(DatabaseEntryCount() + FindEntryOffset(0), 0u);
     EXPECT_TRUE(DiskAfterEnd().empty());
-    EXPECT_EQ(LookUp(WhenHeld::giveUp), LookupResult::unknown);
+    EXPECT_EQ(LookUp(WhenHeld::kGiveUp), LookupResult::kUnknown);
     EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), DatabaseImage({}));
 
     // Neither one that cannot be read nor one that waits under its backup name is replaced.
@@ -102,18 +102,18 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
         const char* name;
         LookupResult result;
     } cases[] = {
-        {Fault::held, 1, WhenHeld::tryAgain, kDatabaseName, LookupResult::unreadable},
-        {Fault::callFails, 2, WhenHeld::tryAgain, kDatabaseName, LookupResult::unreadable},
-        {Fault::heldBriefly, 1, WhenHeld::giveUp, kDatabaseName, LookupResult::unreadable},
-        {Fault::heldBriefly, 1, WhenHeld::tryAgain, kDatabaseName, LookupResult::found},
-        {Fault::held, 2, WhenHeld::giveUp, kBackupName, LookupResult::unreadable},
-        {Fault::none, 0, WhenHeld::giveUp, kBackupName, LookupResult::found},
+        {Fault::kHeld, 1, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kUnreadable},
+        {Fault::kCallFails, 2, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kUnreadable},
+        {Fault::kHeldBriefly, 1, WhenHeld::kGiveUp, kDatabaseName, LookupResult::kUnreadable},
+        {Fault::kHeldBriefly, 1, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kFound},
+        {Fault::kHeld, 2, WhenHeld::kGiveUp, kBackupName, LookupResult::kUnreadable},
+        {Fault::kNone, 0, WhenHeld::kGiveUp, kBackupName, LookupResult::kFound},
     };
     for (const auto& each : cases) {
         StartOnDisk({{each.name, image}});
         ArmFault(each.fault, each.call);
         EXPECT_EQ(LookUp(each.whenHeld), each.result) << &each - cases;
-        const bool restored = each.fault == Fault::none;
+        const bool restored = each.fault == Fault::kNone;
         EXPECT_EQ(DiskAfterEnd(), MemorySnapshot({{restored ? kDatabaseName : each.name, image}}));
     }
 }

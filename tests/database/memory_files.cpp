@@ -11,14 +11,14 @@
 const std::string kNoSuchFile = "(no such file)";
 
 #ifdef _WIN32
-static const FileAccess kSystemFiles = DatabaseFiles;
+static const FileAccess kSystemFiles = FileCalls;
 
 void UseSystemFiles() {
-    DatabaseFiles = kSystemFiles;
+    FileCalls = kSystemFiles;
 }
 #else
 // Only the product's system has calls of its own.
-FileAccess DatabaseFiles;
+FileAccess FileCalls;
 #endif
 
 namespace {
@@ -38,7 +38,7 @@ struct Handle {
 };
 
 struct ArmedFault {
-    Fault fault = Fault::none;
+    Fault fault = Fault::kNone;
     int atCall = 0;
 };
 
@@ -48,37 +48,37 @@ ArmedFault armed[2];
 int calls = 0;
 bool diskIsFull = false;
 bool everythingHeld = false;
-Fault endedBy = Fault::none;
+Fault endedBy = Fault::kNone;
 
 // One call: whether a fault strikes it, and what it answers when it has no effect for that reason.
 struct Call {
-    Fault fault = Fault::none;
-    FileStatus status = FileStatus::ok;
+    Fault fault = Fault::kNone;
+    FileStatus status = FileStatus::kOk;
 };
 
 }  // namespace
 
 static Fault NextFault() {
-    if (endedBy != Fault::none) return Fault::endsBefore;
+    if (endedBy != Fault::kNone) return Fault::kEndsBefore;
     ++calls;
     for (const ArmedFault& each : armed) {
-        const int last = each.fault == Fault::heldBriefly ? each.atCall + 2 : each.atCall;
-        if (each.fault == Fault::none || calls < each.atCall || calls > last) continue;
-        if (each.fault == Fault::diskFull) diskIsFull = true;
-        if (each.fault == Fault::held) everythingHeld = true;
-        if (each.fault >= Fault::endsBefore) endedBy = each.fault;
+        const int last = each.fault == Fault::kHeldBriefly ? each.atCall + 2 : each.atCall;
+        if (each.fault == Fault::kNone || calls < each.atCall || calls > last) continue;
+        if (each.fault == Fault::kDiskFull) diskIsFull = true;
+        if (each.fault == Fault::kHeld) everythingHeld = true;
+        if (each.fault >= Fault::kEndsBefore) endedBy = each.fault;
         return each.fault;
     }
-    return Fault::none;
+    return Fault::kNone;
 }
 
 static Call NextCall(bool opensOrNames = false) {
     const Fault fault = NextFault();
-    const bool held = everythingHeld || fault == Fault::heldBriefly;
+    const bool held = everythingHeld || fault == Fault::kHeldBriefly;
     const bool fails =
-        fault == Fault::callFails || fault == Fault::endsBefore || fault == Fault::endsHalfway;
-    if (fails) return {fault, FileStatus::failed};
-    return {fault, held && opensOrNames ? FileStatus::held : FileStatus::ok};
+        fault == Fault::kCallFails || fault == Fault::kEndsBefore || fault == Fault::kEndsHalfway;
+    if (fails) return {fault, FileStatus::kFailed};
+    return {fault, held && opensOrNames ? FileStatus::kHeld : FileStatus::kOk};
 }
 
 static Handle* Find(FileHandle file) {
@@ -86,32 +86,32 @@ static Handle* Find(FileHandle file) {
     return index < handles.size() && handles[index].file ? &handles[index] : nullptr;
 }
 
-static FileStatus Open(const char* path, FileMode mode, FileHandle* file) {
+static FileStatus Open(const char* path, FileMode mode, FileHandle& file) {
     const Call call = NextCall(true);
-    if (call.status != FileStatus::ok) return call.status;
-    const bool creates = mode == FileMode::createNew || mode == FileMode::createAlways;
+    if (call.status != FileStatus::kOk) return call.status;
+    const bool creates = mode == FileMode::kCreateNew || mode == FileMode::kCreateAlways;
     const bool exists = disk.count(path) > 0;
-    if (!creates && !exists) return FileStatus::missing;
-    if (mode == FileMode::createNew && exists) return FileStatus::exists;
+    if (!creates && !exists) return FileStatus::kMissing;
+    if (mode == FileMode::kCreateNew && exists) return FileStatus::kExists;
     if (creates) disk[path] = std::make_shared<MemoryFile>();
     ++disk[path]->openHandles;
-    handles.push_back({disk[path], 0, mode != FileMode::readShared});
-    *file = static_cast<FileHandle>(handles.size() - 1);
-    return FileStatus::ok;
+    handles.push_back({disk[path], 0, mode != FileMode::kReadShared});
+    file = static_cast<FileHandle>(handles.size() - 1);
+    return FileStatus::kOk;
 }
 
-static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t* readBytes) {
+static FileStatus Read(FileHandle file, void* data, uint32_t sizeBytes, uint32_t& readBytes) {
     const Call call = NextCall();
     Handle* handle = Find(file);
-    if (call.status != FileStatus::ok || !handle) return FileStatus::failed;
-    if (call.fault == Fault::fallsShort) sizeBytes = (sizeBytes + 1) / 2;
+    if (call.status != FileStatus::kOk || !handle) return FileStatus::kFailed;
+    if (call.fault == Fault::kFallsShort) sizeBytes = (sizeBytes + 1) / 2;
     const std::string& bytes = handle->file->bytes;
     const uint64_t offset = std::min<uint64_t>(handle->offset, bytes.size());
     const uint64_t count = std::min<uint64_t>(sizeBytes, bytes.size() - offset);
     std::memcpy(data, bytes.data() + offset, static_cast<size_t>(count));
     handle->offset += count;
-    *readBytes = static_cast<uint32_t>(count);
-    return FileStatus::ok;
+    readBytes = static_cast<uint32_t>(count);
+    return FileStatus::kOk;
 }
 
 static void Put(Handle& handle, const void* data, uint32_t sizeBytes) {
@@ -125,40 +125,40 @@ static void Put(Handle& handle, const void* data, uint32_t sizeBytes) {
 }
 
 static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
-                        uint32_t* writtenBytes) {
+                        uint32_t& writtenBytes) {
     const bool wasFull = diskIsFull;
     const Call call = NextCall();
     Handle* handle = Find(file);
-    if (!handle || !handle->writes) return FileStatus::failed;
-    const bool doesHalf = call.fault == Fault::endsHalfway || (diskIsFull && !wasFull);
+    if (!handle || !handle->writes) return FileStatus::kFailed;
+    const bool doesHalf = call.fault == Fault::kEndsHalfway || (diskIsFull && !wasFull);
     if (doesHalf) Put(*handle, data, sizeBytes / 2);
-    if (call.status != FileStatus::ok) return call.status;
-    if (diskIsFull) return FileStatus::diskFull;
-    if (call.fault == Fault::fallsShort) sizeBytes /= 2;
-    if (call.fault == Fault::writeLost) {
+    if (call.status != FileStatus::kOk) return call.status;
+    if (diskIsFull) return FileStatus::kDiskFull;
+    if (call.fault == Fault::kFallsShort) sizeBytes /= 2;
+    if (call.fault == Fault::kWriteLost) {
         handle->offset += sizeBytes;
     } else {
         Put(*handle, data, sizeBytes);
     }
-    *writtenBytes = sizeBytes;
-    return FileStatus::ok;
+    writtenBytes = sizeBytes;
+    return FileStatus::kOk;
 }
 
 // A call on an open file that fails or is done whole.
 template <typename Work>
 static FileStatus OnHandle(FileHandle file, Work work) {
     Handle* handle = Find(file);
-    if (NextCall().status != FileStatus::ok || !handle) return FileStatus::failed;
+    if (NextCall().status != FileStatus::kOk || !handle) return FileStatus::kFailed;
     work(*handle);
-    return FileStatus::ok;
+    return FileStatus::kOk;
 }
 
 static FileStatus Seek(FileHandle file, uint64_t offset) {
     return OnHandle(file, [=](Handle& handle) { handle.offset = offset; });
 }
 
-static FileStatus Size(FileHandle file, uint64_t* sizeBytes) {
-    return OnHandle(file, [=](Handle& handle) { *sizeBytes = handle.file->bytes.size(); });
+static FileStatus Size(FileHandle file, uint64_t& sizeBytes) {
+    return OnHandle(file, [&](Handle& handle) { sizeBytes = handle.file->bytes.size(); });
 }
 
 static FileStatus Flush(FileHandle file) {
@@ -185,14 +185,14 @@ static FileStatus Close(FileHandle file) {
 // Takes a name off the disk and, unless it is removed for good, gives its file another.
 static FileStatus Rename(const char* from, const char* to) {
     const Call call = NextCall(true);
-    if (call.status != FileStatus::ok) return call.status;
+    if (call.status != FileStatus::kOk) return call.status;
     const auto found = disk.find(from);
-    if (found == disk.end()) return FileStatus::missing;
-    if (to && disk.count(to) > 0) return FileStatus::exists;
-    if (found->second->openHandles > 0) return FileStatus::held;
+    if (found == disk.end()) return FileStatus::kMissing;
+    if (to && disk.count(to) > 0) return FileStatus::kExists;
+    if (found->second->openHandles > 0) return FileStatus::kHeld;
     if (to) disk[to] = found->second;
     disk.erase(found);
-    return FileStatus::ok;
+    return FileStatus::kOk;
 }
 
 static FileStatus Remove(const char* path) {
@@ -201,15 +201,15 @@ static FileStatus Remove(const char* path) {
 
 static FileStatus Exists(const char* path) {
     const Call call = NextCall();
-    if (call.status != FileStatus::ok) return call.status;
-    return disk.count(path) > 0 ? FileStatus::ok : FileStatus::missing;
+    if (call.status != FileStatus::kOk) return call.status;
+    return disk.count(path) > 0 ? FileStatus::kOk : FileStatus::kMissing;
 }
 
 static void Pause(uint32_t) {}
 
 void UseMemoryFiles() {
-    DatabaseFiles = {Open,     Read,  Write,  Seek,   Size,   Flush,
-                     Truncate, Close, Rename, Remove, Exists, Pause};
+    FileCalls = {Open,     Read,  Write,  Seek,   Size,   Flush,
+                 Truncate, Close, Rename, Remove, Exists, Pause};
     AppDirectory.clear();
     StartOnDisk({});
 }
@@ -220,17 +220,17 @@ void StartOnDisk(const MemorySnapshot& snapshot) {
     for (const auto& [name, bytes] : snapshot) {
         disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0});
     }
-    ArmFault(Fault::none, 0);
+    ArmFault(Fault::kNone, 0);
 }
 
 MemorySnapshot DiskAfterEnd() {
     MemorySnapshot snapshot;
     for (const auto& [name, file] : disk) {
         std::string& bytes = snapshot[name] = file->bytes;
-        if (endedBy < Fault::powerLoss) continue;
+        if (endedBy < Fault::kPowerLoss) continue;
         const size_t sizeBytes = bytes.size();
         bytes = file->flushedBytes;
-        if (endedBy == Fault::powerLoss) continue;
+        if (endedBy == Fault::kPowerLoss) continue;
         bytes.resize(sizeBytes);
         const size_t at = std::min(sizeBytes, file->lastWriteAt);
         const size_t kept = std::min(file->lastWrite.size(), sizeBytes - at);
@@ -245,7 +245,7 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
     calls = 0;
     diskIsFull = false;
     everythingHeld = false;
-    endedBy = Fault::none;
+    endedBy = Fault::kNone;
 }
 
 int CallsMade() {
@@ -253,7 +253,7 @@ int CallsMade() {
 }
 
 bool ProgramEnded() {
-    return endedBy != Fault::none;
+    return endedBy != Fault::kNone;
 }
 
 int OpenHandles() {

@@ -9,20 +9,20 @@
 #include "base/file_access.h"
 
 enum class Fault {
-    none,
-    callFails,
-    fallsShort,   // a read or write does half of its work and answers ok
-    diskFull,     // from here on no write finds room; the first one still does half
-    held,         // from here on another program holds every file
-    heldBriefly,  // the same for three calls
-    writeLost,    // a write answers ok and nothing of it is kept
-    endsBefore,   // the program ends: this call and all later ones have no effect
-    endsHalfway,  // a write still does half of its work
-    endsAfter,
-    powerLoss,  // the program ends after this call, and what was not flushed is lost
+    kNone,
+    kCallFails,
+    kFallsShort,   // a read or write does half of its work and answers ok
+    kDiskFull,     // from here on no write finds room; the first one still does half
+    kHeld,         // from here on another program holds every file
+    kHeldBriefly,  // the same for three calls
+    kWriteLost,    // a write answers ok and nothing of it is kept
+    kEndsBefore,   // the program ends: this call and all later ones have no effect
+    kEndsHalfway,  // a write still does half of its work
+    kEndsAfter,
+    kPowerLoss,  // the program ends after this call, and what was not flushed is lost
     // The same, but files keep their length, the last write reached the disk, and what came before
     // it reads as zeros.
-    powerLossInPart,
+    kPowerLossInPart,
 };
 
 // Files by name. Copying a snapshot back starts the program anew on that disk.
@@ -37,7 +37,7 @@ void StartOnDisk(const MemorySnapshot& disk);
 // What a program started now would find. Ends the present one.
 MemorySnapshot DiskAfterEnd();
 
-void ArmFault(Fault fault, int atCall, Fault second = Fault::none, int secondAtCall = 0);
+void ArmFault(Fault fault, int atCall, Fault second = Fault::kNone, int secondAtCall = 0);
 int CallsMade();
 bool ProgramEnded();
 int OpenHandles();

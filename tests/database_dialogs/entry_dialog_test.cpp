@@ -113,14 +113,14 @@ static EntryFields Stored(const DiscToc& disc) {
     EntryFields fields;
     CopyDiscToc(disc);
     EXPECT_TRUE(FindDisc(disc.totalSeconds, disc.trackCount));
-    EXPECT_TRUE(LoadEntryFields(FoundEntryOffset, &fields));
+    EXPECT_TRUE(LoadEntryFields(FoundEntryOffset, fields));
     return fields;
 }
 
 static void Store(const Disc& disc) {
     EnsureDatabase();
     CopyDiscToc(disc.toc);
-    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::ok);
+    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
 }
 
 class EntryDialogTest : public testing::Test {

@@ -186,7 +186,7 @@ TEST(DemoMedia, CatalogueIsWholeAndKnowsTheFirstDisc) {
     const std::string bytes(file.begin(), file.end());
     UseMemoryFiles();
     StartOnDisk({{kDatabaseName, bytes}});
-    EXPECT_EQ(RecoverDatabase(), RecoveryResult::nothingToDo);
+    EXPECT_EQ(RecoverDatabase(), RecoveryResult::kNothingToDo);
     EXPECT_EQ(FindEntryOffset(DatabaseEntryCount()), 0U) << "more entries than are counted";
     for (int i = 0; i < DatabaseEntryCount(); ++i) {
         const uint32_t start = FindEntryOffset(static_cast<uint32_t>(i));

@@ -63,7 +63,7 @@ static void AskAbout(uint32_t entryStart) {
     for (const int track : {-1, 0, 1, 99, 255, 256})
         Require(ReadTrackName(entryStart, track).size() <= 255);
     EntryFields fields;
-    LoadEntryFields(entryStart, &fields);
+    LoadEntryFields(entryStart, fields);
     LoadEntryDisc(entryStart);
     Require(fields.notes.size() <= 255 && DatabaseDisc.trackCount <= kMaxTracks);
     // The disc of the entry itself, so that the comparison of the tracks is reached.
@@ -91,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     StartOnDisk(before);
     if (before.count(kDatabaseName) > 0) AskEverything(before);
     const RecoveryResult result = RecoverDatabase();
-    Require(result != RecoveryResult::failed && OpenHandles() == 0);
+    Require(result != RecoveryResult::kFailed && OpenHandles() == 0);
     const MemorySnapshot recovered = DiskAfterEnd();
     const std::string database = FileBytes(recovered, kDatabaseName);
     if (before.count(kDatabaseName) > 0) {
@@ -112,7 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fields.artist = "appended";
     CopyDiscToc(toc);
     const DatabaseResult appended = AppendEntry(fields);
-    if (appended == DatabaseResult::ok) {
+    if (appended == DatabaseResult::kOk) {
         RequireAppended(database, toc, fields);
     } else {
         Require(Database() == database);
@@ -122,7 +122,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const uint32_t entryStart = FindEntryOffset(index);
         const DatabaseResult deleted =
             index == 0 ? DeleteEntry(entryStart) : ReplaceEntryAtEnd(entryStart, fields);
-        Require(deleted == DatabaseResult::ok || Database() == beforeDelete);
+        Require(deleted == DatabaseResult::kOk || Database() == beforeDelete);
         StartOnDisk({{kDatabaseName, beforeDelete}});
     }
     return 0;

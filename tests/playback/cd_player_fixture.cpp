@@ -32,7 +32,7 @@ void CdPlayerTest::Catalogue(const std::string& artist, const std::string& disc)
         fields.trackNames[i] = disc + " " + char('a' + i % 26);
     EnsureDatabase();
     CopyDiscToc(PlayerDiscToc());
-    ASSERT_EQ(AppendEntry(fields), DatabaseResult::ok);
+    ASSERT_EQ(AppendEntry(fields), DatabaseResult::kOk);
 }
 
 void CdPlayerTest::ExpectShown(std::initializer_list<std::pair<int, const char*>> texts) {

@@ -1,14 +1,12 @@
 // Writing the database's header.
-#include "database/database_header.h"
+#include "database/database_format.h"
 
 #include <cstring>
-
-#include "database/database_format.h"
 
 static FileStatus WriteAndFlush(FileHandle file, uint64_t offset, const uint8_t* data,
                                 uint32_t sizeBytes) {
     const FileStatus status = WriteAt(file, offset, data, sizeBytes);
-    return status == FileStatus::ok ? DatabaseFiles.flush(file) : status;
+    return status == FileStatus::kOk ? FileCalls.flush(file) : status;
 }
 
 FileStatus WriteEntryCount(FileHandle file, uint32_t entryCount) {

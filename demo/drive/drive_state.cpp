@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "demo/drive/command_log.h"
-#include "demo/drive/drive_options.h"
+#include "demo/device/command_log.h"
+#include "demo/device/device_options.h"
 
 DriveState Drive;
 
@@ -22,15 +22,6 @@ void DestroyDriveLock() {
 DriveLock LockDrive() {
     EnterCriticalSection(&Lock);
     return DriveLock(&Lock);
-}
-
-uint64_t NowMs() {
-    LARGE_INTEGER now, perSecond;
-    QueryPerformanceCounter(&now);
-    QueryPerformanceFrequency(&perSecond);
-    const auto ticks = static_cast<uint64_t>(now.QuadPart);
-    const auto rate = static_cast<uint64_t>(perSecond.QuadPart);
-    return ticks / rate * 1000 + ticks % rate * 1000 / rate;
 }
 
 // The path of the CUE sheet that the tray file names, empty for an empty tray.

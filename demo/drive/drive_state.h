@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "demo/device/device_clock.h"
 #include "demo/drive/disc_player.h"
 #include "demo/drive/transport.h"
 
@@ -32,9 +33,6 @@ void DestroyDriveLock();
 
 // Everything in Drive is read and changed under this lock.
 DriveLock LockDrive();
-
-// A steady clock.
-uint64_t NowMs();
 
 // Looks at the tray file: another disc there is inserted, none takes the disc out.
 void RefreshDisc();

@@ -7,7 +7,7 @@
 
 #include <mmddk.h>
 
-#include "demo/drive/drive_options.h"
+#include "demo/device/device_options.h"
 #include "demo/drive/drive_state.h"
 
 DWORD ErrorOfResult(DriveResult result) {

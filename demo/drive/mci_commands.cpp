@@ -7,10 +7,11 @@
 
 #include <mmddk.h>
 
+#include <cstdio>
 #include <optional>
 
-#include "demo/drive/command_log.h"
-#include "demo/drive/drive_options.h"
+#include "demo/device/command_log.h"
+#include "demo/device/device_options.h"
 #include "demo/drive/drive_state.h"
 #include "demo/drive/mci_answers.h"
 
@@ -181,12 +182,27 @@ static void WaitForEndOfPlay() {
     }
 }
 
+static std::string PackedText(uint32_t packed, TimeFormat format) {
+    char text[40];
+    const unsigned bytes[4] = {packed & 255, packed >> 8 & 255, packed >> 16 & 255, packed >> 24};
+    if (format == TimeFormat::milliseconds)
+        std::snprintf(text, sizeof text, "%u ms", static_cast<unsigned>(packed));
+    else if (format == TimeFormat::msf)
+        std::snprintf(text, sizeof text, "%02u:%02u:%02u", bytes[0], bytes[1], bytes[2]);
+    else
+        std::snprintf(text, sizeof text, "%02u:%02u:%02u:%02u", bytes[0], bytes[1], bytes[2],
+                      bytes[3]);
+    return text;
+}
+
 DWORD RunMciCommand(DriveHandle& handle, UINT message, DWORD flags, void* parameters) {
     DWORD result = 0;
     {
         const DriveLock lock = LockDrive();
         RefreshDisc();
-        const std::string line = DescribeCommand(message, flags, parameters, handle.timeFormat);
+        const std::string line = DescribeCommand(
+            message, flags, parameters,
+            [&](uint32_t position) { return PackedText(position, handle.timeFormat); });
         result = RunLocked(handle, message, flags, parameters);
         LogLine(line + DescribeResult(message, result, parameters));
     }

@@ -6,8 +6,18 @@
 
 #include <mmddk.h>
 
+#include "demo/device/device_options.h"
 #include "demo/drive/drive_state.h"
 #include "demo/drive/mci_commands.h"
+
+// The drive's options:
+//   Tray      path of a text file whose first line names the CUE sheet of the disc in the drive
+//             (UTF-8, relative to the text file); a missing or empty file is an empty drive
+//   Log       path of a text file to which every command is added as it arrives; none by default
+//   SpinUpMs  how long a disc takes to become ready after it was put in; 0 by default
+//   CanEject  0 for a drive whose door stays shut; 1 by default
+const wchar_t kOptionsKey[] = L"Software\\Tarnwell Virtual Drive";
+const wchar_t kOptionsPrefix[] = L"TARNWELL_DRIVE_";
 
 // What DRV_OPEN returns when the system only wants to know that the driver is there.
 static constexpr DWORD_PTR kNoHandle = 1;

@@ -34,6 +34,11 @@ void SetLittle32(Bytes& bytes, size_t offset, uint32_t value) {
         bytes.at(offset + i) = static_cast<uint8_t>(value >> (8 * i) & 255);
 }
 
+void SetBig32(Bytes& bytes, size_t offset, uint32_t value) {
+    for (size_t i = 0; i < 4; ++i)
+        bytes.at(offset + i) = static_cast<uint8_t>(value >> (24 - 8 * i) & 255);
+}
+
 bool WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
@@ -42,6 +47,6 @@ bool WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
                static_cast<std::streamsize>(bytes.size()));
     file.close();
     if (file.good()) return true;
-    std::fprintf(stderr, "cannot write %s\n", path.c_str());
+    std::fprintf(stderr, "cannot write %s\n", path.string().c_str());
     return false;
 }

@@ -17,6 +17,7 @@ void PutBig32(Bytes& bytes, uint32_t value);
 
 // Writes value over the four bytes at offset, which must exist.
 void SetLittle32(Bytes& bytes, size_t offset, uint32_t value);
+void SetBig32(Bytes& bytes, size_t offset, uint32_t value);
 
 // Creates the directory of path if needed. False with a message on the error stream if the file
 // could not be written whole.

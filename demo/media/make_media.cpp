@@ -46,17 +46,24 @@ static bool WriteVideos(const path& directory) {
     const Cartoon small = {160, 120, 45, 15, false};
     const Cartoon large = {400, 300, 45, 15, true};
     const Sketch& tune = MidiSketches()[0].sketch;
-    const auto stereo = RenderMilliseconds(tune, 22050, 3000);
+    const auto stereo = RenderMilliseconds(tune, 22050, 4000);
     std::vector<int16_t> mono;
     for (size_t i = 0; i + 1 < stereo.size(); i += 2)
         mono.push_back(static_cast<int16_t>((stereo[i] + stereo[i + 1]) / 2));
+    const Cartoon boat = {160, 120, 60, 15, false, Scene::kBoat};
     Bytes broken;
     PutText(broken, "RIFF");
     PutLittle32(broken, 40);
     PutText(broken, "AVI LIST");
+    // A movie atom that claims more than the file has.
+    Bytes brokenFilm;
+    PutBig32(brokenFilm, 4000);
+    PutText(brokenFilm, "moov");
     return WriteFile(directory / "Bouncing Ball.avi", PackCartoon(small, mono)) &&
            WriteFile(directory / "Over the Hills.avi", PackCartoon(large, {})) &&
-           WriteFile(directory / "Broken on Purpose.avi", broken);
+           WriteFile(directory / "Paper Boat.mov", PackCartoonFilm(boat, mono)) &&
+           WriteFile(directory / "Broken on Purpose.avi", broken) &&
+           WriteFile(directory / "Broken on Purpose.mov", brokenFilm);
 }
 
 static bool WriteDiscs(const path& directory) {

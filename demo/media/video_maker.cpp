@@ -1,7 +1,9 @@
-// A ball that bounces over hills, and the AVI container around its pictures.
+// A ball that bounces over hills, a boat on the waves, and the AVI container around the pictures.
 #include "demo/media/video_maker.h"
 
 #include <cmath>
+
+#include "demo/media/film_maker.h"
 
 static constexpr int kSoundRate = 22050;
 static constexpr uint32_t kKeyFrame = 0x10;
@@ -13,25 +15,36 @@ enum Colour : uint8_t {
     kHillShade,
     kBall,
     kBallLight,
-    kSun
+    kSun,
+    kSea,
+    kHull,
+    kSail,
+    kColourCount
 };
+
+// Red in the lowest byte.
+static uint32_t Rgb(uint32_t colour) {
+    uint32_t red = colour, green = colour, blue = colour;
+    if (colour < kSkySteps) {
+        red = 90 + colour * 9;
+        green = 140 + colour * 6;
+        blue = 220 + colour * 2;
+    }
+    const uint32_t named[kColourCount - kHill][3] = {
+        {70, 140, 70},   {50, 110, 60},  {200, 50, 40}, {250, 150, 130},
+        {255, 230, 120}, {40, 100, 160}, {130, 80, 40}, {250, 245, 230}};
+    if (colour >= kHill && colour < kColourCount) {
+        red = named[colour - kHill][0];
+        green = named[colour - kHill][1];
+        blue = named[colour - kHill][2];
+    }
+    return red | green << 8 | blue << 16;
+}
 
 static void PutPalette(Bytes& bytes) {
     for (uint32_t i = 0; i < 256; ++i) {
-        uint32_t red = i, green = i, blue = i;
-        if (i < kSkySteps) {
-            red = 90 + i * 9;
-            green = 140 + i * 6;
-            blue = 220 + i * 2;
-        }
-        const uint32_t named[5][3] = {
-            {70, 140, 70}, {50, 110, 60}, {200, 50, 40}, {250, 150, 130}, {255, 230, 120}};
-        if (i >= kHill && i <= kSun) {
-            red = named[i - kHill][0];
-            green = named[i - kHill][1];
-            blue = named[i - kHill][2];
-        }
-        PutLittle32(bytes, blue | green << 8 | red << 16);
+        const uint32_t colour = Rgb(i);
+        PutLittle32(bytes, colour >> 16 | (colour & 0xFF00) | (colour & 0xFF) << 16);
     }
 }
 
@@ -39,28 +52,78 @@ static bool IsInside(double x, double y, double centreX, double centreY, double 
     return (x - centreX) * (x - centreX) + (y - centreY) * (y - centreY) < radius * radius;
 }
 
-// Rows from the bottom up, as bitmaps store them; each row is a multiple of four pixels.
-static Bytes DrawPicture(const Cartoon& cartoon, int frame) {
+static uint8_t SkyAt(const Cartoon& cartoon, int column, int row) {
+    if (IsInside(column, row, cartoon.width * 0.82, cartoon.height * 0.2, cartoon.height / 9.0))
+        return kSun;
+    return static_cast<uint8_t>(row * kSkySteps / cartoon.height);
+}
+
+static uint8_t BallAt(const Cartoon& cartoon, int frame, int column, int row) {
     const double time = static_cast<double>(frame) / cartoon.framesPerSecond;
     const double width = cartoon.width, height = cartoon.height;
     const double radius = height / 9;
     const double ballX = width * (0.15 + 0.7 * frame / cartoon.frameCount);
     const double ballY = height * (0.72 - 0.5 * std::fabs(std::sin(time * 3.0)));
+    if (IsInside(column, row, ballX - radius / 3, ballY - radius / 3, radius / 4))
+        return kBallLight;
+    if (IsInside(column, row, ballX, ballY, radius)) return kBall;
+    const double hill = height * (0.82 - 0.06 * std::sin(column * 9.0 / width + 0.4));
+    if (row > hill) return row > hill + height * 0.06 ? kHillShade : kHill;
+    return SkyAt(cartoon, column, row);
+}
+
+static double SeaLevel(const Cartoon& cartoon, double time, double column) {
+    return cartoon.height * (0.7 + 0.04 * std::sin(column * 14.0 / cartoon.width + time * 2.0));
+}
+
+static uint8_t BoatAt(const Cartoon& cartoon, int frame, int column, int row) {
+    const double time = static_cast<double>(frame) / cartoon.framesPerSecond;
+    const double size = cartoon.height / 6.0;
+    const double boatX = cartoon.width * (0.2 + 0.6 * frame / cartoon.frameCount);
+    const double tilt = 0.15 * std::sin(time * 3.0);
+    // In the boat's own system: x to the bow, y down from the waterline, one unit its half length.
+    const double offX = (column - boatX) / size;
+    const double offY = (row - SeaLevel(cartoon, time, boatX)) / size;
+    const double x = offX + offY * tilt, y = offY - offX * tilt;
+    if (y > -0.4 && y < 0.2 && std::fabs(x) < 1.0 - (y + 0.4) * 0.6) return kHull;
+    if (y < -0.5 && y > -2.2 && x > -0.1 && x < 0.8 * (y + 2.2) / 1.7) return kSail;
+    if (row > SeaLevel(cartoon, time, column)) return kSea;
+    return SkyAt(cartoon, column, row);
+}
+
+// Rows from the top down.
+static Bytes DrawPicture(const Cartoon& cartoon, int frame) {
+    const auto colourAt = cartoon.scene == Scene::kBall ? BallAt : BoatAt;
     Bytes picture;
     picture.reserve(static_cast<size_t>(cartoon.width) * static_cast<size_t>(cartoon.height));
-    for (int row = cartoon.height - 1; row >= 0; --row) {
-        for (int column = 0; column < cartoon.width; ++column) {
-            const double hill = height * (0.82 - 0.06 * std::sin(column * 9.0 / width + 0.4));
-            auto colour = static_cast<uint8_t>(row * kSkySteps / cartoon.height);
-            if (IsInside(column, row, width * 0.82, height * 0.2, radius)) colour = kSun;
-            if (row > hill) colour = row > hill + height * 0.06 ? kHillShade : kHill;
-            if (IsInside(column, row, ballX, ballY, radius)) colour = kBall;
-            if (IsInside(column, row, ballX - radius / 3, ballY - radius / 3, radius / 4))
-                colour = kBallLight;
-            picture.push_back(colour);
-        }
+    for (int row = 0; row < cartoon.height; ++row) {
+        for (int column = 0; column < cartoon.width; ++column)
+            picture.push_back(colourAt(cartoon, frame, column, row));
     }
     return picture;
+}
+
+// Rows from the bottom up, as bitmaps store them; each row is a multiple of four pixels.
+static Bytes DrawBitmap(const Cartoon& cartoon, int frame) {
+    const Bytes picture = DrawPicture(cartoon, frame);
+    const auto width = static_cast<ptrdiff_t>(cartoon.width);
+    Bytes bitmap;
+    for (auto row = picture.end(); row != picture.begin(); row -= width)
+        bitmap.insert(bitmap.end(), row - width, row);
+    return bitmap;
+}
+
+Bytes PackCartoonFilm(const Cartoon& cartoon, const std::vector<int16_t>& monoSamples) {
+    const auto draw = [&cartoon](int frame) {
+        Bytes picture;
+        for (const uint8_t colour : DrawPicture(cartoon, frame)) {
+            for (int shift = 0; shift < 24; shift += 8)
+                picture.push_back(static_cast<uint8_t>(Rgb(colour) >> shift & 255));
+        }
+        return picture;
+    };
+    return PackFilm({cartoon.width, cartoon.height, cartoon.frameCount, cartoon.framesPerSecond},
+                    draw, monoSamples, kSoundRate);
 }
 
 static Bytes CodeRuns(const Bytes& picture, size_t width) {
@@ -196,7 +259,7 @@ Bytes PackCartoon(const Cartoon& cartoon, const std::vector<int16_t>& monoSample
     EndChunk(file, header);
     const size_t movie = BeginList(file, "movi");
     for (int frame = 0; frame < cartoon.frameCount; ++frame) {
-        const Bytes picture = DrawPicture(cartoon, frame);
+        const Bytes picture = DrawBitmap(cartoon, frame);
         if (cartoon.runLength)
             PutDataChunk(file, index, movie, "00dc",
                          CodeRuns(picture, static_cast<size_t>(cartoon.width)));

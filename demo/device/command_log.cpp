@@ -1,5 +1,5 @@
 // One file, opened for each line: any program may read it meanwhile or take it away.
-#include "demo/drive/command_log.h"
+#include "demo/device/command_log.h"
 
 #include <windows.h>
 
@@ -9,7 +9,7 @@
 
 #include <cstdio>
 
-#include "demo/drive/drive_options.h"
+#include "demo/device/device_options.h"
 
 void LogLine(const std::string& line) {
     const std::wstring path = ReadTextOption(L"Log");
@@ -24,6 +24,13 @@ void LogLine(const std::string& line) {
     CloseHandle(file);
 }
 
+static std::string Narrow(const wchar_t* text) {
+    char narrow[MAX_PATH] = "";
+    if (text == nullptr) return "none";
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, narrow, MAX_PATH - 1, nullptr, nullptr);
+    return narrow;
+}
+
 static std::string HexField(const char* name, uint32_t value) {
     char field[64];
     std::snprintf(field, sizeof field, " %s=%08x", name, static_cast<unsigned>(value));
@@ -34,20 +41,11 @@ static std::string NumberField(const char* name, uint32_t value) {
     return std::string(" ") + name + "=" + std::to_string(value);
 }
 
-static std::string PositionField(const char* name, uint32_t packed, TimeFormat format) {
-    char text[40];
-    const unsigned bytes[4] = {packed & 255, packed >> 8 & 255, packed >> 16 & 255, packed >> 24};
-    if (format == TimeFormat::milliseconds)
-        std::snprintf(text, sizeof text, " (%u ms)", static_cast<unsigned>(packed));
-    else if (format == TimeFormat::msf)
-        std::snprintf(text, sizeof text, " (%02u:%02u:%02u)", bytes[0], bytes[1], bytes[2]);
-    else
-        std::snprintf(text, sizeof text, " (%02u:%02u:%02u:%02u)", bytes[0], bytes[1], bytes[2],
-                      bytes[3]);
-    return HexField(name, packed) + text;
-}
-
-std::string DescribeCommand(UINT message, DWORD flags, const void* parameters, TimeFormat format) {
+std::string DescribeCommand(UINT message, DWORD flags, const void* parameters,
+                            const PositionText& positionText) {
+    const auto positionField = [&](const char* name, DWORD position) {
+        return HexField(name, position) + " (" + positionText(position) + ")";
+    };
     struct MessageName {
         UINT message;
         const char* name;
@@ -62,24 +60,29 @@ std::string DescribeCommand(UINT message, DWORD flags, const void* parameters, T
                                          {MCI_RESUME, "resume"},
                                          {MCI_STOP, "stop"},
                                          {MCI_INFO, "info"},
-                                         {MCI_GETDEVCAPS, "capability"}};
+                                         {MCI_GETDEVCAPS, "capability"},
+                                         {MCI_WHERE, "where"},
+                                         {MCI_PUT, "put"}};
     std::string line = "message-" + std::to_string(message);
     for (const MessageName& known : kNames) {
         if (known.message == message) line = known.name;
     }
     line += HexField("flags", flags);
     if (!parameters) return line + " no-parameters";
-    if (message == MCI_STATUS) {
+    if (message == MCI_OPEN_DRIVER && (flags & MCI_OPEN_ELEMENT) != 0) {
+        line +=
+            " element=" + Narrow(static_cast<const MCI_OPEN_PARMSW*>(parameters)->lpstrElementName);
+    } else if (message == MCI_STATUS) {
         const auto& status = *static_cast<const MCI_STATUS_PARMS*>(parameters);
         line += NumberField("item", status.dwItem);
         if ((flags & MCI_TRACK) != 0) line += NumberField("track", status.dwTrack);
     } else if (message == MCI_PLAY) {
         const auto& play = *static_cast<const MCI_PLAY_PARMS*>(parameters);
-        if ((flags & MCI_FROM) != 0) line += PositionField("from", play.dwFrom, format);
-        if ((flags & MCI_TO) != 0) line += PositionField("to", play.dwTo, format);
+        if ((flags & MCI_FROM) != 0) line += positionField("from", play.dwFrom);
+        if ((flags & MCI_TO) != 0) line += positionField("to", play.dwTo);
     } else if (message == MCI_SEEK && (flags & MCI_TO) != 0) {
         const auto& seek = *static_cast<const MCI_SEEK_PARMS*>(parameters);
-        line += PositionField("to", seek.dwTo, format);
+        line += positionField("to", seek.dwTo);
     } else if (message == MCI_SET && (flags & MCI_SET_TIME_FORMAT) != 0) {
         line += NumberField("format", static_cast<const MCI_SET_PARMS*>(parameters)->dwTimeFormat);
     } else if (message == MCI_GETDEVCAPS) {

@@ -1,17 +1,15 @@
 // Looks options up where they are kept, anew each time: they may change while a program plays.
-#include "demo/drive/drive_options.h"
+#include "demo/device/device_options.h"
 
 #include <cwchar>
 
-static constexpr wchar_t kRegistryKey[] = L"Software\\Tarnwell Virtual Drive";
 static constexpr DWORD kMaxText = 1024;
 
 static bool ReadEnvironment(const wchar_t* name, std::wstring& text) {
-    wchar_t variable[64] = L"TARNWELL_DRIVE_";
-    lstrcatW(variable, name);
-    CharUpperW(variable);
+    std::wstring variable = std::wstring(kOptionsPrefix) + name;
+    CharUpperW(variable.data());
     wchar_t value[kMaxText];
-    const DWORD length = GetEnvironmentVariableW(variable, value, kMaxText);
+    const DWORD length = GetEnvironmentVariableW(variable.c_str(), value, kMaxText);
     if (length == 0 || length >= kMaxText) return false;
     text.assign(value, length);
     return true;
@@ -19,7 +17,7 @@ static bool ReadEnvironment(const wchar_t* name, std::wstring& text) {
 
 static bool ReadRegistry(const wchar_t* name, DWORD expectedType, void* value, DWORD& size) {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, kRegistryKey, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, kOptionsKey, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
         return false;
     DWORD type = 0;
     const LONG result =

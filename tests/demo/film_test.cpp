@@ -1,0 +1,167 @@
+// The projector's film: what the media maker packs comes out again, what does not fit is refused,
+// and the transport keeps its places.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "demo/media/film_maker.h"
+#include "demo/projector/film_file.h"
+#include "demo/projector/film_transport.h"
+
+static constexpr FilmSketch kSketch = {5, 3, 4, 8};  // a row of 15 bytes is filled up to 16
+
+static Bytes Picture(int frame) {
+    Bytes picture;
+    for (int i = 0; i < kSketch.width * kSketch.height * 3; ++i)
+        picture.push_back(static_cast<uint8_t>(frame * 50 + i));
+    return picture;
+}
+
+static std::vector<int16_t> Ramp() {
+    std::vector<int16_t> samples;
+    for (int i = 0; i < 4 * 1000; ++i)
+        samples.push_back(static_cast<int16_t>(i * 16 - 32000));
+    return samples;
+}
+
+static std::istringstream Stream(const Bytes& bytes) {
+    return std::istringstream(std::string(bytes.begin(), bytes.end()));
+}
+
+static Bytes SmallFilm() {
+    return PackFilm(kSketch, Picture, Ramp(), 8000);
+}
+
+TEST(FilmFile, GivesBackEveryPictureAndSample) {
+    std::istringstream file = Stream(SmallFilm());
+    Film film;
+    ASSERT_TRUE(ReadFilm(file, film));
+    EXPECT_EQ(film.width, 5U);
+    EXPECT_EQ(film.height, 3U);
+    EXPECT_EQ(film.lengthMs, 500U);
+    ASSERT_EQ(film.frames.size(), 4U);
+    for (int frame = 0; frame < 4; ++frame) {
+        const Bytes picture = Picture(frame);
+        std::vector<uint8_t> rows;
+        ASSERT_TRUE(ReadPicture(file, film, static_cast<uint32_t>(frame), rows));
+        ASSERT_EQ(rows.size(), 16U * 3);
+        for (size_t y = 0; y < 3; ++y) {
+            for (size_t x = 0; x < 15; ++x)
+                EXPECT_EQ(rows[y * 16 + x], picture[y * 15 + x / 3 * 3 + 2 - x % 3]);
+            EXPECT_EQ(rows[y * 16 + 15], 0);
+        }
+    }
+    // Across pieces, and more than there is.
+    std::vector<int16_t> samples(5000);
+    EXPECT_EQ(ReadSound(file, film.sound, 900, 5000, samples.data()), 3100U);
+    const std::vector<int16_t> ramp = Ramp();
+    EXPECT_TRUE(std::equal(ramp.begin() + 900, ramp.end(), samples.begin()));
+    EXPECT_EQ(ReadSound(file, film.sound, 4000, 1, samples.data()), 0U);
+}
+
+TEST(FilmFile, FramesBeginWhereTheirTimeDoes) {
+    std::istringstream file = Stream(SmallFilm());
+    Film film;
+    ASSERT_TRUE(ReadFilm(file, film));
+    const uint32_t cases[][2] = {{0, 0},   {124, 0}, {125, 1},  {249, 1},
+                                 {250, 2}, {499, 3}, {9999, 3}, {0xFFFFFFFF, 3}};
+    for (const auto& [ms, frame] : cases)
+        EXPECT_EQ(FrameAt(film, ms), frame) << ms;
+    for (const uint32_t frame : {0U, 1U, 2U, 3U, 4U})
+        EXPECT_EQ(FrameStart(film, frame), frame * 125);
+}
+
+// Sets a number of four bytes some bytes behind an atom's name.
+static Bytes Changed(const char* atom, size_t offset, uint32_t value, size_t nth = 0,
+                     Bytes bytes = SmallFilm()) {
+    const std::string text(bytes.begin(), bytes.end());
+    size_t at = text.find("moov");
+    at = text.find(atom, at);
+    for (; nth > 0; --nth)
+        at = text.find(atom, at + 1);
+    SetBig32(bytes, at + 4 + offset, value);
+    return bytes;
+}
+
+TEST(FilmFile, RefusesTablesThatLeadNowhere) {
+    const struct {
+        const char* what;
+        Bytes bytes;
+    } cases[] = {
+        {"a chunk beyond the end", Changed("stco", 8, 1U << 30)},
+        {"more chunks than the table has", Changed("stco", 4, 1U << 30)},
+        {"fewer chunks than pictures", Changed("stco", 4, 3)},
+        {"pictures too small for their size", Changed("stsz", 4, 44)},
+        {"pictures without end", Changed("stsz", 8, 0xFFFFFFFF)},
+        {"no pictures", Changed("stsz", 8, 0)},
+        {"no time to show them", Changed("stts", 12, 0)},
+        {"a time that is too long", Changed("stts", 12, 0xFFFFFFFF, 0, Changed("mdhd", 12, 7999))},
+        {"times for some only", Changed("stts", 8, 3)},
+        {"no units of time", Changed("mdhd", 12, 0)},
+        {"a size out of bounds", Changed("raw ", 24, 0x7FFF7FFF)},
+        {"a width of nothing", Changed("raw ", 24, 3)},
+        {"coded pictures", Changed("raw ", static_cast<size_t>(-4), 0x72706C65)},
+        {"an atom larger than what holds it", Changed("trak", static_cast<size_t>(-8), 0x10000)},
+        {"no film", {'n', 'o', 't', 'h', 'i', 'n', 'g'}},
+        {"nothing", {}},
+    };
+    for (const auto& one : cases) {
+        std::istringstream file = Stream(one.bytes);
+        Film film;
+        film.width = 77;
+        EXPECT_FALSE(ReadFilm(file, film)) << one.what;
+        EXPECT_EQ(film.width, 77U) << one.what;
+    }
+    Bytes cut = SmallFilm();
+    cut.resize(cut.size() - 1);
+    std::istringstream file = Stream(cut);
+    Film film;
+    EXPECT_FALSE(ReadFilm(file, film));
+}
+
+TEST(FilmFile, SoundThatCannotBePlayedMakesASilentFilm) {
+    for (const Bytes& bytes : {Changed("stco", 8, 1U << 30, 1), Changed("twos", 16, 0x00070010),
+                               Changed("twos", 24, 100U << 16)}) {
+        std::istringstream file = Stream(bytes);
+        Film film;
+        ASSERT_TRUE(ReadFilm(file, film));
+        EXPECT_EQ(film.sound.sampleRate, 0U);
+        EXPECT_EQ(film.sound.frameCount, 0U);
+    }
+}
+
+TEST(FilmTransport, KeepsItsPlace) {
+    FilmTransport film;
+    film.lengthMs = 3000;
+    uint64_t now = 100000;
+    ASSERT_TRUE(PlayFilm(film, 500, std::nullopt, now));
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::playing);
+    EXPECT_EQ(PositionOfFilm(film, now += 700), 1200U);
+    PauseFilm(film, now);
+    EXPECT_EQ(PositionOfFilm(film, now += 5000), 1200U);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::paused);
+
+    // While paused it can be sent elsewhere and stays there; played on, it goes to the end.
+    ASSERT_TRUE(PlayFilm(film, 2000, 2000, now));
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::stopped);
+    ASSERT_TRUE(PlayFilm(film, std::nullopt, std::nullopt, now += 50));
+    EXPECT_EQ(PositionOfFilm(film, now + 400), 2400U);
+    EXPECT_EQ(ModeOfFilm(film, now += 1000), FilmMode::stopped);
+    EXPECT_EQ(PositionOfFilm(film, now += 1000), 3000U);
+
+    // A pause comes too late for a film that has ended; going on goes to the end asked for.
+    PauseFilm(film, now);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::stopped);
+    EXPECT_FALSE(ResumeFilm(film, now));
+    ASSERT_TRUE(PlayFilm(film, 0, 1000, now));
+    PauseFilm(film, now += 300);
+    ASSERT_TRUE(ResumeFilm(film, now));
+    EXPECT_EQ(PositionOfFilm(film, now += 2000), 1000U);
+
+    const FilmTransport before = film;
+    EXPECT_FALSE(PlayFilm(film, 2000, 1000, now));
+    EXPECT_FALSE(PlayFilm(film, 3001, std::nullopt, now));
+    EXPECT_FALSE(PlayFilm(film, 0, 3001, now));
+    EXPECT_FALSE(SeekFilm(film, 3001));
+    EXPECT_EQ(PositionOfFilm(film, now), PositionOfFilm(before, now));
+}

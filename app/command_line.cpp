@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "resources/ids.h"
+#include "base/modes.h"
 
 constexpr size_t kMaxPathText = 260;
 
@@ -22,16 +22,6 @@ static uint16_t TwoDigits(const std::string& text, size_t place) {
     return static_cast<uint16_t>(value);
 }
 
-static int ModeOfExtension(std::string extension) {
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
-    if (extension == "WAV") return IDC_MODE_WAVE;
-    if (extension == "MID" || extension == "RMI") return IDC_MODE_MIDI;
-    if (extension == "AVI" || extension == "MOV") return IDC_MODE_VIDEO;
-    return 0;
-}
-
 static size_t LastOf(const std::string& text, const char* characters) {
     const size_t found = text.find_last_of(characters);
     return found == std::string::npos ? 0 : found;
@@ -41,10 +31,10 @@ static void ParseMediaFile(const std::string& text, CommandLineRequest& request)
     // Without a separator or a dot the place is 0, and the first character stands for it.
     const size_t separator = LastOf(text, "\\/");
     const size_t dot = LastOf(text, ".");
-    const int mode = ModeOfExtension(text.substr(dot + 1, 3));
-    if (mode == 0) return;
+    const Mode* mode = ModeOfExtension(text.substr(dot + 1, 3));
+    if (mode == nullptr) return;
     request.mediaFile = true;
-    request.mode = mode;
+    request.mode = mode->id;
     request.directory = text.substr(0, std::min(separator + 1, kMaxPathText - 1));
     request.fileName = text.substr(separator + 1, kMaxPathText - 1);
 }

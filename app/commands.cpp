@@ -61,7 +61,7 @@ constexpr Command kCommands[] = {
 static bool InCommand;
 
 static void RunCommand(HWND window, int id) {
-    if (id >= IDC_MODE_WAVE && id <= IDC_MODE_CDPLAYER) {
+    if (FindMode(id) != nullptr) {
         ChangeMode(window, id);
         return;
     }

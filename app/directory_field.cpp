@@ -29,7 +29,7 @@ static bool IsMouseButtonHeld() {
 }
 
 // The typed text as the mode's directory. True when it is another than before.
-static bool TakeTypedDirectory(std::string& directory, bool& invalid) {
+static bool TakeTypedDirectory(const std::string& directory, bool& invalid) {
     const std::string typed = ControlText(MainWindow, IDC_DIRECTORY);
     // A directory that was not touched stays, even one that cannot be entered at the moment.
     if (IsSameDirectory(typed, directory)) return false;
@@ -37,12 +37,12 @@ static bool TakeTypedDirectory(std::string& directory, bool& invalid) {
     invalid = !CheckTypedDirectory(typed, checked);
     if (invalid) return false;
     const bool changed = !IsSameDirectory(checked, directory);
-    directory = checked;
+    SetModeDirectory(checked);
     return changed;
 }
 
 void OnLeaveDirectoryField() {
-    std::string* directory = ModeDirectory();
+    const std::string* directory = ModeDirectory();
     if (directory == nullptr) return;
     bool invalid = false;
     const bool changed = TakeTypedDirectory(*directory, invalid);

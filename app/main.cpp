@@ -19,8 +19,8 @@ static void TakeStartFile(const CommandLineRequest& request) {
     StartFileGiven = true;
     StartFileName = request.fileName;
     ReadMediaDirectories();
-    PlayMode = request.mode;
-    *ModeDirectory() = request.directory;
+    SetPlayMode(request.mode);
+    SetModeDirectory(request.directory);
 }
 
 static void TakeRequest(const CommandLineRequest& request) {

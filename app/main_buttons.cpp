@@ -43,21 +43,8 @@ std::span<const DialogButton> MainButtons() {
     return kMainButtons;
 }
 
-static const SkinFace* SelectedTab() {
-    switch (PlayMode) {
-        case IDC_MODE_WAVE:
-            return &kFaceTabWaveSelected;
-        case IDC_MODE_MIDI:
-            return &kFaceTabMidiSelected;
-        case IDC_MODE_VIDEO:
-            return &kFaceTabVideoSelected;
-        default:
-            return &kFaceTabCdPlayerSelected;
-    }
-}
-
 const SkinFace* CurrentFace(int controlId) {
-    if (controlId == PlayMode) return SelectedTab();
+    if (controlId == PlayMode) return &CurrentMode().selectedTab;
     if (controlId == IDC_REPEAT && PlayQueue.repeat) return &kFaceRepeatOn;
     if (controlId >= IDC_TRACK_FIRST && controlId <= IDC_TRACK_LAST) {
         return IsTrackHighlighted(controlId) ? &kFaceTrackPlaying : &kFaceTrack;

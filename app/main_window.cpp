@@ -44,7 +44,7 @@ static BOOL OnInitDialog(HWND window) {
     LoadSkin(window);
     CenterOnScreen(window);
     if (!StartFileGiven) ReadSettings();
-    if (PlayOnStart) PlayMode = IDC_MODE_CDPLAYER;
+    if (PlayOnStart) SetPlayMode(IDC_MODE_CDPLAYER);
     PrepareLayout(window);
     PlaceCdControls(window);
     PlaceAnimations(window);

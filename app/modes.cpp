@@ -42,7 +42,7 @@ static void ShowFileMode(HWND window) {
 static void ChangeToFileMode(HWND window, int mode) {
     if (InCdMode()) LeaveCdMode(window);
     StopAndReset();
-    PlayMode = mode;
+    SetPlayMode(mode);
     // Once more, so that the scroll bar is reset when the disc has used it.
     StopAndReset();
     ShowFileMode(window);
@@ -58,7 +58,7 @@ static void ShowCdMode(HWND window) {
 }
 
 static void ChangeToCdPlayer(HWND window) {
-    PlayMode = IDC_MODE_CDPLAYER;
+    SetPlayMode(IDC_MODE_CDPLAYER);
     StopAndReset();
     ShowCdMode(window);
 }

@@ -71,15 +71,21 @@ constexpr SearchSwitch kSearchSwitches[] = {
     {"SearchEntireDatabase", &SearchSettings::entireDatabase, false},
 };
 
+static std::string Key(const Mode& mode, const char* rest) {
+    return std::string(mode.label) + rest;
+}
+
 void ReadColorizationSetting() {
     Settings.entryFieldColorization = DecodeOnOff(
         ReadMainSetting("EntryFieldColorization", kDirectoryDefault, kColorizationLimit));
 }
 
 void ReadMediaDirectories() {
-    WaveFilesPath = ReadMainSetting("WaveFilesPath", kDirectoryDefault, kDirectoryLimit);
-    MidiFilesPath = ReadMainSetting("MidiFilesPath", kDirectoryDefault, kDirectoryLimit);
-    VideoFilesPath = ReadMainSetting("VideoFilesPath", kDirectoryDefault, kDirectoryLimit);
+    for (const Mode& mode : Modes()) {
+        if (mode.directory == nullptr) continue;
+        *mode.directory =
+            ReadMainSetting(Key(mode, "FilesPath").c_str(), kDirectoryDefault, kDirectoryLimit);
+    }
 }
 
 static void ReadSearchSettings() {
@@ -92,25 +98,31 @@ static void ReadSearchSettings() {
     search.text = DecodeSearchText(ReadSetting(kSearch, "StringMatch", "0", kSearchTextLimit));
 }
 
+static void ReadListFilter(const Mode& mode) {
+    const MediaType& first = mode.types[0];
+    const MediaType& second = mode.types[1];
+    DecodeListFilter(ReadMainWord(Key(mode, "ListBox").c_str()), first.extension[0],
+                     second.extension[0], Settings.*first.listed, Settings.*second.listed);
+}
+
 void ReadSettings() {
-    PlayMode = DecodeMode(ReadMainWord("TarnwellMode"));
+    SetPlayMode(DecodeMode(ReadMainWord("TarnwellMode")));
     Settings.soundControls = ReadMainSwitch("SoundControls");
     Settings.videoFrames = CharacterAt(ReadMainWord("VideoOutput"), 0) == 'F';
     Settings.recreationScroll = CharacterAt(ReadMainWord("ScrollBar"), 0) == 'R';
-    DecodeListFilter(ReadMainWord("MidiListBox"), 'M', 'R', Settings.listMid, Settings.listRmi);
-    DecodeListFilter(ReadMainWord("VideoListBox"), 'A', 'M', Settings.listAvi, Settings.listMov);
+    for (const Mode& mode : Modes()) {
+        if (mode.types.size() == 2) ReadListFilter(mode);
+    }
     Settings.timerSpeedMs = DecodeTimerSpeed(ReadMainWord("TimerSpeed"));
-    Settings.waveAnimation = ReadMainSwitch("WaveAnimation");
-    Settings.midiAnimation = ReadMainSwitch("MidiAnimation");
-    Settings.videoAnimation = ReadMainSwitch("VideoAnimation");
-    Settings.cdAnimation = ReadMainSwitch("CDAnimation");
+    for (const Mode& mode : Modes()) {
+        Settings.*mode.animation = ReadMainSwitch(Key(mode, "Animation").c_str());
+    }
     Settings.databaseLayout = CharacterAt(ReadMainWord("CDDatabaseMode"), 0) == 'S'
                                   ? DatabaseLayout::kSimple
                                   : DatabaseLayout::kAdvanced;
-    static const char* const editorKeys[] = {"WavEditorPath", "MidEditorPath", "RmiEditorPath",
-                                             "AviEditorPath", "MovEditorPath"};
-    for (size_t i = 0; i < std::size(editorKeys); ++i) {
-        Settings.editorChosen[i] = IsProgramChosen(editorKeys[i]);
+    for (size_t i = 0; i < std::size(Settings.editorChosen); ++i) {
+        const std::string key = MediaTypes()[i].extension + std::string("EditorPath");
+        Settings.editorChosen[i] = IsProgramChosen(key.c_str());
     }
     Settings.volumeChosen = IsProgramChosen("VolumeApplicationPath");
     ReadSearchSettings();
@@ -125,30 +137,35 @@ static const char* OnOff(bool on) {
 }
 
 // The last write wins, so "Both" stands when both kinds are listed; nothing is written for neither.
-static void WriteListFilter(const char* key, const char* firstName, bool first,
-                            const char* secondName, bool second) {
-    if (first) WriteMainSetting(key, firstName);
-    if (second) WriteMainSetting(key, secondName);
-    if (first && second) WriteMainSetting(key, "Both");
+static void WriteListFilter(const Mode& mode) {
+    const std::string key = Key(mode, "Listbox");
+    const MediaType& first = mode.types[0];
+    const MediaType& second = mode.types[1];
+    const bool listsFirst = Settings.*first.listed;
+    const bool listsSecond = Settings.*second.listed;
+    if (listsFirst) WriteMainSetting(key.c_str(), first.extension);
+    if (listsSecond) WriteMainSetting(key.c_str(), second.extension);
+    if (listsFirst && listsSecond) WriteMainSetting(key.c_str(), "Both");
 }
 
 void WriteSettings() {
     WriteMainSetting("VideoOutput", Settings.videoFrames ? "Frames" : "Time");
     WriteMainSetting("ScrollBar", Settings.recreationScroll ? "Recreation" : "Normal");
     WriteMainSetting("SoundControls", OnOff(Settings.soundControls));
-    WriteListFilter("MidiListbox", "Mid", Settings.listMid, "Rmi", Settings.listRmi);
-    WriteListFilter("VideoListbox", "Avi", Settings.listAvi, "Mov", Settings.listMov);
+    for (const Mode& mode : Modes()) {
+        if (mode.types.size() == 2) WriteListFilter(mode);
+    }
     if (const char* speed = EncodeTimerSpeed(Settings.timerSpeedMs)) {
         WriteMainSetting("TimerSpeed", speed);
     }
-    WriteMainSetting("WaveFilesPath", WaveFilesPath.c_str());
-    WriteMainSetting("MidiFilesPath", MidiFilesPath.c_str());
-    WriteMainSetting("VideoFilesPath", VideoFilesPath.c_str());
-    if (const char* mode = EncodeMode(PlayMode)) WriteMainSetting("TarnwellMode", mode);
-    WriteMainSetting("WaveAnimation", OnOff(Settings.waveAnimation));
-    WriteMainSetting("MidiAnimation", OnOff(Settings.midiAnimation));
-    WriteMainSetting("VideoAnimation", OnOff(Settings.videoAnimation));
-    WriteMainSetting("CDAnimation", OnOff(Settings.cdAnimation));
+    for (const Mode& mode : Modes()) {
+        if (mode.directory == nullptr) continue;
+        WriteMainSetting(Key(mode, "FilesPath").c_str(), mode.directory->c_str());
+    }
+    WriteMainSetting("TarnwellMode", CurrentMode().name);
+    for (const Mode& mode : Modes()) {
+        WriteMainSetting(Key(mode, "Animation").c_str(), OnOff(Settings.*mode.animation));
+    }
     WriteMainSetting("EntryFieldColorization", OnOff(Settings.entryFieldColorization));
     WriteMainSetting("CDDatabaseMode",
                      Settings.databaseLayout == DatabaseLayout::kSimple ? "Simple" : "Advanced");

@@ -1,6 +1,7 @@
 // The pure half of the settings.
 #include "base/settings_decoding.h"
 
+#include "base/modes.h"
 #include "resources/ids.h"
 
 char CharacterAt(const std::string& text, size_t position) {
@@ -8,31 +9,10 @@ char CharacterAt(const std::string& text, size_t position) {
 }
 
 int DecodeMode(const std::string& text) {
-    switch (CharacterAt(text, 0)) {
-        case 'w':
-            return IDC_MODE_WAVE;
-        case 'm':
-            return IDC_MODE_MIDI;
-        case 'v':
-            return IDC_MODE_VIDEO;
-        default:
-            return IDC_MODE_CDPLAYER;
+    for (const Mode& mode : Modes()) {
+        if (CharacterAt(text, 0) == mode.name[0]) return mode.id;
     }
-}
-
-const char* EncodeMode(int mode) {
-    switch (mode) {
-        case IDC_MODE_WAVE:
-            return "wave";
-        case IDC_MODE_MIDI:
-            return "midi";
-        case IDC_MODE_VIDEO:
-            return "video";
-        case IDC_MODE_CDPLAYER:
-            return "cdplayer";
-        default:
-            return nullptr;
-    }
+    return IDC_MODE_CDPLAYER;
 }
 
 bool DecodeOnOff(const std::string& text) {

@@ -8,10 +8,8 @@
 // The character at a 0-based position, or NUL beyond the end.
 char CharacterAt(const std::string& text, size_t position);
 
-// Control id of the mode button, 112 to 115.
+// Control id of the mode's tab.
 int DecodeMode(const std::string& text);
-// Null for anything that is no mode.
-const char* EncodeMode(int mode);
 
 bool DecodeOnOff(const std::string& text);
 uint16_t DecodeTimerSpeed(const std::string& text);

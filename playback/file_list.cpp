@@ -16,55 +16,25 @@ static HWND FileList() {
     return GetDlgItem(MainWindow, IDC_FILE_LIST);
 }
 
-static std::vector<const char*> ModePatterns() {
-    std::vector<const char*> patterns;
-    switch (PlayMode) {
-        case IDC_MODE_WAVE:
-            patterns.push_back("*.wav");
-            break;
-        case IDC_MODE_MIDI:
-            if (Settings.listMid) patterns.push_back("*.mid");
-            if (Settings.listRmi) patterns.push_back("*.rmi");
-            break;
-        case IDC_MODE_VIDEO:
-            if (Settings.listAvi) patterns.push_back("*.avi");
-            if (Settings.listMov) patterns.push_back("*.mov");
-            break;
-        default:
-            break;
+static std::vector<std::string> ModePatterns() {
+    std::vector<std::string> patterns;
+    for (const MediaType& type : CurrentMode().types) {
+        if (type.listed == nullptr || Settings.*type.listed) {
+            patterns.push_back(std::string("*.") + type.extension);
+        }
     }
     return patterns;
 }
 
-struct ModeTexts {
-    int mode;
-    const char* location;
-    const char* selected;
-    const char* left;
-    const char* count;
-};
-constexpr ModeTexts kModeTexts[] = {
-    {IDC_MODE_WAVE, "Wave &Location",
-     "Number of wave files selected:", "Wave files left to play:", " Wave Files:"},
-    {IDC_MODE_MIDI, "Midi &Location",
-     "Number of midi files selected:", "Midi files left to play:", " Midi Files:"},
-    {IDC_MODE_VIDEO, "Video &Location",
-     "Number of video files selected:", "Video files left to play:", " Video Files:"},
-};
-
-static const ModeTexts* CurrentModeTexts() {
-    const auto* found = std::find_if(std::begin(kModeTexts), std::end(kModeTexts),
-                                     [](const ModeTexts& texts) { return texts.mode == PlayMode; });
-    return found == std::end(kModeTexts) ? nullptr : found;
-}
-
 void ShowModeLabels() {
-    const ModeTexts* texts = CurrentModeTexts();
-    if (texts == nullptr) return;
-    SetControlText(MainWindow, IDC_LOCATION_GROUP, texts->location);
-    SetControlText(MainWindow, IDC_SELECTED_LABEL, texts->selected);
-    SetControlText(MainWindow, IDC_LEFT_LABEL, texts->left);
-    const bool video = PlayMode == IDC_MODE_VIDEO;
+    const Mode& mode = CurrentMode();
+    if (mode.types.empty()) return;
+    const std::string label = mode.label;
+    SetControlText(MainWindow, IDC_LOCATION_GROUP, label + " &Location");
+    SetControlText(MainWindow, IDC_SELECTED_LABEL,
+                   std::string("Number of ") + mode.name + " files selected:");
+    SetControlText(MainWindow, IDC_LEFT_LABEL, label + " files left to play:");
+    const bool video = mode.showsVideo;
     ShowControl(MainWindow, IDC_REPEAT, true);
     ShowControl(MainWindow, IDC_REPEAT_LABEL, true);
     ShowControl(MainWindow, IDC_SOUND, video);
@@ -151,7 +121,7 @@ static void SetListExtent() {
 }
 
 static void AddModeFiles(const std::string& directory) {
-    for (const char* pattern : ModePatterns()) {
+    for (const std::string& pattern : ModePatterns()) {
         // The platform may write into the path.
         std::string path = directory + pattern;
         SendMessageA(FileList(), LB_DIR, 0, reinterpret_cast<LPARAM>(path.data()));
@@ -175,7 +145,8 @@ void FillModeList(bool keepSelection) {
     InvalidateRect(FileList(), nullptr, TRUE);
 
     const LRESULT count = SendMessageA(FileList(), LB_GETCOUNT, 0, 0);
-    SetControlText(MainWindow, IDC_LIST_COUNT, std::to_string(count) + CurrentModeTexts()->count);
+    SetControlText(MainWindow, IDC_LIST_COUNT,
+                   std::to_string(count) + " " + CurrentMode().label + " Files:");
 }
 
 std::string DisplayName(const std::string& path, const std::string& name) {

@@ -20,23 +20,9 @@
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 
-// What tells the players of the file modes apart.
-struct FilePlayer {
-    int mode;
-    bool DriverFlags::*driver;
-    const char* driverMissing;
-};
-constexpr FilePlayer kFilePlayers[] = {
-    {IDC_MODE_WAVE, &DriverFlags::wave, "No MCI Sound driver installed. Can't play file!"},
-    {IDC_MODE_MIDI, &DriverFlags::sequencer,
-     "No MCI MIDI sequencer driver installed. Can't play file!"},
-};
-
-static const FilePlayer* CurrentPlayer() {
-    for (const FilePlayer& player : kFilePlayers) {
-        if (player.mode == PlayMode) return &player;
-    }
-    return nullptr;
+// Video has no player yet.
+static bool HasPlayer() {
+    return !CurrentMode().types.empty() && !CurrentMode().showsVideo;
 }
 
 static void ReportMissingDriver(const char* text) {
@@ -48,11 +34,11 @@ static void ReportMissingDriver(const char* text) {
 }
 
 static void OpenNextFile() {
-    const FilePlayer* player = CurrentPlayer();
     const std::string* name = NextQueueName(PlayQueue);
-    if (player == nullptr || name == nullptr) return;
-    if (!(DriverAvailable.*player->driver)) {
-        ReportMissingDriver(player->driverMissing);
+    if (!HasPlayer() || name == nullptr) return;
+    const MediaType& type = TypeOfFile(CurrentMode(), *name);
+    if (!(DriverAvailable.*type.driver)) {
+        ReportMissingDriver(type.driverMissing);
         return;
     }
     SetControlText(MainWindow, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
@@ -78,7 +64,7 @@ static void StartNewQueue() {
 void OnPlay() {
     if (MediaDevice.open && MediaDevice.paused) {
         ResumePlay();
-    } else if (CurrentPlayer() != nullptr) {
+    } else if (HasPlayer()) {
         StartNewQueue();
     }
     // A request to end with the queue does not wait for another queue.

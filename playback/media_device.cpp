@@ -71,7 +71,7 @@ void StopAndReset() {
         Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         ForgetDevice();
         ShowStatus("Ready");
-        if (PlayMode == IDC_MODE_VIDEO) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
+        if (CurrentMode().showsVideo) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
         // The CD player's own timers run on: its disc is no business of this device.
         if (IsPositionTimerRunning()) StopAnimationTimer();
         StopPositionTimer();
@@ -97,7 +97,7 @@ bool CloseIfStopped() {
     if (!QueryDevice(MCI_STATUS_MODE, mode) || mode != MCI_MODE_STOP) return false;
     MCI_GENERIC_PARMS generic = {};
     if (!SendToDevice(MCI_CLOSE, MCI_WAIT, &generic)) return false;
-    if (PlayMode == IDC_MODE_VIDEO) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
+    if (CurrentMode().showsVideo) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
     ForgetDevice();
     return true;
 }
@@ -105,7 +105,7 @@ bool CloseIfStopped() {
 void StartPlayTimers() {
     if (!MediaDevice.open) return;
     StartPositionTimer();
-    if (PlayMode != IDC_MODE_VIDEO) StartAnimationTimer();
+    if (!CurrentMode().showsVideo) StartAnimationTimer();
 }
 
 void ResumePlay() {

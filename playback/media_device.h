@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "base/modes.h"
 #include "playback/scroll_scale.h"
 
 struct MediaDeviceState {
@@ -22,14 +23,6 @@ struct MediaDeviceState {
 };
 extern MediaDeviceState MediaDevice;
 
-// The kinds of media that can be switched off.
-struct DriverFlags {
-    bool cdAudio = true;
-    bool sequencer = true;
-    bool videoForWindows = true;
-    bool quickTime = true;
-    bool wave = true;
-};
 extern DriverFlags DriverAvailable;
 
 // One command to the open device. A failure is reported, which closes the device; without an open

@@ -9,42 +9,29 @@
 #include "ui/frame_strip.h"
 #include "ui/handles.h"
 
-// A mode's animation: its area, its strip (video has none of its own), and its setting.
-struct ModeAnimation {
-    int mode;
-    int areaId;
-    const SkinStrip* strip;
-    const SkinStrip* sprite;
-    bool SettingsValues::*enabled;
+// A mode's picture: its place in client coordinates, empty without one, and the frame it shows.
+struct Animation {
+    RECT area;
+    uint16_t frame;
 };
-constexpr ModeAnimation kAnimations[] = {
-    {IDC_MODE_WAVE, IDC_WAVE_ANIMATION, &kWaveStrip, &kWaveSprite, &SettingsValues::waveAnimation},
-    {IDC_MODE_MIDI, IDC_MIDI_ANIMATION, &kMidiStrip, &kMidiSprite, &SettingsValues::midiAnimation},
-    {IDC_MODE_VIDEO, 0, nullptr, &kVideoSprite, &SettingsValues::videoAnimation},
-    {IDC_MODE_CDPLAYER, IDC_CD_ANIMATION, &kCdStrip, &kCdSprite, &SettingsValues::cdAnimation},
-};
-constexpr int kAnimationCount = static_cast<int>(std::size(kAnimations));
+static Animation Animations[IDC_MODE_CDPLAYER - IDC_MODE_WAVE + 1];
 
-static RECT Areas[kAnimationCount];  // in client coordinates; empty for video
-static uint16_t Frames[kAnimationCount];
 static RECT StripArea;
 static SpriteState Sprite;
 
-static int CurrentIndex() {
-    for (int i = 0; i < kAnimationCount; ++i) {
-        if (kAnimations[i].mode == PlayMode) return i;
-    }
-    return 0;
+static Animation& AnimationOf(const Mode& mode) {
+    return Animations[mode.id - IDC_MODE_WAVE];
 }
 
-static bool IsEnabled(int index) {
-    return Settings.*kAnimations[index].enabled;
+static bool IsEnabled(const Mode& mode) {
+    return Settings.*mode.animation;
 }
 
 void PlaceAnimations(HWND window) {
-    for (int i = 0; i < kAnimationCount; ++i) {
-        if (kAnimations[i].areaId != 0) Areas[i] = ControlRect(window, kAnimations[i].areaId);
-        Frames[i] = 0;
+    for (const Mode& mode : Modes()) {
+        AnimationOf(mode) = {};
+        if (mode.animationArea != 0)
+            AnimationOf(mode).area = ControlRect(window, mode.animationArea);
     }
     StripArea = ControlRect(window, IDC_SPRITE_STRIP);
     Sprite.upper = StripArea.top + 1;
@@ -54,31 +41,30 @@ void PlaceAnimations(HWND window) {
 }
 
 void ShowAnimationAreas(HWND window) {
-    const int current = CurrentIndex();
-    for (int i = 0; i < kAnimationCount; ++i) {
-        if (kAnimations[i].areaId == 0) continue;
-        ShowControl(window, kAnimations[i].areaId, i == current && IsEnabled(i));
+    const Mode& current = CurrentMode();
+    for (const Mode& mode : Modes()) {
+        if (mode.animationArea == 0) continue;
+        ShowControl(window, mode.animationArea, &mode == &current && IsEnabled(mode));
     }
     ShowControl(window, IDC_SPRITE_STRIP, IsEnabled(current));
 }
 
-static void DrawFrame(HWND window, int index) {
-    const SkinStrip* strip = kAnimations[index].strip;
-    if (strip == nullptr || !IsEnabled(index)) return;
-    const RECT place = PicturePlace(Areas[index], strip->frame);
-    DrawStripFrame(window, *strip, Frames[index], place.left, place.top, true);
+static void DrawFrame(HWND window, const Mode& mode) {
+    if (mode.strip == nullptr || !IsEnabled(mode)) return;
+    const Animation& animation = AnimationOf(mode);
+    const RECT place = PicturePlace(animation.area, mode.strip->frame);
+    DrawStripFrame(window, *mode.strip, animation.frame, place.left, place.top, true);
 }
 
 static int SpriteX() {
     return CenteredIn(StripArea.left, StripArea.right - StripArea.left, kCdSprite.frame.width);
 }
 
-static void DrawSprite(HWND window, int index) {
-    if (!IsEnabled(index)) return;
-    const SkinStrip& strip = *kAnimations[index].sprite;
+static void DrawSprite(HWND window, const Mode& mode) {
+    if (!IsEnabled(mode)) return;
     // The video picture owns the palette in its mode.
-    const bool usePalette = PlayMode != IDC_MODE_VIDEO;
-    DrawStripFrame(window, strip, SpriteFrame(Sprite), SpriteX(), Sprite.y, usePalette);
+    DrawStripFrame(window, *mode.sprite, SpriteFrame(Sprite), SpriteX(), Sprite.y,
+                   !mode.showsVideo);
 }
 
 // The ground that the sprite is drawn for, inside the strip's one-pixel frame, and around the
@@ -93,30 +79,30 @@ static void FillStrip(HWND window) {
 }
 
 void DrawAnimations(HWND window) {
-    const int current = CurrentIndex();
-    if (!IsEnabled(current)) return;
-    if (const SkinStrip* strip = kAnimations[current].strip) {
-        DrawMount(window, Areas[current], strip->frame);
-        DrawFrame(window, current);
+    const Mode& mode = CurrentMode();
+    if (!IsEnabled(mode)) return;
+    if (mode.strip != nullptr) {
+        DrawMount(window, AnimationOf(mode).area, mode.strip->frame);
+        DrawFrame(window, mode);
     }
     FillStrip(window);
-    DrawSprite(window, current);
+    DrawSprite(window, mode);
 }
 
 void StepAnimation(HWND window, bool discPlaying) {
     if (IsIconic(window)) return;
-    const int current = CurrentIndex();
-    const ModeAnimation& animation = kAnimations[current];
-    if (animation.strip == nullptr) return;
+    const Mode& mode = CurrentMode();
+    if (mode.strip == nullptr) return;
     if (InCdMode() && !discPlaying) return;
-    Frames[current] = NextFrame(Frames[current], animation.strip->frames);
-    DrawFrame(window, current);
+    Animation& animation = AnimationOf(mode);
+    animation.frame = NextFrame(animation.frame, mode.strip->frames);
+    DrawFrame(window, mode);
     if (InCdMode()) StepSprite(window);
 }
 
 void StepSprite(HWND window) {
-    const int current = CurrentIndex();
-    if (!IsEnabled(current)) return;
+    const Mode& mode = CurrentMode();
+    if (!IsEnabled(mode)) return;
     MoveSprite(Sprite);
-    DrawSprite(window, current);
+    DrawSprite(window, mode);
 }

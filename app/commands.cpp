@@ -2,6 +2,7 @@
 #include "app/commands.h"
 
 #include "app/directory_field.h"
+#include "app/file_commands.h"
 #include "app/instance.h"
 #include "app/main_buttons.h"
 #include "app/modes.h"
@@ -16,7 +17,6 @@
 #include "ui/dialog_helpers.h"
 
 static void OnAbout() {
-    PlayClickSound(IDS_SOUND_ABOUT);
     ShowAboutBox(MainWindow);
 }
 
@@ -37,10 +37,11 @@ struct Command {
     int id;
     CommandKind kind;
     void (*handler)();
+    int sound = 0;  // played first, where nothing that follows decides about it
 };
 
 constexpr Command kCommands[] = {
-    {IDC_ABOUT, CommandKind::kAnyMode, OnAbout},
+    {IDC_ABOUT, CommandKind::kAnyMode, OnAbout, IDS_SOUND_ABOUT},
     {IDC_EXIT, CommandKind::kAnyMode, ShutDown},
     {IDC_PLAY, CommandKind::kFileModes, OnPlay},
     {IDC_STOP, CommandKind::kFileModes, OnStop},
@@ -72,10 +73,12 @@ static void RunCommand(HWND window, int id) {
     const CommandKind otherKind = InCdMode() ? CommandKind::kFileModes : CommandKind::kCdMode;
     for (const Command& command : kCommands) {
         if (command.id == id && command.kind != otherKind) {
+            if (command.sound != 0) PlayClickSound(command.sound);
             command.handler();
             return;
         }
     }
+    RunFileCommand(window, id);
 }
 
 static void GuardedCommand(HWND window, int id) {

@@ -34,8 +34,7 @@ static void PostStartRequest(HWND window) {
         PostMessageA(window, WM_COMMAND, IDC_CD_PLAY,
                      static_cast<LPARAM>(MAKELONG(StartTrack, kCommandLineMarker)));
     } else if (StartFileGiven) {
-        MediaDevice.playAndExit = SelectFileByName(StartFileName);
-        if (MediaDevice.playAndExit) PostMessageA(window, WM_COMMAND, IDC_PLAY, 0);
+        if (SelectStartFile(StartFileName)) PostMessageA(window, WM_COMMAND, IDC_PLAY, 0);
     }
 }
 

@@ -75,7 +75,6 @@ void ChangeMode(HWND window, int mode) {
     HWND focused = GetFocus();
     const bool held = HoldDrawing(window);
     CutPlayQueue();
-    MediaDevice.playAndExit = false;
     if (mode == IDC_MODE_CDPLAYER) {
         ChangeToCdPlayer(window);
     } else {

@@ -11,6 +11,10 @@
 SettingsValues Settings;
 std::string SettingsPath;
 
+void ReplaceSettings(const SettingsValues& values) {
+    Settings = values;
+}
+
 static const char kMain[] = "MAIN";
 static const char kSearch[] = "SEARCH";
 static const char kDirectoryDefault[] = "c:\\";

@@ -48,6 +48,8 @@ struct SettingsValues {
 };
 
 extern SettingsValues Settings;
+// What a dialog has changed in its copy.
+void ReplaceSettings(const SettingsValues& values);
 
 // The settings file's full path; empty before start-up has built it.
 extern std::string SettingsPath;

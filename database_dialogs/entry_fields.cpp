@@ -192,7 +192,9 @@ static void ShowLayout(const EntrySheet& sheet) {
 static void ChooseLayout(EntrySheet& sheet, DatabaseLayout layout) {
     PlayClickSound(IDS_SOUND_RADIO);
     KeepRows(sheet);
-    Settings.databaseLayout = layout;
+    SettingsValues changed = Settings;
+    changed.databaseLayout = layout;
+    ReplaceSettings(changed);
     ShowLayout(sheet);
 }
 

@@ -71,6 +71,11 @@ void OnPlay() {
     if (!MediaDevice.open) MediaDevice.playAndExit = false;
 }
 
+bool SelectStartFile(const std::string& name) {
+    MediaDevice.playAndExit = SelectFileByName(name);
+    return MediaDevice.playAndExit;
+}
+
 void OnStop() {
     StopAndReset();
     PlayClickSound(IDS_SOUND_STOP);
@@ -86,6 +91,7 @@ void OnRepeat() {
 }
 
 void CutPlayQueue() {
+    MediaDevice.playAndExit = false;
     CutQueue(PlayQueue);
     SetControlText(MainWindow, IDC_FILES_LEFT, "0");
 }

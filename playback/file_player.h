@@ -1,6 +1,8 @@
 // Playing the selected files of wave and MIDI mode one after another.
 #pragma once
 
+#include <string>
+
 // Play: resumes a pause, else starts a new queue from the list's selection. Without a selection
 // nothing plays and nothing is said. Video files have no player yet: in video mode nothing happens.
 void OnPlay();
@@ -8,7 +10,12 @@ void OnStop();
 void OnPause();
 void OnRepeat();
 
-// Forgets what is left of the queue, when the mode whose files they are is left.
+// Selects the file that the program was started for: the program ends when it has been played.
+// False when the list does not have it.
+bool SelectStartFile(const std::string& name);
+
+// Forgets what is left of the queue, when the mode whose files they are is left; the program then
+// does not end with it either.
 void CutPlayQueue();
 
 enum class TickResult {

@@ -1,0 +1,66 @@
+// The commands that open a dialog over the list's selected files.
+#include "app/file_commands.h"
+
+#include <string>
+#include <vector>
+
+#include "base/modes.h"
+#include "playback/file_list.h"
+#include "playback/media_device.h"
+#include "playback/play_queue.h"
+#include "playback/player_timers.h"
+#include "resources/ids.h"
+#include "ui/boxes.h"
+#include "ui/click_sounds.h"
+
+using FileNames = std::vector<std::string>;
+
+struct FileCommand {
+    int id;
+    bool inCdMode;
+    const char* nothingSelected;  // message; null where no selection is needed
+    int sound;                    // 0 where the dialogs play it, one for each file
+    void (*show)(HWND window, const FileNames& names);  // null: not there yet, nothing happens
+    bool refill;  // whether the files may be others afterwards
+};
+
+// The names come in list order, at most as many as a queue takes.
+constexpr FileCommand kFileCommands[] = {
+    {IDC_BROWSE, false, nullptr, IDS_SOUND_BROWSE, nullptr, false},
+    {IDC_COPY, false, "No files to copy!", IDS_SOUND_COPY, nullptr, false},
+    {IDC_MOVE, false, "No files to move!", IDS_SOUND_MOVE, nullptr, true},
+    {IDC_RENAME, false, "No files to rename!", 0, nullptr, true},
+    {IDC_DELETE, false, "No files to delete!", IDS_SOUND_DELETE, nullptr, true},
+    {IDC_INFO, false, "No files to get information!", 0, nullptr, false},
+    {IDC_EDITOR, false, "No files to send to an editor!", IDS_SOUND_EDITOR, nullptr, false},
+    {IDC_SETUP, true, nullptr, IDS_SOUND_SETUP, nullptr, false},
+};
+
+// Nothing plays and no tick comes while the dialog is open. The disc is left alone: it plays on.
+static void StopFiles() {
+    StopAndReset();
+    if (InCdMode()) return;
+    StopPositionTimer();
+    StopAnimationTimer();
+}
+
+static void Run(HWND window, const FileCommand& command) {
+    StopFiles();
+    const FileNames names = SelectedFileNames(kMaxQueueFiles);
+    if (command.nothingSelected != nullptr && names.empty()) {
+        ShowMessage(command.nothingSelected);
+        return;
+    }
+    if (command.sound != 0) PlayClickSound(command.sound);
+    command.show(window, names);
+    if (command.refill) FillModeList();
+}
+
+bool RunFileCommand(HWND window, int id) {
+    for (const FileCommand& command : kFileCommands) {
+        if (command.id != id) continue;
+        if (command.show != nullptr && (command.inCdMode || !InCdMode())) Run(window, command);
+        return true;
+    }
+    return false;
+}

@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "base/settings.h"
+#include "base/settings_values.h"
 #include "resources/skin_map.h"
 
 // The kinds of media that can be switched off; which of them are is for playback/ to say.

@@ -1,51 +1,9 @@
 // The settings file TARNWELL.INI: what it holds in memory, how its texts are decoded and encoded.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "resources/ids.h"
-
-// How much of a catalogue entry is shown.
-enum class DatabaseLayout { kSimple, kAdvanced };
-
-// The database search's options, section [SEARCH].
-struct SearchSettings {
-    bool track = true;
-    bool artist = true;
-    bool discName = true;
-    bool category = true;
-    bool label = true;
-    bool notes = true;
-    bool yearReleased = true;
-    bool caseSensitive = false;
-    bool textSearch = true;
-    bool entireDatabase = true;
-    int radioId = IDC_SEARCH_RADIO_FIRST;  // up to IDC_SEARCH_RADIO_LAST
-    std::string text;                      // at most 254 characters
-};
-
-// The in-memory copy of the file. The initial values are the built-in ones, in force when the
-// program starts with a media file and the file is not read.
-struct SettingsValues {
-    bool soundControls = true;
-    bool videoFrames = true;  // video position in frame numbers, else as time
-    bool recreationScroll = false;
-    bool listMid = true;
-    bool listRmi = true;
-    bool listAvi = true;
-    bool listMov = true;
-    uint16_t timerSpeedMs = 100;  // 100, 333, 500, 666 or 1000
-    bool waveAnimation = true;
-    bool midiAnimation = true;
-    bool videoAnimation = true;
-    bool cdAnimation = true;
-    bool entryFieldColorization = false;
-    DatabaseLayout databaseLayout = DatabaseLayout::kSimple;
-    bool editorChosen[5] = {};  // WAV, MID, RMI, AVI, MOV
-    bool volumeChosen = false;
-    SearchSettings search;
-};
+#include "base/settings_values.h"
 
 extern SettingsValues Settings;
 // What a dialog has changed in its copy.

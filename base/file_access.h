@@ -16,6 +16,7 @@ enum class FileStatus {
 
 enum class FileMode {
     kReadShared,       // existing file, others may read and write
+    kReadGuarded,      // existing file, others may only read; on Windows alone
     kReadWriteShared,  // existing file, others may read and write
     kReadWrite,        // existing file, others may only read
     kCreateNew,        // read and write; fails when the file exists
@@ -24,6 +25,15 @@ enum class FileMode {
 
 using FileHandle = intptr_t;
 constexpr FileHandle kNoFile = -1;
+
+// What the system tells of an open file. 0 where it tells nothing.
+struct FileFacts {
+    bool onDisk = false;  // else a device, a console, a pipe
+    // Together the same for two names of one file, and for no other.
+    uint64_t volume = 0;
+    uint64_t index = 0;
+    uint64_t lastWrite = 0;  // in the system's own units
+};
 
 // Every call leaves its outputs untouched unless it answers kOk. After `open` the file position is
 // 0.
@@ -41,6 +51,8 @@ struct FileAccess {
     // Cuts the file; the file position afterwards is not defined.
     FileStatus (*truncate)(FileHandle file, uint64_t sizeBytes);
     FileStatus (*close)(FileHandle file);
+    FileStatus (*facts)(FileHandle file, FileFacts& facts);
+    FileStatus (*setLastWrite)(FileHandle file, uint64_t lastWrite);
     // Never replaces: answers kExists when there is a file named `to`.
     FileStatus (*rename)(const char* from, const char* to);
     FileStatus (*remove)(const char* path);

@@ -17,7 +17,8 @@ static int Native(FileHandle file) {
 }
 
 static FileStatus Open(const char* path, FileMode mode, FileHandle& file) {
-    int flags = O_CLOEXEC | (mode == FileMode::kReadShared ? O_RDONLY : O_RDWR);
+    const bool reads = mode == FileMode::kReadShared || mode == FileMode::kReadGuarded;
+    int flags = O_CLOEXEC | (reads ? O_RDONLY : O_RDWR);
     if (mode == FileMode::kCreateNew) flags |= O_CREAT | O_EXCL;
     if (mode == FileMode::kCreateAlways) flags |= O_CREAT | O_TRUNC;
     const int opened = open(path, flags, 0666);
@@ -48,6 +49,27 @@ static FileStatus Size(FileHandle file, uint64_t& sizeBytes) {
     return FileStatus::kOk;
 }
 
+constexpr uint64_t kNanoseconds = 1'000'000'000;
+
+static FileStatus Facts(FileHandle file, FileFacts& facts) {
+    struct stat status;
+    if (fstat(Native(file), &status) != 0) return StatusOf(false);
+    facts.onDisk = S_ISREG(status.st_mode);
+    facts.volume = static_cast<uint64_t>(status.st_dev);
+    facts.index = static_cast<uint64_t>(status.st_ino);
+    facts.lastWrite = static_cast<uint64_t>(status.st_mtim.tv_sec) * kNanoseconds +
+                      static_cast<uint64_t>(status.st_mtim.tv_nsec);
+    return FileStatus::kOk;
+}
+
+static FileStatus SetLastWrite(FileHandle file, uint64_t lastWrite) {
+    timespec times[2] = {};
+    times[0].tv_nsec = UTIME_OMIT;
+    times[1].tv_sec = static_cast<time_t>(lastWrite / kNanoseconds);
+    times[1].tv_nsec = static_cast<long>(lastWrite % kNanoseconds);
+    return StatusOf(futimens(Native(file), times) == 0);
+}
+
 FileAccess FileCalls = {
     .open = Open,
     .read = Read,
@@ -63,6 +85,8 @@ FileAccess FileCalls = {
             return StatusOf(ftruncate(Native(file), static_cast<off_t>(sizeBytes)) == 0);
         },
     .close = [](FileHandle file) { return StatusOf(close(Native(file)) == 0); },
+    .facts = Facts,
+    .setLastWrite = SetLastWrite,
     .rename =
         [](const char* from, const char* to) {
             return StatusOf(renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0);

@@ -17,8 +17,8 @@ static HANDLE Native(FileHandle file) {
 
 static FileStatus OpenFileWindows(const char* path, FileMode mode, FileHandle& file) {
     const bool shared = mode == FileMode::kReadShared || mode == FileMode::kReadWriteShared;
-    const DWORD access =
-        mode == FileMode::kReadShared ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
+    const bool reads = mode == FileMode::kReadShared || mode == FileMode::kReadGuarded;
+    const DWORD access = reads ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
     const DWORD sharing = shared ? FILE_SHARE_READ | FILE_SHARE_WRITE : FILE_SHARE_READ;
     const DWORD creation = mode == FileMode::kCreateNew      ? CREATE_NEW
                            : mode == FileMode::kCreateAlways ? CREATE_ALWAYS
@@ -72,6 +72,29 @@ static FileStatus CloseFileWindows(FileHandle file) {
     return StatusOf(CloseHandle(Native(file)));
 }
 
+static uint64_t Joined(DWORD high, DWORD low) {
+    return static_cast<uint64_t>(high) << 32 | low;
+}
+
+static FileStatus FactsOfFileWindows(FileHandle file, FileFacts& facts) {
+    FileFacts told;
+    told.onDisk = GetFileType(Native(file)) == FILE_TYPE_DISK;
+    BY_HANDLE_FILE_INFORMATION information;
+    if (told.onDisk && GetFileInformationByHandle(Native(file), &information)) {
+        told.volume = information.dwVolumeSerialNumber;
+        told.index = Joined(information.nFileIndexHigh, information.nFileIndexLow);
+        told.lastWrite = Joined(information.ftLastWriteTime.dwHighDateTime,
+                                information.ftLastWriteTime.dwLowDateTime);
+    }
+    facts = told;
+    return FileStatus::kOk;
+}
+
+static FileStatus SetLastWriteWindows(FileHandle file, uint64_t lastWrite) {
+    const FILETIME time = {static_cast<DWORD>(lastWrite), static_cast<DWORD>(lastWrite >> 32)};
+    return StatusOf(SetFileTime(Native(file), nullptr, nullptr, &time));
+}
+
 static FileStatus RenameFileWindows(const char* from, const char* to) {
     return StatusOf(MoveFileA(from, to));
 }
@@ -89,7 +112,8 @@ static void PauseWindows(uint32_t milliseconds) {
 }
 
 FileAccess FileCalls = {
-    OpenFileWindows,   ReadFileWindows,   WriteFileWindows,    SeekFileWindows,
-    SizeOfFileWindows, FlushFileWindows,  TruncateFileWindows, CloseFileWindows,
-    RenameFileWindows, RemoveFileWindows, ExistsFileWindows,   PauseWindows,
+    OpenFileWindows,    ReadFileWindows,     WriteFileWindows,    SeekFileWindows,
+    SizeOfFileWindows,  FlushFileWindows,    TruncateFileWindows, CloseFileWindows,
+    FactsOfFileWindows, SetLastWriteWindows, RenameFileWindows,   RemoveFileWindows,
+    ExistsFileWindows,  PauseWindows,
 };

@@ -28,6 +28,7 @@ struct MemoryFile {
     std::string flushedBytes;
     std::string lastWrite;
     size_t lastWriteAt = 0;
+    uint64_t lastWriteTime = 0;
     int openHandles = 0;
 };
 
@@ -93,9 +94,16 @@ static FileStatus Open(const char* path, FileMode mode, FileHandle& file) {
     const bool exists = disk.count(path) > 0;
     if (!creates && !exists) return FileStatus::kMissing;
     if (mode == FileMode::kCreateNew && exists) return FileStatus::kExists;
-    if (creates) disk[path] = std::make_shared<MemoryFile>();
+    if (creates && exists) {
+        disk[path]->bytes.clear();
+        disk[path]->flushedBytes.clear();
+        disk[path]->lastWrite.clear();
+    } else if (creates) {
+        disk[path] = std::make_shared<MemoryFile>();
+    }
     ++disk[path]->openHandles;
-    handles.push_back({disk[path], 0, mode != FileMode::kReadShared});
+    const bool reads = mode == FileMode::kReadShared || mode == FileMode::kReadGuarded;
+    handles.push_back({disk[path], 0, !reads});
     file = static_cast<FileHandle>(handles.size() - 1);
     return FileStatus::kOk;
 }
@@ -182,6 +190,17 @@ static FileStatus Close(FileHandle file) {
     return NextCall().status;
 }
 
+static FileStatus Facts(FileHandle file, FileFacts& facts) {
+    return OnHandle(file, [&](Handle& handle) {
+        const auto index = reinterpret_cast<uintptr_t>(handle.file.get());
+        facts = {true, 1, index, handle.file->lastWriteTime};
+    });
+}
+
+static FileStatus SetLastWrite(FileHandle file, uint64_t lastWrite) {
+    return OnHandle(file, [=](Handle& handle) { handle.file->lastWriteTime = lastWrite; });
+}
+
 // Takes a name off the disk and, unless it is removed for good, gives its file another.
 static FileStatus Rename(const char* from, const char* to) {
     const Call call = NextCall(true);
@@ -208,8 +227,8 @@ static FileStatus Exists(const char* path) {
 static void Pause(uint32_t) {}
 
 void UseMemoryFiles() {
-    FileCalls = {Open,     Read,  Write,  Seek,   Size,   Flush,
-                 Truncate, Close, Rename, Remove, Exists, Pause};
+    FileCalls = {Open,  Read,  Write,        Seek,   Size,   Flush,  Truncate,
+                 Close, Facts, SetLastWrite, Rename, Remove, Exists, Pause};
     AppDirectory.clear();
     StartOnDisk({});
 }
@@ -218,7 +237,7 @@ void StartOnDisk(const MemorySnapshot& snapshot) {
     disk.clear();
     handles.clear();
     for (const auto& [name, bytes] : snapshot) {
-        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0});
+        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0, 0});
     }
     ArmFault(Fault::kNone, 0);
 }
@@ -246,6 +265,14 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
     diskIsFull = false;
     everythingHeld = false;
     endedBy = Fault::kNone;
+}
+
+void LinkFile(const std::string& name, const std::string& otherName) {
+    disk[otherName] = disk.at(name);
+}
+
+uint64_t& LastWriteTime(const std::string& name) {
+    return disk.at(name)->lastWriteTime;
 }
 
 int CallsMade() {

@@ -1,0 +1,174 @@
+// Copying and moving on a disk in memory: whatever call fails, no source is lost.
+#include "files/file_copy.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <vector>
+
+#include "tests/database/memory_files.h"
+
+static const char kSource[] = "source.wav";
+static const char kTarget[] = "target.wav";
+static const std::string kOldBytes(70'000, 'o');
+
+static std::string SourceBytes() {
+    std::string bytes(150'000, '\0');  // three blocks
+    for (size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>(i * 7 + i / 251);
+    return bytes;
+}
+
+// A watcher that always answers the same and counts what it is asked and told.
+struct Heard {
+    bool overwrite = true;
+    int asked = 0;
+    std::vector<uint64_t> done;
+
+    CopyWatcher Watcher() {
+        return {[this] {
+                    ++asked;
+                    return overwrite;
+                },
+                [] {}, [this](uint64_t doneBytes, uint64_t) { done.push_back(doneBytes); }};
+    }
+};
+
+class FileCopyTest : public testing::Test {
+protected:
+    void SetUp() override { UseMemoryFiles(); }
+    void TearDown() override { EXPECT_EQ(OpenHandles(), 0); }
+
+    Heard heard;
+    const std::string bytes = SourceBytes();
+};
+
+using Procedure = CopyResult (*)(const std::string&, const std::string&, const CopyWatcher&);
+
+TEST_F(FileCopyTest, WhateverCallFailsNoSourceIsLost) {
+    constexpr Fault faults[] = {
+        Fault::kCallFails, Fault::kFallsShort, Fault::kDiskFull,
+        Fault::kHeld,      Fault::kEndsBefore, Fault::kEndsHalfway,
+        Fault::kEndsAfter, Fault::kPowerLoss,  Fault::kPowerLossInPart,
+    };
+    int points = 0;
+    int losses = 0;
+    const auto tryPoint = [&](Procedure procedure, const MemorySnapshot& before, Fault fault,
+                              int call) {
+        StartOnDisk(before);
+        ArmFault(fault, call);
+        const CopyResult result = procedure(kSource, kTarget, Heard().Watcher());
+        const bool reached = CallsMade() >= call;
+        const MemorySnapshot after = DiskAfterEnd();
+        const bool whole = FileBytes(after, kTarget) == bytes;
+        const std::string left = FileBytes(after, kSource);
+        const bool lost =
+            left != bytes && !(procedure == MoveOneFile && left == kNoSuchFile && whole);
+        const bool claimed = result == CopyResult::kDone && !ProgramEnded() && !whole;
+        EXPECT_FALSE(lost || claimed) << "fault " << static_cast<int>(fault) << " at call " << call;
+        EXPECT_EQ(OpenHandles() == 0 || ProgramEnded(), true);
+        points += reached;
+        losses += lost || claimed;
+        return reached;
+    };
+    for (const Procedure procedure : {CopyOneFile, MoveOneFile}) {
+        for (const bool present : {false, true}) {
+            MemorySnapshot before = {{kSource, bytes}};
+            if (present) before[kTarget] = kOldBytes;
+            for (const Fault fault : faults) {
+                for (int call = 1; tryPoint(procedure, before, fault, call); ++call) {
+                }
+            }
+        }
+    }
+    printf("%d fault points, %d losses\n", points, losses);
+    EXPECT_GT(points, 400);
+    StartOnDisk({});
+}
+
+TEST_F(FileCopyTest, OneFileUnderTwoNamesIsNotEmptied) {
+    StartOnDisk({{kSource, bytes}});
+    LinkFile(kSource, kTarget);
+    for (const Procedure procedure : {CopyOneFile, MoveOneFile}) {
+        EXPECT_EQ(procedure(kSource, kTarget, heard.Watcher()), CopyResult::kOverItself);
+        EXPECT_EQ(procedure(kSource, kSource, heard.Watcher()), CopyResult::kOverItself);
+    }
+    EXPECT_EQ(heard.asked, 0);
+    EXPECT_EQ(FileBytes(DiskAfterEnd(), kSource), bytes);
+    // Where nothing tells files apart, only a source that nobody can write to is safe.
+    StartOnDisk({{kSource, bytes}, {kTarget, kOldBytes}});
+    FileCalls.facts = [](FileHandle, FileFacts& facts) {
+        facts = {true, 0, 0, 0};
+        return FileStatus::kOk;
+    };
+    static auto openBefore = FileCalls.open;
+    FileCalls.open = [](const char* path, FileMode mode, FileHandle& file) {
+        return mode == FileMode::kReadGuarded ? FileStatus::kHeld : openBefore(path, mode, file);
+    };
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kFailed);
+    EXPECT_EQ(FileBytes(DiskAfterEnd(), kTarget), kOldBytes);
+}
+
+TEST_F(FileCopyTest, AFileInTheWayIsReplacedOnlyWhenTheUserSaysSo) {
+    StartOnDisk({{kSource, "short"}, {kTarget, kOldBytes}});
+    heard.overwrite = false;
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kDeclined);
+    EXPECT_EQ(FileBytes(DiskAfterEnd(), kTarget), kOldBytes);
+    heard.overwrite = true;
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kDone);
+    EXPECT_EQ(DiskAfterEnd(), (MemorySnapshot{{kTarget, "short"}}));
+    EXPECT_EQ(heard.asked, 2);
+}
+
+TEST_F(FileCopyTest, BlocksStepsAndTimeStamp) {
+    const struct {
+        size_t size;
+        std::vector<uint64_t> done;
+    } cases[] = {
+        {0, {0, 0}},
+        {65'534, {0, 65'534, 65'534, 65'534}},
+        {65'535, {0, 65'534, 65'534, 65'535, 65'535, 65'535}},
+    };
+    for (const auto& c : cases) {
+        StartOnDisk({{kSource, bytes.substr(0, c.size)}});
+        LastWriteTime(kSource) = 1995;
+        heard = {};
+        EXPECT_EQ(CopyOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kDone);
+        EXPECT_EQ(heard.done, c.done);
+        EXPECT_EQ(heard.asked, 0);
+        EXPECT_EQ(LastWriteTime(kTarget), 1995u);
+    }
+    FileCalls.setLastWrite = [](FileHandle, uint64_t) { return FileStatus::kDenied; };
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kDone);
+}
+
+TEST_F(FileCopyTest, SourcesThatChangeMeanwhileAreNotWhole) {
+    const auto tryWithLength = [&](uint64_t length) {
+        static uint64_t told;
+        told = length;
+        StartOnDisk({{kSource, bytes}});
+        FileCalls.size = [](FileHandle, uint64_t& size) {
+            size = told;
+            return FileStatus::kOk;
+        };
+        EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kFailed) << length;
+        EXPECT_EQ(FileBytes(DiskAfterEnd(), kSource), bytes) << length;
+    };
+    tryWithLength(bytes.size() - 1);
+    tryWithLength(bytes.size() + 1);
+    FileCalls.read = [](FileHandle, void*, uint32_t sizeBytes, uint32_t& readBytes) {
+        readBytes = sizeBytes;
+        return FileStatus::kOk;
+    };
+    tryWithLength(1'000'000);  // grows for ever
+}
+
+TEST_F(FileCopyTest, DevicesAreNoTargets) {
+    StartOnDisk({{kSource, bytes}});
+    FileCalls.facts = [](FileHandle, FileFacts&) { return FileStatus::kOk; };
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kFailed);
+    StartOnDisk({{kSource, bytes}, {"com1", ""}});
+    EXPECT_EQ(CopyOneFile(kSource, "com1", heard.Watcher()), CopyResult::kFailed);
+    EXPECT_EQ(heard.asked, 0);
+    EXPECT_EQ(DiskAfterEnd(), (MemorySnapshot{{kSource, bytes}, {"com1", ""}}));
+}

@@ -140,6 +140,14 @@ TEST_F(FileCopyTest, BlocksStepsAndTimeStamp) {
     }
     FileCalls.setLastWrite = [](FileHandle, uint64_t) { return FileStatus::kDenied; };
     EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kDone);
+    // Some disks tell only now that what was written has found no room.
+    StartOnDisk({{kSource, bytes}});
+    static auto closeBefore = FileCalls.close;
+    FileCalls.close = [](FileHandle file) {
+        closeBefore(file);
+        return FileStatus::kDiskFull;
+    };
+    EXPECT_EQ(MoveOneFile(kSource, kTarget, heard.Watcher()), CopyResult::kFailed);
 }
 
 TEST_F(FileCopyTest, SourcesThatChangeMeanwhileAreNotWhole) {

@@ -9,26 +9,31 @@
 #include "app/shutdown.h"
 #include "base/program_state.h"
 #include "database_dialogs/entry_dialog.h"
-#include "playback/cd_player.h"
+#include "playback/cd_commands.h"
+#include "playback/cd_readouts.h"
 #include "playback/file_player.h"
 #include "resources/ids.h"
 #include "ui/about_box.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 
-static void OnAbout() {
-    ShowAboutBox(MainWindow);
+static void OnAbout(HWND window) {
+    ShowAboutBox(window);
 }
 
-static void OnCdPlayCurrent() {
-    OnCdPlay(0);
+static void OnExit(HWND) {
+    ShutDown();
 }
 
-static void OnEntry() {
+static void OnCdPlayCurrent(HWND window) {
+    OnCdPlay(window, 0);
+}
+
+static void OnEntry(HWND window) {
     DiscToc disc;
-    if (!PrepareEntry(disc)) return;
-    ShowEntryDialog(MainWindow, disc);
-    RefreshDiscTitles();
+    if (!PrepareEntry(window, disc)) return;
+    ShowEntryDialog(window, disc);
+    RefreshDiscTitles(window);
 }
 
 enum class CommandKind { kAnyMode, kFileModes, kCdMode };
@@ -36,13 +41,13 @@ enum class CommandKind { kAnyMode, kFileModes, kCdMode };
 struct Command {
     int id;
     CommandKind kind;
-    void (*handler)();
+    void (*handler)(HWND window);
     int sound = 0;  // played first, where nothing that follows decides about it
 };
 
 constexpr Command kCommands[] = {
     {IDC_ABOUT, CommandKind::kAnyMode, OnAbout, IDS_SOUND_ABOUT},
-    {IDC_EXIT, CommandKind::kAnyMode, ShutDown},
+    {IDC_EXIT, CommandKind::kAnyMode, OnExit},
     {IDC_PLAY, CommandKind::kFileModes, OnPlay},
     {IDC_STOP, CommandKind::kFileModes, OnStop},
     {IDC_PAUSE, CommandKind::kFileModes, OnPause},
@@ -67,14 +72,14 @@ static void RunCommand(HWND window, int id) {
         return;
     }
     if (id >= IDC_TRACK_FIRST && id <= IDC_TRACK_LAST) {
-        if (InCdMode()) OnTrackButton(id);
+        if (InCdMode()) OnTrackButton(window, id);
         return;
     }
     const CommandKind otherKind = InCdMode() ? CommandKind::kFileModes : CommandKind::kCdMode;
     for (const Command& command : kCommands) {
         if (command.id == id && command.kind != otherKind) {
             if (command.sound != 0) PlayClickSound(command.sound);
-            command.handler();
+            command.handler(window);
             return;
         }
     }
@@ -109,7 +114,7 @@ static bool IsDiscRequest(WPARAM wParam, LPARAM lParam, int& track) {
 
 static void OnDiscRequest(HWND window, int track, bool blocked) {
     if (!blocked) ChangeMode(window, IDC_MODE_CDPLAYER);
-    OnCdPlayRequest(track, blocked);
+    OnCdPlayRequest(window, track, blocked);
 }
 
 // What Enter means depends on the focus; elsewhere it means nothing.

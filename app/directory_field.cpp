@@ -66,7 +66,7 @@ void OnDirectoryTimer() {
 void FinishDirectoryChange() {
     if (!Pending.fill) return;
     Pending.fill = false;
-    FillModeList(Pending.keepSelection);
+    FillModeList(MainWindow, Pending.keepSelection);
 }
 
 void OnInvalidPath() {

@@ -37,23 +37,23 @@ constexpr FileCommand kFileCommands[] = {
 };
 
 // Nothing plays and no tick comes while the dialog is open. The disc is left alone: it plays on.
-static void StopFiles() {
-    StopAndReset();
+static void StopFiles(HWND window) {
+    StopAndReset(window);
     if (InCdMode()) return;
-    StopPositionTimer();
-    StopAnimationTimer();
+    StopPositionTimer(window);
+    StopAnimationTimer(window);
 }
 
 static void Run(HWND window, const FileCommand& command) {
-    StopFiles();
-    const FileNames names = SelectedFileNames(kMaxQueueFiles);
+    StopFiles(window);
+    const FileNames names = SelectedFileNames(window, kMaxQueueFiles);
     if (command.nothingSelected != nullptr && names.empty()) {
         ShowMessage(command.nothingSelected);
         return;
     }
     if (command.sound != 0) PlayClickSound(command.sound);
     command.show(window, names);
-    if (command.refill) FillModeList();
+    if (command.refill) FillModeList(window);
 }
 
 bool RunFileCommand(HWND window, int id) {

@@ -2,7 +2,7 @@
 #include "app/main_buttons.h"
 
 #include "base/program_state.h"
-#include "playback/cd_player.h"
+#include "playback/cd_readouts.h"
 #include "playback/play_queue.h"
 #include "resources/ids.h"
 

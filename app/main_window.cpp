@@ -10,10 +10,11 @@
 #include "app/shutdown.h"
 #include "base/program_state.h"
 #include "base/settings.h"
+#include "playback/cd_commands.h"
 #include "playback/cd_player.h"
+#include "playback/cd_player_state.h"
 #include "playback/file_list.h"
 #include "playback/file_player.h"
-#include "playback/media_device.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/animations.h"
@@ -34,12 +35,14 @@ static void PostStartRequest(HWND window) {
         PostMessageA(window, WM_COMMAND, IDC_CD_PLAY,
                      static_cast<LPARAM>(MAKELONG(StartTrack, kCommandLineMarker)));
     } else if (StartFileGiven) {
-        if (SelectStartFile(StartFileName)) PostMessageA(window, WM_COMMAND, IDC_PLAY, 0);
+        if (SelectStartFile(window, StartFileName)) PostMessageA(window, WM_COMMAND, IDC_PLAY, 0);
     }
 }
 
 static BOOL OnInitDialog(HWND window) {
     MainWindow = window;
+    ResetFilePlayer();
+    ResetCdPlayer();
     LoadSkin(window);
     CenterOnScreen(window);
     if (!StartFileGiven) ReadSettings();
@@ -48,7 +51,7 @@ static BOOL OnInitDialog(HWND window) {
     PlaceCdControls(window);
     PlaceAnimations(window);
     ShowFirstTexts(window);
-    OpenCdPlayer();
+    OpenCdPlayer(window);
     EnterStartMode(window);
     SetFocus(GetDlgItem(window, InCdMode() ? IDC_CD_PLAY : IDC_FILE_LIST));
     PostStartRequest(window);
@@ -70,7 +73,7 @@ static bool OnDrawItem(const DRAWITEMSTRUCT& item) {
     return true;
 }
 
-static void OnTimer(UINT_PTR id) {
+static void OnTimer(HWND window, UINT_PTR id) {
     if (id == ID_DIRECTORY_TIMER) {
         OnDirectoryTimer();
         return;
@@ -81,23 +84,23 @@ static void OnTimer(UINT_PTR id) {
     inTimer = true;
     TickResult result = TickResult::kGoOn;
     if (id == ID_ANIMATION_TIMER) {
-        StepAnimation(MainWindow, CurrentDiscState() == DiscState::kPlaying);
-    } else if (IsCdTimerRunning()) {
-        CdStatusTick();
-    } else if (IsPositionTimerRunning()) {
-        result = PositionTick();
+        StepAnimation(window, CdPlayer.state == DiscState::kPlaying);
+    } else if (IsCdTimerRunning(window)) {
+        CdStatusTick(window);
+    } else if (IsPositionTimerRunning(window)) {
+        result = PositionTick(window);
     }
     inTimer = false;
     if (result == TickResult::kEndProgram) EndProgram();
 }
 
-static void OnScroll(WPARAM wParam) {
+static void OnScroll(HWND window, WPARAM wParam) {
     const int code = LOWORD(wParam);
     const int thumb = HIWORD(wParam);
     if (InCdMode()) {
-        OnCdScroll(code, thumb);
+        OnCdScroll(window, code, thumb);
     } else {
-        OnFileScroll(code, thumb);
+        OnFileScroll(window, code, thumb);
     }
 }
 
@@ -120,7 +123,7 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
             OnCommand(window, wParam, lParam, IsBlocked(window));
             return 0;
         case WM_HSCROLL:
-            if (!IsBlocked(window)) OnScroll(wParam);
+            if (!IsBlocked(window)) OnScroll(window, wParam);
             return 0;
         case WM_CLOSE:
             if (!IsBlocked(window)) ShutDown();
@@ -129,7 +132,7 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
             if (wParam && !ShuttingDown) WriteSettings();
             return 0;
         case WM_TIMER:
-            OnTimer(wParam);
+            OnTimer(window, wParam);
             return 0;
         case WM_PAINT:
             OnPaint(window);

@@ -26,31 +26,31 @@ static void ResumeDrawing(HWND window) {
 }
 
 static void LeaveCdMode(HWND window) {
-    StopCdTimer();
-    StopAnimationTimer();
+    StopCdTimer(window);
+    StopAnimationTimer(window);
     ShowCdControls(window, false);
     ShowFileControls(window, true);
     PlaceScrollBar(window, false);
 }
 
 static void ShowFileMode(HWND window) {
-    ShowModeLabels();
+    ShowModeLabels(window);
     ShowAnimationAreas(window);
-    FillModeList();
+    FillModeList(window);
 }
 
 static void ChangeToFileMode(HWND window, int mode) {
     if (InCdMode()) LeaveCdMode(window);
-    StopAndReset();
+    StopAndReset(window);
     SetPlayMode(mode);
     // Once more, so that the scroll bar is reset when the disc has used it.
-    StopAndReset();
+    StopAndReset(window);
     ShowFileMode(window);
 }
 
 static void ShowCdMode(HWND window) {
-    StartCdTimer();
-    StartAnimationTimer();
+    StartCdTimer(window);
+    StartAnimationTimer(window);
     ShowFileControls(window, false);
     ShowAnimationAreas(window);
     ShowCdControls(window, true);
@@ -59,7 +59,7 @@ static void ShowCdMode(HWND window) {
 
 static void ChangeToCdPlayer(HWND window) {
     SetPlayMode(IDC_MODE_CDPLAYER);
-    StopAndReset();
+    StopAndReset(window);
     ShowCdMode(window);
 }
 
@@ -74,7 +74,7 @@ void ChangeMode(HWND window, int mode) {
     if (mode == PlayMode) return;
     HWND focused = GetFocus();
     const bool held = HoldDrawing(window);
-    CutPlayQueue();
+    CutPlayQueue(window);
     if (mode == IDC_MODE_CDPLAYER) {
         ChangeToCdPlayer(window);
     } else {
@@ -84,14 +84,14 @@ void ChangeMode(HWND window, int mode) {
     PlaceFocus(window, focused);
     if (!InCdMode()) return;
     // The drive may have something to say, and its box must not stand before an undrawn window.
-    ShowCdPlayer();
+    ShowCdPlayer(window);
     PlayClickSound(IDS_SOUND_CDPLAYER);
 }
 
 void EnterStartMode(HWND window) {
     if (InCdMode()) {
         ShowCdMode(window);
-        ShowCdPlayer();
+        ShowCdPlayer(window);
         return;
     }
     ShowCdControls(window, false);

@@ -12,14 +12,8 @@
 #include "ui/click_sounds.h"
 #include "ui/entry_colors.h"
 
-static void StopTimers() {
-    StopPositionTimer();
-    StopCdTimer();
-    StopAnimationTimer();
-}
-
 static void DestroyMainWindow() {
-    CloseCdPlayer();
+    CloseCdPlayer(MainWindow);
     DestroyWindow(MainWindow);
     MainWindow = nullptr;
     // After the window, which draws with it to the last.
@@ -29,16 +23,16 @@ static void DestroyMainWindow() {
 
 void ShutDown() {
     ShuttingDown = true;
-    StopAndReset();
+    StopAndReset(MainWindow);
     PlayClickSound(IDS_SOUND_EXIT, kClickToEndFlags);
-    StopTimers();
+    StopPlayerTimers(MainWindow);
     WriteSettings();
     DestroyMainWindow();
 }
 
 void EndProgram() {
     ShuttingDown = true;
-    StopAndReset();
-    StopTimers();
+    StopAndReset(MainWindow);
+    StopPlayerTimers(MainWindow);
     DestroyMainWindow();
 }

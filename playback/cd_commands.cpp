@@ -1,4 +1,6 @@
-// The CD player's buttons and its scroll bar.
+// See cd_commands.h.
+#include "playback/cd_commands.h"
+
 #include <algorithm>
 
 #include "base/program_state.h"
@@ -9,8 +11,7 @@
 #include "playback/cd_readouts.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
-#include "playback/media_error.h"
-#include "playback/position_bar.h"
+#include "playback/play_readouts.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
 
@@ -25,7 +26,7 @@ static bool IsDiscMissing() {
 }
 
 // True when there is a device, perhaps after asking the user.
-static bool GetDevice() {
+static bool GetDevice(HWND window) {
     if (!DriverAvailable.cdAudio) {
         ShowMessage("No MCI CD audio driver installed!");
         return false;
@@ -33,27 +34,27 @@ static bool GetDevice() {
     if (IsCdOpen()) return true;
     if (!AskQuestion("Could not open CD device when starting Tarnwell. Try it again?"))
         return false;
-    if (OpenDriveAndReadDisc()) ShowDiscButtons();
+    if (OpenDriveAndReadDisc(window)) ShowDiscButtons(window);
     if (IsCdOpen() && CdPlayer.discPresent) return true;
     ShowMessage("Still can't open CD device. Make sure there is a disc in your CD-ROM drive.");
     return false;
 }
 
-static void PlayFromTrack(int track) {
-    if (!GetDevice()) return;
+static void PlayFromTrack(HWND window, int track) {
+    if (!GetDevice(window)) return;
     CdPlayer.paused = false;
     CdPlayer.dragging = false;
-    SetCurrentTrack(track);
-    PlayCdFrom(PackPosition(track, 0, 0, 0));
-    ShowTrack();
-    ShowDiscTitle();
-    SetDiscThumb(0);
+    SetCurrentTrack(window, track);
+    PlayCdFrom(window, PackPosition(track, 0, 0, 0));
+    ShowTrack(window);
+    ShowDiscTitle(window);
+    SetDiscThumb(window, 0);
 }
 
-static void Resume() {
+static void Resume(HWND window) {
     CdPlayer.paused = false;
-    SendToCd(MCI_PLAY, 0);
-    SetDiscRange(TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack));
+    SendToCd(window, MCI_PLAY, 0);
+    SetDiscRange(window, TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack));
 }
 
 static bool IsTrackNumber(int track) {
@@ -64,61 +65,61 @@ static int TrackToStart(int startTrack) {
     return IsTrackNumber(startTrack) ? startTrack : std::max(CdPlayer.currentTrack, 1);
 }
 
-void OnCdPlay(int startTrack) {
+void OnCdPlay(HWND window, int startTrack) {
     if (IsDiscMissing()) return;
     if (!CdPlayer.paused) {
-        PlayFromTrack(TrackToStart(startTrack));
-    } else if (GetDevice()) {
-        Resume();
+        PlayFromTrack(window, TrackToStart(startTrack));
+    } else if (GetDevice(window)) {
+        Resume(window);
     }
 }
 
-void OnCdPlayRequest(int startTrack, bool behindDialog) {
+void OnCdPlayRequest(HWND window, int startTrack, bool behindDialog) {
     if (behindDialog && !IsCdOpen()) return;
     // In the file modes the last look may be long ago: what it saw says nothing.
     if (!InCdMode()) CdPlayer.state = DiscState::kNone;
-    CdStatusTick();
-    OnCdPlay(startTrack);
+    CdStatusTick(window);
+    OnCdPlay(window, startTrack);
 }
 
-void OnCdPause() {
-    if (IsDiscMissing() || !GetDevice()) return;
+void OnCdPause(HWND window) {
+    if (IsDiscMissing() || !GetDevice(window)) return;
     if (CdPlayer.paused) {
-        Resume();
+        Resume(window);
         return;
     }
     DWORD mode = 0;
     const MCIERROR error = QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
-    if (error != 0) ReportDiscError(error);
+    if (error != 0) ReportDiscError(window, error);
     if (mode != MCI_MODE_PLAY) return;
-    CdPlayer.paused = SendToCd(MCI_PAUSE, 0);
+    CdPlayer.paused = SendToCd(window, MCI_PAUSE, 0);
 }
 
-static void StopDisc() {
+static void StopDisc(HWND window) {
     if (CdPlayer.paused) {
         // Some drives stay paused through a stop.
         CdPlayer.paused = false;
-        SendToCd(MCI_PLAY, 0);
+        SendToCd(window, MCI_PLAY, 0);
     }
-    SendToCd(MCI_STOP, MCI_WAIT);
-    SetCurrentTrack(1);
+    SendToCd(window, MCI_STOP, MCI_WAIT);
+    SetCurrentTrack(window, 1);
 }
 
-void OnCdStop() {
-    if (IsDiscMissing() || !GetDevice()) return;
-    StopDisc();
+void OnCdStop(HWND window) {
+    if (IsDiscMissing() || !GetDevice(window)) return;
+    StopDisc(window);
 }
 
-void OnSkipBack() {
+void OnSkipBack(HWND window) {
     if (IsDiscMissing()) return;
     if (!IsCdOpen()) {
-        PlayFromTrack(1);
+        PlayFromTrack(window, 1);
         return;
     }
     DWORD packed = 0;
     const MCIERROR error = QueryStatus(CdDevice(), MCI_STATUS_POSITION, packed);
     if (error != 0) {
-        ReportDiscError(error);
+        ReportDiscError(window, error);
         return;
     }
     const DiscPosition position = UnpackPosition(packed);
@@ -126,57 +127,57 @@ void OnSkipBack() {
     const bool plays = CdPlayer.state == DiscState::kPlaying;
     const int target = SkipBackTarget(plays ? position.track : CdPlayer.currentTrack,
                                       CdPlayer.toc.trackCount, SecondsIntoTrack(position));
-    if (target != 0) PlayFromTrack(target);
+    if (target != 0) PlayFromTrack(window, target);
 }
 
-void OnSkipForward() {
+void OnSkipForward(HWND window) {
     if (IsDiscMissing()) return;
     const int target =
         IsCdOpen() ? SkipForwardTarget(CdPlayer.currentTrack, CdPlayer.toc.trackCount) : 1;
-    if (target != 0) PlayFromTrack(target);
+    if (target != 0) PlayFromTrack(window, target);
 }
 
-void OnTrackButton(int controlId) {
+void OnTrackButton(HWND window, int controlId) {
     const int track = CdPlayer.page * kTrackPageSize + controlId - IDC_TRACK_FIRST + 1;
     if (IsDiscMissing() || track > CdPlayer.toc.trackCount) return;
-    PlayFromTrack(track);
+    PlayFromTrack(window, track);
 }
 
-static void TurnPage(int page) {
+static void TurnPage(HWND window, int page) {
     if (IsDiscMissing()) return;
     CdPlayer.page = page;
-    ShowDiscButtons();
+    ShowDiscButtons(window);
 }
 
-void OnNextPage() {
-    TurnPage(PageAfter(CdPlayer.page, CdPlayer.pageCount));
+void OnNextPage(HWND window) {
+    TurnPage(window, PageAfter(CdPlayer.page, CdPlayer.pageCount));
 }
 
-void OnPreviousPage() {
-    TurnPage(PageBefore(CdPlayer.page, CdPlayer.pageCount));
+void OnPreviousPage(HWND window) {
+    TurnPage(window, PageBefore(CdPlayer.page, CdPlayer.pageCount));
 }
 
-void OnEject() {
+void OnEject(HWND window) {
     if (CdPlayer.state == DiscState::kEmpty && CanEjectDisc()) {
         CloseCdDoor();
         return;
     }
-    if (!IsCdOpen() && !OpenCdDevice()) return;
-    if (!IsDiscMissing()) StopDisc();
+    if (!IsCdOpen() && !OpenCdDevice(window)) return;
+    if (!IsDiscMissing()) StopDisc(window);
     OpenCdDoor();
 }
 
-bool PrepareEntry(DiscToc& disc) {
-    if (IsDiscMissing() || !GetDevice() || CdPlayer.toc.trackCount == 0) return false;
+bool PrepareEntry(HWND window, DiscToc& disc) {
+    if (IsDiscMissing() || !GetDevice(window) || CdPlayer.toc.trackCount == 0) return false;
     disc = CdPlayer.toc;
     return true;
 }
 
 // The scroll bar
 
-static bool IsDiscPlaying() {
+static bool IsDiscPlaying(HWND window) {
     DWORD mode = 0;
-    return IsCdOpen() && QueryDriveMode(mode) && mode == MCI_MODE_PLAY;
+    return IsCdOpen() && QueryDriveMode(window, mode) && mode == MCI_MODE_PLAY;
 }
 
 static int CurrentLengthSeconds() {
@@ -188,66 +189,67 @@ static MCIERROR PlayFromSecond(int seconds) {
         PackPosition(CdPlayer.currentTrack, seconds / 60, seconds % 60, kSeekFrame));
 }
 
-static void SeekInTrack(int seconds) {
+static void SeekInTrack(HWND window, int seconds) {
     MCIERROR error = PlayFromSecond(seconds);
     // The last second of the disc may be too short to hold the frame.
     if (LOWORD(error) == MCIERR_OUTOFRANGE && seconds > 0) {
         --seconds;
         error = PlayFromSecond(seconds);
     }
-    if (error != 0) ReportDiscError(error);
-    ShowElapsedAndThumb(seconds);
+    if (error != 0) ReportDiscError(window, error);
+    ShowElapsedAndThumb(window, seconds);
 }
 
 // The release ends the dragging also when the disc has stopped meanwhile.
-static void ReleaseThumb(int seconds) {
+static void ReleaseThumb(HWND window, int seconds) {
     if (!CdPlayer.dragging) return;
     CdPlayer.dragging = false;
-    if (IsDiscPlaying()) SeekInTrack(std::clamp(seconds, 0, CurrentLengthSeconds()));
+    if (IsDiscPlaying(window)) SeekInTrack(window, std::clamp(seconds, 0, CurrentLengthSeconds()));
 }
 
-static void DragThumb(int seconds) {
-    if (!IsDiscPlaying()) return;
+static void DragThumb(HWND window, int seconds) {
+    if (!IsDiscPlaying(window)) return;
     CdPlayer.dragging = true;
-    ShowElapsed(std::clamp(seconds, 0, CurrentLengthSeconds()));
+    ShowElapsed(window, std::clamp(seconds, 0, CurrentLengthSeconds()));
 }
 
-static void MoveThumb(int bySeconds) {
-    if (!IsDiscPlaying()) return;
+static void MoveThumb(HWND window, int bySeconds) {
+    if (!IsDiscPlaying(window)) return;
     CdPlayer.dragging = true;
-    ShowElapsedAndThumb(MovedPosition(PositionThumb(), bySeconds, CurrentLengthSeconds()));
+    ShowElapsedAndThumb(window,
+                        MovedPosition(PositionThumb(window), bySeconds, CurrentLengthSeconds()));
     // Arrow keys are not followed by an end of scroll everywhere.
-    if (GetKeyState(VK_LBUTTON) >= 0) ReleaseThumb(PositionThumb());
+    if (GetKeyState(VK_LBUTTON) >= 0) ReleaseThumb(window, PositionThumb(window));
 }
 
-void OnCdScroll(int code, int thumb) {
+void OnCdScroll(HWND window, int code, int thumb) {
     switch (code) {
         case SB_LINELEFT:
-            MoveThumb(-1);
+            MoveThumb(window, -1);
             break;
         case SB_LINERIGHT:
-            MoveThumb(1);
+            MoveThumb(window, 1);
             break;
         case SB_PAGELEFT:
-            MoveThumb(-kPageScrollSeconds);
+            MoveThumb(window, -kPageScrollSeconds);
             break;
         case SB_PAGERIGHT:
-            MoveThumb(kPageScrollSeconds);
+            MoveThumb(window, kPageScrollSeconds);
             break;
         case SB_LEFT:
-            MoveThumb(-CurrentLengthSeconds());
+            MoveThumb(window, -CurrentLengthSeconds());
             break;
         case SB_RIGHT:
-            MoveThumb(CurrentLengthSeconds());
+            MoveThumb(window, CurrentLengthSeconds());
             break;
         case SB_THUMBTRACK:
-            DragThumb(thumb);
+            DragThumb(window, thumb);
             break;
         case SB_THUMBPOSITION:
-            ReleaseThumb(thumb);
+            ReleaseThumb(window, thumb);
             break;
         case SB_ENDSCROLL:
-            ReleaseThumb(PositionThumb());
+            ReleaseThumb(window, PositionThumb(window));
             break;
         default:
             break;

@@ -3,7 +3,6 @@
 
 #include "playback/mci.h"
 #include "playback/media_device.h"
-#include "playback/media_error.h"
 
 static MCIDEVICEID Device;
 static bool CanEject;
@@ -25,8 +24,8 @@ static MCIERROR Send(UINT message, DWORD_PTR flags, Parameters& parameters) {
     return Mci.send(Device, message, flags, reinterpret_cast<DWORD_PTR>(&parameters));
 }
 
-static bool Checked(MCIERROR error) {
-    if (error != 0) ReportDiscError(error);
+static bool Checked(HWND window, MCIERROR error) {
+    if (error != 0) ReportDiscError(window, error);
     return error == 0;
 }
 
@@ -35,39 +34,42 @@ static bool IsDriverMissing(MCIERROR error) {
     return LOWORD(error) == MCIERR_CANNOT_LOAD_DRIVER;
 }
 
-bool OpenCdDevice() {
+void ResetCdDevice() {
     Device = 0;
     CanEject = false;
+}
+
+bool OpenCdDevice(HWND window) {
+    ResetCdDevice();
     if (!DriverAvailable.cdAudio) return false;
 
     MCI_OPEN_PARMSA open = {};
     open.lpstrDeviceType = "cdaudio";
     const MCIERROR error = Send(MCI_OPEN, MCI_OPEN_TYPE | MCI_WAIT, open);
     if (error != 0) {
-        if (!IsDriverMissing(error)) ReportDiscError(error);
+        if (!IsDriverMissing(error)) ReportDiscError(window, error);
         return false;
     }
     Device = open.wDeviceID;
 
     MCI_SET_PARMS set = {};
     set.dwTimeFormat = MCI_FORMAT_TMSF;
-    Checked(Send(MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, set));
+    Checked(window, Send(MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, set));
 
     MCI_GETDEVCAPS_PARMS capability = {};
     capability.dwItem = MCI_GETDEVCAPS_CAN_EJECT;
-    if (Checked(Send(MCI_GETDEVCAPS, MCI_GETDEVCAPS_ITEM | MCI_WAIT, capability))) {
+    if (Checked(window, Send(MCI_GETDEVCAPS, MCI_GETDEVCAPS_ITEM | MCI_WAIT, capability))) {
         CanEject = LOWORD(capability.dwReturn) != 0;
     }
     return true;
 }
 
-void CloseCdDevice() {
+void CloseCdDevice(HWND window) {
     if (Device == 0) return;
     // This one command is used without a parameter block by every platform.
     const MCIERROR error = Mci.send(Device, MCI_CLOSE, 0, 0);
-    Device = 0;
-    CanEject = false;
-    Checked(error);
+    ResetCdDevice();
+    Checked(window, error);
 }
 
 static void MoveDoor(DWORD_PTR flag) {
@@ -83,10 +85,10 @@ void CloseCdDoor() {
     MoveDoor(MCI_SET_DOOR_CLOSED);
 }
 
-bool SendToCd(UINT message, DWORD_PTR flags) {
+bool SendToCd(HWND window, UINT message, DWORD_PTR flags) {
     // Large enough for every command used without values of its own.
     MCI_PLAY_PARMS parameters = {};
-    return Checked(Send(message, flags, parameters));
+    return Checked(window, Send(message, flags, parameters));
 }
 
 MCIERROR TryPlayCdFrom(DWORD position) {
@@ -95,6 +97,6 @@ MCIERROR TryPlayCdFrom(DWORD position) {
     return Send(MCI_PLAY, MCI_FROM, play);
 }
 
-bool PlayCdFrom(DWORD position) {
-    return Checked(TryPlayCdFrom(position));
+bool PlayCdFrom(HWND window, DWORD position) {
+    return Checked(window, TryPlayCdFrom(position));
 }

@@ -12,10 +12,12 @@ bool IsCdOpen();
 // Known from the open on; false without a device.
 bool CanEjectDisc();
 
+// The first state, with no device open.
+void ResetCdDevice();
 // False when there is no device afterwards. A missing driver stays silent, other failures are
 // shown.
-bool OpenCdDevice();
-void CloseCdDevice();
+bool OpenCdDevice(HWND window);
+void CloseCdDevice(HWND window);
 
 // Without waiting for the tray; results are ignored, because drives without a motor refuse.
 void OpenCdDoor();
@@ -23,8 +25,8 @@ void CloseCdDoor();
 
 // One command with a parameter block of zeros, because the platform's driver refuses commands
 // without one. Failures are shown. False on failure.
-bool SendToCd(UINT message, DWORD_PTR flags);
+bool SendToCd(HWND window, UINT message, DWORD_PTR flags);
 // Plays on from the beginning of a frame packed as track, minutes, seconds, frames.
-bool PlayCdFrom(DWORD position);
+bool PlayCdFrom(HWND window, DWORD position);
 // The same without a word about a failure; 0 or what the drive answered.
 MCIERROR TryPlayCdFrom(DWORD position);

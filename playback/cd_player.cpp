@@ -1,5 +1,4 @@
-// The CD player's view of the drive: which state it is in, which disc it holds, where it plays.
-// Commands are in cd_commands.cpp, what the window shows in cd_readouts.cpp.
+// See cd_player.h.
 #include "playback/cd_player.h"
 
 #include <algorithm>
@@ -10,35 +9,29 @@
 #include "playback/cd_player_state.h"
 #include "playback/cd_readouts.h"
 #include "playback/mci.h"
-#include "playback/media_error.h"
+#include "playback/media_device.h"
 
 CdPlayerState CdPlayer;
 
-DiscState CurrentDiscState() {
-    return CdPlayer.state;
+void ResetCdPlayer() {
+    CdPlayer = {};
+    ResetCdDevice();
 }
 
-const DiscToc& PlayerDiscToc() {
-    return CdPlayer.toc;
-}
-
-// A query repeated every second must not raise a box every second.
-static bool QueryReportedOnce(DWORD item, bool& failing, DWORD& value) {
+static bool QueryReportedOnce(HWND window, DWORD item, bool& failing, DWORD& value) {
     const MCIERROR error = QueryStatus(CdDevice(), item, value);
     const bool first = error != 0 && !failing;
     failing = error != 0;
-    if (first) ReportDiscError(error);
+    if (first) ReportDiscError(window, error);
     return error == 0;
 }
 
-bool QueryDriveMode(DWORD& mode) {
-    static bool failing;
-    return QueryReportedOnce(MCI_STATUS_MODE, failing, mode);
+bool QueryDriveMode(HWND window, DWORD& mode) {
+    return QueryReportedOnce(window, MCI_STATUS_MODE, CdPlayer.modeFailing, mode);
 }
 
-static bool QueryMediumPresent(DWORD& present) {
-    static bool failing;
-    return QueryReportedOnce(MCI_STATUS_MEDIA_PRESENT, failing, present);
+static bool QueryMediumPresent(HWND window, DWORD& present) {
+    return QueryReportedOnce(window, MCI_STATUS_MEDIA_PRESENT, CdPlayer.mediumFailing, present);
 }
 
 // Reading the disc
@@ -62,7 +55,7 @@ static bool ReadTrackLengths() {
     return complete;
 }
 
-static void ReadToc() {
+static void ReadToc(HWND window) {
     CdPlayer.deviceTrackCount = 0;
     CdPlayer.deviceLength = 0;
     CdPlayer.toc = {};
@@ -78,17 +71,17 @@ static void ReadToc() {
     CdPlayer.trackStale = true;
     // A drive that still spins up knows its medium before it can read it. The first tick after that
     // finds another number of tracks and reads again.
-    if (error != 0 && CdPlayer.state != DiscState::kEmpty) ReportDiscError(error);
+    if (error != 0 && CdPlayer.state != DiscState::kEmpty) ReportDiscError(window, error);
 }
 
-static void TakeDisc() {
+static void TakeDisc(HWND window) {
     CdPlayer.discPresent = true;
     CdPlayer.dragging = false;
     CdPlayer.paused = false;
-    ReadToc();
+    ReadToc(window);
 }
 
-static void ForgetDisc() {
+static void ForgetDisc(HWND window) {
     CdPlayer.discPresent = false;
     CdPlayer.dragging = false;
     CdPlayer.paused = false;
@@ -97,7 +90,7 @@ static void ForgetDisc() {
     CdPlayer.toc = {};
     CdPlayer.page = 0;
     CdPlayer.pageCount = 0;
-    SetCurrentTrack(1);
+    SetCurrentTrack(window, 1);
 }
 
 // A query that fails says nothing about the disc.
@@ -126,32 +119,32 @@ static DiscState StateOfMode(DWORD mode) {
     }
 }
 
-static void EnterState(DiscState state) {
+static void EnterState(HWND window, DiscState state) {
     const DiscState before = CdPlayer.state;
     if (state == before) return;
     CdPlayer.state = state;
-    ShowDiscState();
+    ShowDiscState(window);
     if (state == DiscState::kReady) {
-        ClearCdReadouts();
-        ShowDiscLength();
+        ClearCdReadouts(window);
+        ShowDiscLength(window);
         // Stopping clears the titles; a disc that has come in keeps its own.
         const bool stopped = before == DiscState::kPlaying || before == DiscState::kPaused;
-        if (!stopped && CdPlayer.discPresent) ShowDiscTitle();
+        if (!stopped && CdPlayer.discPresent) ShowDiscTitle(window);
     } else if (state == DiscState::kPlaying) {
-        ShowDiscLength();
-        ShowDiscTitle();
+        ShowDiscLength(window);
+        ShowDiscTitle(window);
         CdPlayer.trackStale = true;
     }
 }
 
-static void ShowTakenDisc() {
-    ShowDiscTitle();
-    ShowDiscButtons();
-    ShowDiscLength();
+static void ShowTakenDisc(HWND window) {
+    ShowDiscTitle(window);
+    ShowDiscButtons(window);
+    ShowDiscLength(window);
 }
 
 // The same disc once more, because some of its lengths are still missing.
-static void ReadMissingLengths() {
+static void ReadMissingLengths(HWND window) {
     --CdPlayer.lengthReadsLeft;
     const uint16_t before = CdPlayer.toc.totalSeconds;
     if (ReadTrackLengths()) CdPlayer.lengthReadsLeft = 0;
@@ -159,35 +152,35 @@ static void ReadMissingLengths() {
     // By its new lengths the disc may be one that the catalogue knows.
     CdPlayer.trackStale = true;
     CdPlayer.titlesStale = true;
-    ShowDiscLength();
+    ShowDiscLength(window);
 }
 
-static void LoseDisc() {
-    ForgetDisc();
-    ClearCdReadouts();
-    ShowDiscTitle();
-    ShowDiscButtons();
+static void LoseDisc(HWND window) {
+    ForgetDisc(window);
+    ClearCdReadouts(window);
+    ShowDiscTitle(window);
+    ShowDiscButtons(window);
 }
 
-static void ExchangeDisc() {
-    ForgetDisc();
-    ClearCdReadouts();
+static void ExchangeDisc(HWND window) {
+    ForgetDisc(window);
+    ClearCdReadouts(window);
     // The pause belonged to the disc that is gone.
-    if (CdPlayer.state == DiscState::kPaused) EnterState(DiscState::kReady);
-    TakeDisc();
-    ShowTakenDisc();
+    if (CdPlayer.state == DiscState::kPaused) EnterState(window, DiscState::kReady);
+    TakeDisc(window);
+    ShowTakenDisc(window);
 }
 
-static void CdPositionTick() {
+static void CdPositionTick(HWND window) {
     DWORD packed = 0;
     if (QueryStatus(CdDevice(), MCI_STATUS_POSITION, packed) != 0) return;
     const DiscPosition position = UnpackPosition(packed);
     if (position.track != CdPlayer.currentTrack || CdPlayer.trackStale) {
-        SetCurrentTrack(position.track);
+        SetCurrentTrack(window, position.track);
         CdPlayer.trackStale = false;
-        ShowTrack();
+        ShowTrack(window);
     }
-    if (!CdPlayer.dragging) ShowElapsedAndThumb(SecondsIntoTrack(position));
+    if (!CdPlayer.dragging) ShowElapsedAndThumb(window, SecondsIntoTrack(position));
 }
 
 // Whether the disc may have become another one unseen. Nothing exchanges a disc without stopping
@@ -199,76 +192,76 @@ static bool MayBeExchanged(bool playedBefore) {
     return CdPlayer.state != DiscState::kEmpty;
 }
 
-static void LookForDisc(bool playedBefore) {
+static void LookForDisc(HWND window, bool playedBefore) {
     DWORD present = CdPlayer.discPresent;
-    QueryMediumPresent(present);
+    QueryMediumPresent(window, present);
     if (present == 0) {
-        if (CdPlayer.discPresent) LoseDisc();
+        if (CdPlayer.discPresent) LoseDisc(window);
         return;
     }
     if (!CdPlayer.discPresent) {
-        TakeDisc();
-        ShowTakenDisc();
+        TakeDisc(window);
+        ShowTakenDisc(window);
     } else if (MayBeExchanged(playedBefore) && !IsSameDisc()) {
-        ExchangeDisc();
+        ExchangeDisc(window);
     } else if (CdPlayer.lengthReadsLeft > 0) {
-        ReadMissingLengths();
+        ReadMissingLengths(window);
     }
-    if (CdPlayer.state == DiscState::kPlaying) CdPositionTick();
-    if (CdPlayer.titlesStale) ShowStaleTitles();
+    if (CdPlayer.state == DiscState::kPlaying) CdPositionTick(window);
+    if (CdPlayer.titlesStale) ShowStaleTitles(window);
 }
 
-void CdStatusTick() {
+void CdStatusTick(HWND window) {
     DWORD mode = 0;
-    if (!IsCdOpen() || !QueryDriveMode(mode)) return;
+    if (!IsCdOpen() || !QueryDriveMode(window, mode)) return;
     const bool playedBefore = CdPlayer.state == DiscState::kPlaying;
     const DiscState state = StateOfMode(mode);
     // The drive may have been set going, or not have taken the pause, behind the player's back.
     if (state == DiscState::kPlaying) CdPlayer.paused = false;
-    if (state == DiscState::kEmpty) SetCurrentTrack(1);
-    EnterState(state);
-    LookForDisc(playedBefore);
+    if (state == DiscState::kEmpty) SetCurrentTrack(window, 1);
+    EnterState(window, state);
+    LookForDisc(window, playedBefore);
 }
 
 // Opening, showing, closing
 
-bool OpenDriveAndReadDisc() {
-    ForgetDisc();
+bool OpenDriveAndReadDisc(HWND window) {
+    ForgetDisc(window);
     CdPlayer.state = DiscState::kNone;
-    if (!OpenCdDevice()) return false;
+    if (!OpenCdDevice(window)) return false;
     DWORD present = 0;
     if (QueryStatus(CdDevice(), MCI_STATUS_MEDIA_PRESENT, present) == 0 && present != 0) {
-        TakeDisc();
-        ShowDiscTitle();
+        TakeDisc(window);
+        ShowDiscTitle(window);
     }
     return true;
 }
 
-void OpenCdPlayer() {
-    OpenDriveAndReadDisc();
-    SetCurrentTrack(0);
+void OpenCdPlayer(HWND window) {
+    OpenDriveAndReadDisc(window);
+    SetCurrentTrack(window, 0);
 }
 
-void CloseCdPlayer() {
+void CloseCdPlayer(HWND window) {
     if (!IsCdOpen()) return;
     // Without an answer, what the last tick saw.
     DWORD mode = CdPlayer.state == DiscState::kPlaying ? MCI_MODE_PLAY : MCI_MODE_STOP;
     QueryStatus(CdDevice(), MCI_STATUS_MODE, mode);
     // Closing alone would leave the drive playing.
-    if (mode == MCI_MODE_PLAY || CdPlayer.paused) SendToCd(MCI_STOP, MCI_WAIT);
-    CloseCdDevice();
+    if (mode == MCI_MODE_PLAY || CdPlayer.paused) SendToCd(window, MCI_STOP, MCI_WAIT);
+    CloseCdDevice(window);
 }
 
-void ShowCdPlayer() {
+void ShowCdPlayer(HWND window) {
     CdPlayer.dragging = false;
-    if (!CdPlayer.paused) SetCurrentTrack(0);
+    if (!CdPlayer.paused) SetCurrentTrack(window, 0);
     // Everything the state shows is shown anew.
     CdPlayer.state = DiscState::kNone;
-    ShowDiscState();
-    CdStatusTick();
+    ShowDiscState(window);
+    CdStatusTick(window);
     if (CdPlayer.state != DiscState::kPlaying) {
-        SetDiscRange(0);
-        SetDiscThumb(0);
+        SetDiscRange(window, 0);
+        SetDiscThumb(window, 0);
     }
-    ShowDiscButtons();
+    ShowDiscButtons(window);
 }

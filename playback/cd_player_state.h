@@ -1,7 +1,12 @@
-// What the CD player knows, shared by its three files: ticks, commands, read-outs.
+// What the CD player knows, shared by its files: ticks, commands, read-outs.
 #pragma once
 
-#include "playback/cd_player.h"
+#include <windows.h>
+
+#include "disc/disc_toc.h"
+
+// Values 0 to 3 as the status line counts them; none before the first look at the drive.
+enum class DiscState { kNone = -1, kEmpty = 0, kReady, kPlaying, kPaused };
 
 struct CdPlayerState {
     DiscState state = DiscState::kNone;
@@ -19,10 +24,9 @@ struct CdPlayerState {
     // What the drive answered when `toc` was read; a different answer means a different disc.
     DWORD deviceTrackCount = 0;
     DWORD deviceLength = 0;
+    // Queries that have been reported and have not succeeded since: one repeated every second must
+    // not raise a box every second.
+    bool modeFailing = false;
+    bool mediumFailing = false;
 };
 extern CdPlayerState CdPlayer;
-
-// Opens the drive and, when it holds a disc, takes it. False when there is no device afterwards.
-bool OpenDriveAndReadDisc();
-// The drive's mode; a query that keeps failing is reported once. False on failure.
-bool QueryDriveMode(DWORD& mode);

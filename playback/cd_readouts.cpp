@@ -9,41 +9,41 @@
 #include "disc/disc_times.h"
 #include "playback/cd_device.h"
 #include "playback/cd_player_state.h"
-#include "playback/position_bar.h"
+#include "playback/play_readouts.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 
-static void SetReadout(int controlId, const std::string& text) {
-    SetControlText(MainWindow, controlId, text);
+static void SetReadout(HWND window, int controlId, const std::string& text) {
+    SetControlText(window, controlId, text);
 }
 
-static void SetTimeReadout(int controlId, int seconds) {
-    SetReadout(controlId, MinutesSecondsText(seconds));
+static void SetTimeReadout(HWND window, int controlId, int seconds) {
+    SetReadout(window, controlId, MinutesSecondsText(seconds));
 }
 
-void ShowDiscState() {
+void ShowDiscState(HWND window) {
     static const char* const kWords[] = {"Empty", "Ready", "Playing", "Paused"};
     const auto index = static_cast<int>(CdPlayer.state);
-    SetReadout(IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
+    SetReadout(window, IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
     if (!CanEjectDisc()) return;
     const bool empty = CdPlayer.state == DiscState::kEmpty;
     // Like every picture button's, this caption is not drawn: keyboard and screen reader go by it.
-    SetReadout(IDC_EJECT, empty ? "&Load" : "E&ject");
-    SetReadout(IDC_EJECT_LABEL, empty ? "Load" : "Eject");
+    SetReadout(window, IDC_EJECT, empty ? "&Load" : "E&ject");
+    SetReadout(window, IDC_EJECT_LABEL, empty ? "Load" : "Eject");
 }
 
-void ShowDiscLength() {
-    SetReadout(IDC_DISC_LENGTH,
+void ShowDiscLength(HWND window) {
+    SetReadout(window, IDC_DISC_LENGTH,
                CdPlayer.discPresent ? MinutesSecondsText(CdPlayer.toc.totalSeconds) : "");
 }
 
 // The file modes use the same scroll bar.
-void SetDiscRange(int seconds) {
-    if (InCdMode()) SetPositionRange(seconds);
+void SetDiscRange(HWND window, int seconds) {
+    if (InCdMode()) SetPositionRange(window, seconds);
 }
 
-void SetDiscThumb(int seconds) {
-    if (InCdMode()) SetPositionThumb(seconds);
+void SetDiscThumb(HWND window, int seconds) {
+    if (InCdMode()) SetPositionThumb(window, seconds);
 }
 
 // Another program may hold the catalogue for a moment.
@@ -55,105 +55,105 @@ static bool IsKnownDisc() {
     return result == LookupResult::kFound;
 }
 
-static void ShowTrackTitle(int track) {
-    SetReadout(IDC_TRACK_TITLE, IsKnownDisc() ? TrackNameText(track) : "");
+static void ShowTrackTitle(HWND window, int track) {
+    SetReadout(window, IDC_TRACK_TITLE, IsKnownDisc() ? TrackNameText(track) : "");
 }
 
-void ShowTrack() {
+void ShowTrack(HWND window) {
     const int length = TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack);
-    SetReadout(IDC_TRACK_NUMBER, std::to_string(CdPlayer.currentTrack));
-    ShowTrackTitle(CdPlayer.currentTrack);
-    SetTimeReadout(IDC_SCROLL_LEFT, 0);
-    SetTimeReadout(IDC_SCROLL_RIGHT, length);
-    SetTimeReadout(IDC_TRACK_LENGTH, length);
-    SetDiscRange(length);
+    SetReadout(window, IDC_TRACK_NUMBER, std::to_string(CdPlayer.currentTrack));
+    ShowTrackTitle(window, CdPlayer.currentTrack);
+    SetTimeReadout(window, IDC_SCROLL_LEFT, 0);
+    SetTimeReadout(window, IDC_SCROLL_RIGHT, length);
+    SetTimeReadout(window, IDC_TRACK_LENGTH, length);
+    SetDiscRange(window, length);
 }
 
-void ShowElapsed(int seconds) {
+void ShowElapsed(HWND window, int seconds) {
     const DiscReadouts at = ReadoutsAt(CdPlayer.toc, CdPlayer.currentTrack, seconds);
-    SetTimeReadout(IDC_TIME, at.time);
-    SetTimeReadout(IDC_REMAINING, at.remaining);
-    SetTimeReadout(IDC_TOTAL_PLAYING, at.totalPlaying);
-    SetTimeReadout(IDC_TOTAL_REMAINING, at.totalRemaining);
+    SetTimeReadout(window, IDC_TIME, at.time);
+    SetTimeReadout(window, IDC_REMAINING, at.remaining);
+    SetTimeReadout(window, IDC_TOTAL_PLAYING, at.totalPlaying);
+    SetTimeReadout(window, IDC_TOTAL_REMAINING, at.totalRemaining);
 }
 
-void ShowElapsedAndThumb(int seconds) {
-    ShowElapsed(seconds);
-    SetDiscThumb(seconds);
+void ShowElapsedAndThumb(HWND window, int seconds) {
+    ShowElapsed(window, seconds);
+    SetDiscThumb(window, seconds);
 }
 
-void ClearCdReadouts() {
+void ClearCdReadouts(HWND window) {
     static const int kReadouts[] = {IDC_TRACK_NUMBER,    IDC_TIME,         IDC_REMAINING,
                                     IDC_TOTAL_PLAYING,   IDC_DISC_LENGTH,  IDC_SCROLL_LEFT,
                                     IDC_TOTAL_REMAINING, IDC_SCROLL_RIGHT, IDC_TRACK_LENGTH,
                                     IDC_DISC_TITLE,      IDC_TRACK_TITLE};
     for (int id : kReadouts)
-        SetReadout(id, "");
-    SetDiscThumb(0);
+        SetReadout(window, id, "");
+    SetDiscThumb(window, 0);
 }
 
-void ShowDiscTitle() {
+void ShowDiscTitle(HWND window) {
     const bool known = IsKnownDisc();
-    SetReadout(IDC_DISC_TITLE, known ? DiscTitleText() : "");
-    SetReadout(IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
-    SetReadout(IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
+    SetReadout(window, IDC_DISC_TITLE, known ? DiscTitleText() : "");
+    SetReadout(window, IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
+    SetReadout(window, IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
 }
 
-void RefreshDiscTitles() {
+void RefreshDiscTitles(HWND window) {
     if (!CdPlayer.discPresent) return;
-    ShowDiscTitle();
-    ShowTrackTitle(std::max(CdPlayer.currentTrack, 1));
+    ShowDiscTitle(window);
+    ShowTrackTitle(window, std::max(CdPlayer.currentTrack, 1));
 }
 
-void ShowStaleTitles() {
+void ShowStaleTitles(HWND window) {
     CdPlayer.titlesStale = false;
-    ShowDiscTitle();
+    ShowDiscTitle(window);
     // A stopped disc shows no track.
-    if (CdPlayer.state >= DiscState::kPlaying) ShowTrackTitle(CdPlayer.currentTrack);
+    if (CdPlayer.state >= DiscState::kPlaying) ShowTrackTitle(window, CdPlayer.currentTrack);
 }
 
-static void ShowDiscControl(int controlId, bool show) {
+static void ShowDiscControl(HWND window, int controlId, bool show) {
     // Left to the platform, the focus of a button that goes would land on the first mode's tab.
-    if (!show && InCdMode() && GetFocus() == GetDlgItem(MainWindow, controlId)) {
-        SetFocus(GetDlgItem(MainWindow, CdPlayer.pageCount >= 2 ? IDC_NEXT_PAGE : IDC_CD_PLAY));
+    if (!show && InCdMode() && GetFocus() == GetDlgItem(window, controlId)) {
+        SetFocus(GetDlgItem(window, CdPlayer.pageCount >= 2 ? IDC_NEXT_PAGE : IDC_CD_PLAY));
     }
-    ShowControl(MainWindow, controlId, show && InCdMode());
+    ShowControl(window, controlId, show && InCdMode());
 }
 
-void ShowDiscButtons() {
-    SetReadout(IDC_TOTAL_TRACKS, std::to_string(CdPlayer.toc.trackCount));
+void ShowDiscButtons(HWND window) {
+    SetReadout(window, IDC_TOTAL_TRACKS, std::to_string(CdPlayer.toc.trackCount));
     for (int id :
          {IDC_NEXT_PAGE, IDC_NEXT_PAGE_LABEL, IDC_PREVIOUS_PAGE, IDC_PREVIOUS_PAGE_LABEL}) {
-        ShowDiscControl(id, CdPlayer.pageCount >= 2);
+        ShowDiscControl(window, id, CdPlayer.pageCount >= 2);
     }
     const int first = CdPlayer.page * kTrackPageSize;
     for (int i = 0; i < kTrackPageSize; ++i) {
         const bool exists = first + i < CdPlayer.toc.trackCount;
         if (exists) {
             const std::string number = std::to_string(first + i + 1);
-            SetReadout(IDC_TRACK_FIRST + i, "Track " + number);
-            SetReadout(IDC_TRACK_LABEL_FIRST + i, number);
+            SetReadout(window, IDC_TRACK_FIRST + i, "Track " + number);
+            SetReadout(window, IDC_TRACK_LABEL_FIRST + i, number);
         }
-        ShowDiscControl(IDC_TRACK_FIRST + i, exists);
-        ShowDiscControl(IDC_TRACK_LABEL_FIRST + i, exists);
+        ShowDiscControl(window, IDC_TRACK_FIRST + i, exists);
+        ShowDiscControl(window, IDC_TRACK_LABEL_FIRST + i, exists);
     }
-    ShowDiscControl(IDC_EJECT, CanEjectDisc());
-    ShowDiscControl(IDC_EJECT_LABEL, CanEjectDisc());
+    ShowDiscControl(window, IDC_EJECT, CanEjectDisc());
+    ShowDiscControl(window, IDC_EJECT_LABEL, CanEjectDisc());
 }
 
-static void RepaintTrackButton(int index) {
-    HWND button = GetDlgItem(MainWindow, IDC_TRACK_FIRST + index);
+static void RepaintTrackButton(HWND window, int index) {
+    HWND button = GetDlgItem(window, IDC_TRACK_FIRST + index);
     // A null window would mean the whole screen.
     if (button != nullptr) InvalidateRect(button, nullptr, FALSE);
 }
 
-void SetCurrentTrack(int track) {
+void SetCurrentTrack(HWND window, int track) {
     CdPlayer.currentTrack = track;
     const int button = HighlightedButton(std::max(track, 1));
     if (button == CdPlayer.highlightedButton) return;
-    RepaintTrackButton(CdPlayer.highlightedButton);
+    RepaintTrackButton(window, CdPlayer.highlightedButton);
     CdPlayer.highlightedButton = button;
-    RepaintTrackButton(button);
+    RepaintTrackButton(window, button);
 }
 
 bool IsTrackHighlighted(int controlId) {

@@ -1,8 +1,6 @@
 // The list box of the current mode's media files.
 #include "playback/file_list.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <unordered_set>
 
@@ -12,8 +10,8 @@
 #include "ui/dialog_helpers.h"
 #include "ui/handles.h"
 
-static HWND FileList() {
-    return GetDlgItem(MainWindow, IDC_FILE_LIST);
+static HWND FileList(HWND window) {
+    return GetDlgItem(window, IDC_FILE_LIST);
 }
 
 static std::vector<std::string> ModePatterns() {
@@ -26,23 +24,23 @@ static std::vector<std::string> ModePatterns() {
     return patterns;
 }
 
-void ShowModeLabels() {
+void ShowModeLabels(HWND window) {
     const Mode& mode = CurrentMode();
     if (mode.types.empty()) return;
     const std::string label = mode.label;
-    SetControlText(MainWindow, IDC_LOCATION_GROUP, label + " &Location");
-    SetControlText(MainWindow, IDC_SELECTED_LABEL,
+    SetControlText(window, IDC_LOCATION_GROUP, label + " &Location");
+    SetControlText(window, IDC_SELECTED_LABEL,
                    std::string("Number of ") + mode.name + " files selected:");
-    SetControlText(MainWindow, IDC_LEFT_LABEL, label + " files left to play:");
+    SetControlText(window, IDC_LEFT_LABEL, label + " files left to play:");
     const bool video = mode.showsVideo;
-    ShowControl(MainWindow, IDC_REPEAT, true);
-    ShowControl(MainWindow, IDC_REPEAT_LABEL, true);
-    ShowControl(MainWindow, IDC_SOUND, video);
-    ShowControl(MainWindow, IDC_SOUND_LABEL, video);
+    ShowControl(window, IDC_REPEAT, true);
+    ShowControl(window, IDC_REPEAT_LABEL, true);
+    ShowControl(window, IDC_SOUND, video);
+    ShowControl(window, IDC_SOUND_LABEL, video);
 }
 
-std::string ListEntryText(int index) {
-    HWND list = FileList();
+std::string ListEntryText(HWND window, int index) {
+    HWND list = FileList(window);
     const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
     if (length == LB_ERR) return {};
     std::string text(static_cast<size_t>(length) + 1, '\0');
@@ -53,24 +51,25 @@ std::string ListEntryText(int index) {
     return text;
 }
 
-int SelectedFileCount() {
-    const LRESULT count = SendMessageA(FileList(), LB_GETSELCOUNT, 0, 0);
+int SelectedFileCount(HWND window) {
+    const LRESULT count = SendMessageA(FileList(window), LB_GETSELCOUNT, 0, 0);
     return count == LB_ERR ? 0 : static_cast<int>(count);
 }
 
-std::vector<std::string> SelectedFileNames(size_t limit) {
-    std::vector<int> indices(std::min(limit, static_cast<size_t>(SelectedFileCount())));
-    const LRESULT count = SendMessageA(FileList(), LB_GETSELITEMS, indices.size(),
+std::vector<std::string> SelectedFileNames(HWND window, size_t limit) {
+    std::vector<int> indices(std::min(limit, static_cast<size_t>(SelectedFileCount(window))));
+    const LRESULT count = SendMessageA(FileList(window), LB_GETSELITEMS, indices.size(),
                                        reinterpret_cast<LPARAM>(indices.data()));
     indices.resize(count == LB_ERR ? 0 : static_cast<size_t>(count));
     std::vector<std::string> names;
     for (int index : indices)
-        names.push_back(ListEntryText(index));
+        names.push_back(ListEntryText(window, index));
     return names;
 }
 
-static int FindEntry(const std::string& name) {
-    return static_cast<int>(SendMessageA(FileList(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+static int FindEntry(HWND window, const std::string& name) {
+    return static_cast<int>(SendMessageA(FileList(window), LB_FINDSTRINGEXACT,
+                                         static_cast<WPARAM>(-1),
                                          reinterpret_cast<LPARAM>(name.c_str())));
 }
 
@@ -81,71 +80,73 @@ struct ListMarks {
     std::string caret;
 };
 
-static ListMarks TakeMarks() {
+static ListMarks TakeMarks(HWND window) {
     const std::vector<std::string> names =
-        SelectedFileNames(static_cast<size_t>(SelectedFileCount()));
+        SelectedFileNames(window, static_cast<size_t>(SelectedFileCount(window)));
     return {{names.begin(), names.end()},
-            ListEntryText(static_cast<int>(SendMessageA(FileList(), LB_GETTOPINDEX, 0, 0))),
-            ListEntryText(static_cast<int>(SendMessageA(FileList(), LB_GETCARETINDEX, 0, 0)))};
+            ListEntryText(window,
+                          static_cast<int>(SendMessageA(FileList(window), LB_GETTOPINDEX, 0, 0))),
+            ListEntryText(
+                window, static_cast<int>(SendMessageA(FileList(window), LB_GETCARETINDEX, 0, 0)))};
 }
 
-static void RestoreMarks(const ListMarks& marks) {
-    const auto count = static_cast<int>(SendMessageA(FileList(), LB_GETCOUNT, 0, 0));
+static void RestoreMarks(HWND window, const ListMarks& marks) {
+    const auto count = static_cast<int>(SendMessageA(FileList(window), LB_GETCOUNT, 0, 0));
     for (int i = 0; i < count && !marks.selected.empty(); ++i) {
-        if (marks.selected.count(ListEntryText(i)) != 0)
-            SendMessageA(FileList(), LB_SETSEL, TRUE, i);
+        if (marks.selected.count(ListEntryText(window, i)) != 0)
+            SendMessageA(FileList(window), LB_SETSEL, TRUE, i);
     }
-    const int caret = marks.caret.empty() ? LB_ERR : FindEntry(marks.caret);
+    const int caret = marks.caret.empty() ? LB_ERR : FindEntry(window, marks.caret);
     if (caret != LB_ERR) {
-        SendMessageA(FileList(), LB_SETCARETINDEX, static_cast<WPARAM>(caret), FALSE);
+        SendMessageA(FileList(window), LB_SETCARETINDEX, static_cast<WPARAM>(caret), FALSE);
     }
-    const int top = marks.top.empty() ? LB_ERR : FindEntry(marks.top);
-    if (top != LB_ERR) SendMessageA(FileList(), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
+    const int top = marks.top.empty() ? LB_ERR : FindEntry(window, marks.top);
+    if (top != LB_ERR) SendMessageA(FileList(window), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
 }
 
 // Names wider than the list can be scrolled to.
-static void SetListExtent() {
-    const UniqueWindowDc dc = GetUniqueDc(FileList());
-    const SelectedObject font =
-        SelectInto(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(FileList(), WM_GETFONT, 0, 0)));
+static void SetListExtent(HWND window) {
+    const UniqueWindowDc dc = GetUniqueDc(FileList(window));
+    const SelectedObject font = SelectInto(
+        dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(FileList(window), WM_GETFONT, 0, 0)));
     LONG widest = 0;
-    const auto count = static_cast<int>(SendMessageA(FileList(), LB_GETCOUNT, 0, 0));
+    const auto count = static_cast<int>(SendMessageA(FileList(window), LB_GETCOUNT, 0, 0));
     for (int i = 0; i < count; ++i) {
-        const std::string text = ListEntryText(i);
+        const std::string text = ListEntryText(window, i);
         SIZE size = {};
         GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &size);
         widest = std::max(widest, size.cx);
     }
     constexpr LONG margin = 4;
-    SendMessageA(FileList(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
+    SendMessageA(FileList(window), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
 }
 
-static void AddModeFiles(const std::string& directory) {
+static void AddModeFiles(HWND window, const std::string& directory) {
     for (const std::string& pattern : ModePatterns()) {
         // The platform may write into the path.
         std::string path = directory + pattern;
-        SendMessageA(FileList(), LB_DIR, 0, reinterpret_cast<LPARAM>(path.data()));
+        SendMessageA(FileList(window), LB_DIR, 0, reinterpret_cast<LPARAM>(path.data()));
     }
 }
 
-void FillModeList(bool keepSelection) {
+void FillModeList(HWND window, bool keepSelection) {
     const std::string* directory = ModeDirectory();
     if (directory == nullptr) return;
     std::string shown = *directory;
     CharLowerA(shown.data());
-    SetControlText(MainWindow, IDC_DIRECTORY, shown);
+    SetControlText(window, IDC_DIRECTORY, shown);
 
-    const ListMarks marks = keepSelection ? TakeMarks() : ListMarks{};
-    SendMessageA(FileList(), WM_SETREDRAW, FALSE, 0);
-    SendMessageA(FileList(), LB_RESETCONTENT, 0, 0);
-    AddModeFiles(*directory);
-    SetListExtent();
-    RestoreMarks(marks);
-    SendMessageA(FileList(), WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(FileList(), nullptr, TRUE);
+    const ListMarks marks = keepSelection ? TakeMarks(window) : ListMarks{};
+    SendMessageA(FileList(window), WM_SETREDRAW, FALSE, 0);
+    SendMessageA(FileList(window), LB_RESETCONTENT, 0, 0);
+    AddModeFiles(window, *directory);
+    SetListExtent(window);
+    RestoreMarks(window, marks);
+    SendMessageA(FileList(window), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(FileList(window), nullptr, TRUE);
 
-    const LRESULT count = SendMessageA(FileList(), LB_GETCOUNT, 0, 0);
-    SetControlText(MainWindow, IDC_LIST_COUNT,
+    const LRESULT count = SendMessageA(FileList(window), LB_GETCOUNT, 0, 0);
+    SetControlText(window, IDC_LIST_COUNT,
                    std::to_string(count) + " " + CurrentMode().label + " Files:");
 }
 
@@ -157,13 +158,13 @@ std::string DisplayName(const std::string& path, const std::string& name) {
     return found.cFileName;
 }
 
-bool SelectFileByName(const std::string& name) {
-    int index = FindEntry(name);
+bool SelectFileByName(HWND window, const std::string& name) {
+    int index = FindEntry(window, name);
     if (index == LB_ERR && ModeDirectory() != nullptr) {
-        index = FindEntry(DisplayName(*ModeDirectory() + name, name));
+        index = FindEntry(window, DisplayName(*ModeDirectory() + name, name));
     }
     if (index == LB_ERR) return false;
-    SendMessageA(FileList(), LB_SETSEL, FALSE, -1);
-    SendMessageA(FileList(), LB_SETSEL, TRUE, index);
+    SendMessageA(FileList(window), LB_SETSEL, FALSE, -1);
+    SendMessageA(FileList(window), LB_SETSEL, TRUE, index);
     return true;
 }

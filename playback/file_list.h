@@ -1,27 +1,29 @@
 // The list box of the current mode's media files.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 #include <vector>
 
 // Fills the list from the mode's directory and shows directory and count. With `keepSelection` the
 // entries that were selected, and the one at the top, stay so by name. Does nothing in cdplayer
 // mode.
-void FillModeList(bool keepSelection = false);
+void FillModeList(HWND window, bool keepSelection = false);
 
 // The texts that name the mode beside its counts, and which of the two small buttons it has.
-void ShowModeLabels();
+void ShowModeLabels(HWND window);
 
 // The file name of one entry.
-std::string ListEntryText(int index);
+std::string ListEntryText(HWND window, int index);
 
 // Names of the selected entries in list order, at most `limit`.
-std::vector<std::string> SelectedFileNames(size_t limit);
-int SelectedFileCount();
+std::vector<std::string> SelectedFileNames(HWND window, size_t limit);
+int SelectedFileCount(HWND window);
 
 // The name under which the file system finds the path, or the given name when it finds none.
 std::string DisplayName(const std::string& path, const std::string& name);
 
 // Selects the entry with this name alone, case ignored; an 8.3 name matches by its long name. False
 // when there is none.
-bool SelectFileByName(const std::string& name);
+bool SelectFileByName(HWND window, const std::string& name);

@@ -10,137 +10,144 @@
 #include "playback/file_list.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
-#include "playback/media_error.h"
 #include "playback/play_queue.h"
+#include "playback/play_readouts.h"
 #include "playback/player_timers.h"
-#include "playback/position_bar.h"
 #include "resources/ids.h"
 #include "ui/animations.h"
 #include "ui/boxes.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 
+void ResetFilePlayer() {
+    MediaDevice = {};
+    DriverAvailable = {};
+    PlayQueue = {};
+    ResetPlayerTimers();
+}
+
 // Video has no player yet.
 static bool HasPlayer() {
     return !CurrentMode().types.empty() && !CurrentMode().showsVideo;
 }
 
-static void ReportMissingDriver(const char* text) {
-    StopPositionTimer();
-    StopAnimationTimer();
-    SetRepeat(false);
-    ShowStatus("Ready");
+static void ReportMissingDriver(HWND window, const char* text) {
+    StopPositionTimer(window);
+    StopAnimationTimer(window);
+    SetRepeat(window, false);
+    ShowStatus(window, "Ready");
     ShowMessage(text);
 }
 
-static void OpenNextFile() {
+static void OpenNextFile(HWND window) {
     const std::string* name = NextQueueName(PlayQueue);
     if (!HasPlayer() || name == nullptr) return;
     const MediaType& type = TypeOfFile(CurrentMode(), *name);
     if (!(DriverAvailable.*type.driver)) {
-        ReportMissingDriver(type.driverMissing);
+        ReportMissingDriver(window, type.driverMissing);
         return;
     }
-    SetControlText(MainWindow, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
+    SetControlText(window, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
     const std::string path = PlayQueue.directory + *name;
     const std::string shown = DisplayName(path, *name);
-    if (!OpenAndPlay(path)) return;
-    SetControlText(MainWindow, IDC_FILE_NAME, shown);
+    if (!OpenAndPlay(window, path)) return;
+    SetControlText(window, IDC_FILE_NAME, shown);
     AdvanceQueue(PlayQueue);
 }
 
-static void StartNewQueue() {
-    StopPositionTimer();
-    StopAnimationTimer();
-    StopAndReset();
-    SetControlText(MainWindow, IDC_SELECTED_COUNT, std::to_string(SelectedFileCount()));
-    StartQueue(PlayQueue, *ModeDirectory(), SelectedFileNames(kMaxQueueFiles));
+static void StartNewQueue(HWND window) {
+    StopPositionTimer(window);
+    StopAnimationTimer(window);
+    StopAndReset(window);
+    SetControlText(window, IDC_SELECTED_COUNT, std::to_string(SelectedFileCount(window)));
+    StartQueue(PlayQueue, *ModeDirectory(), SelectedFileNames(window, kMaxQueueFiles));
     if (PlayQueue.filesLeft == 0) return;
-    ShowStatus("Playing");
-    OpenNextFile();
-    StartPlayTimers();
+    ShowStatus(window, "Playing");
+    OpenNextFile(window);
+    StartPlayTimers(window);
 }
 
-void OnPlay() {
+void OnPlay(HWND window) {
     if (MediaDevice.open && MediaDevice.paused) {
-        ResumePlay();
+        ResumePlay(window);
     } else if (HasPlayer()) {
-        StartNewQueue();
+        StartNewQueue(window);
     }
     // A request to end with the queue does not wait for another queue.
     if (!MediaDevice.open) MediaDevice.playAndExit = false;
 }
 
-bool SelectStartFile(const std::string& name) {
-    MediaDevice.playAndExit = SelectFileByName(name);
+bool SelectStartFile(HWND window, const std::string& name) {
+    MediaDevice.playAndExit = SelectFileByName(window, name);
     return MediaDevice.playAndExit;
 }
 
-void OnStop() {
-    StopAndReset();
+void OnStop(HWND window) {
+    StopAndReset(window);
     PlayClickSound(IDS_SOUND_STOP);
     MediaDevice.playAndExit = false;
 }
 
-void OnPause() {
-    if (MediaDevice.open) TogglePause();
+void OnPause(HWND window) {
+    if (MediaDevice.open) TogglePause(window);
 }
 
-void OnRepeat() {
-    SetRepeat(!PlayQueue.repeat);
+void OnRepeat(HWND window) {
+    SetRepeat(window, !PlayQueue.repeat);
 }
 
-void CutPlayQueue() {
+void CutPlayQueue(HWND window) {
     MediaDevice.playAndExit = false;
     CutQueue(PlayQueue);
-    SetControlText(MainWindow, IDC_FILES_LEFT, "0");
+    SetControlText(window, IDC_FILES_LEFT, "0");
 }
 
-static void ShowPlayingPosition() {
+static void ShowPlayingPosition(HWND window) {
     DWORD position = 0;
     if (!MediaDevice.open || MediaDevice.dragging) return;
     if (QueryStatus(MediaDevice.id, MCI_STATUS_POSITION, position) != 0) return;
-    ShowPosition(static_cast<int32_t>(position));
+    ShowPosition(window, static_cast<int32_t>(position));
     if (!Settings.recreationScroll) {
-        SetPositionThumb(MillisecondsToScroll(static_cast<int32_t>(position), MediaDevice.scroll));
+        SetPositionThumb(window,
+                         MillisecondsToScroll(static_cast<int32_t>(position), MediaDevice.scroll));
     }
 }
 
-static void ShowProgress() {
-    if (IsIconic(MainWindow)) return;
-    ShowPlayingPosition();
-    StepSprite(MainWindow);
+static void ShowProgress(HWND window) {
+    if (IsIconic(window)) return;
+    ShowPlayingPosition(window);
+    StepSprite(window);
 }
 
-static TickResult FinishQueue() {
-    StopPositionTimer();
-    StopAnimationTimer();
+static TickResult FinishQueue(HWND window) {
+    StopPositionTimer(window);
+    StopAnimationTimer(window);
     // The length itself: the scroll bar's end times its scale may be a millisecond off.
-    ShowPosition(MediaDevice.lengthMs);
-    if (!Settings.recreationScroll) SetPositionThumb(MediaDevice.scroll.range);
-    ShowStatus("Ready");
+    ShowPosition(window, MediaDevice.lengthMs);
+    if (!Settings.recreationScroll) SetPositionThumb(window, MediaDevice.scroll.range);
+    ShowStatus(window, "Ready");
     return MediaDevice.playAndExit ? TickResult::kEndProgram : TickResult::kGoOn;
 }
 
-TickResult PositionTick() {
+TickResult PositionTick(HWND window) {
     if (PlayQueue.filesLeft > 0) {
-        if (CloseIfStopped()) OpenNextFile();
-        ShowProgress();
+        if (CloseIfStopped(window)) OpenNextFile(window);
+        ShowProgress(window);
         return TickResult::kGoOn;
     }
     if (!MediaDevice.open) {
-        StopPositionTimer();
-        StopAnimationTimer();
+        StopPositionTimer(window);
+        StopAnimationTimer(window);
         return TickResult::kGoOn;
     }
     DWORD mode = 0;
     const MCIERROR error = QueryStatus(MediaDevice.id, MCI_STATUS_MODE, mode);
     if (error != 0) {
-        ReportMediaError(error);
+        ReportMediaError(window, error);
         return TickResult::kGoOn;
     }
     if (mode != MCI_MODE_STOP) {
-        ShowProgress();
+        ShowProgress(window);
         return TickResult::kGoOn;
     }
     if (PlayQueue.repeat) {
@@ -148,73 +155,73 @@ TickResult PositionTick() {
         RestartQueue(PlayQueue);
         return TickResult::kGoOn;
     }
-    return FinishQueue();
+    return FinishQueue(window);
 }
 
-static void ScrollTo(int position) {
+static void ScrollTo(HWND window, int position) {
     MediaDevice.dragging = true;
     if (!MediaDevice.open) return;
     const int32_t milliseconds =
         ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll);
-    ShowPosition(milliseconds);
-    SeekDevice(milliseconds);
+    ShowPosition(window, milliseconds);
+    SeekDevice(window, milliseconds);
 }
 
-static void MoveThumbBy(int step) {
-    const auto position = PositionThumb();
+static void MoveThumbBy(HWND window, int step) {
+    const auto position = PositionThumb(window);
     const int moved = MoveScroll(position, step, MediaDevice.scroll.range);
-    ScrollTo(moved);
-    if (MediaDevice.open) SetPositionThumb(moved);
+    ScrollTo(window, moved);
+    if (MediaDevice.open) SetPositionThumb(window, moved);
 }
 
-static void EndScroll(int position) {
+static void EndScroll(HWND window, int position) {
     if (!MediaDevice.dragging) return;
     MediaDevice.dragging = false;
     if (!MediaDevice.open) return;
-    ShowPosition(ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll));
-    SetPositionThumb(position);
-    ShowStatus(MediaDevice.paused ? "Paused" : "Playing");
-    if (!MediaDevice.paused) StartPlayTimers();
+    ShowPosition(window, ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll));
+    SetPositionThumb(window, position);
+    ShowStatus(window, MediaDevice.paused ? "Paused" : "Playing");
+    if (!MediaDevice.paused) StartPlayTimers(window);
 }
 
-static void EndScrollAtThumb() {
-    EndScroll(PositionThumb());
+static void EndScrollAtThumb(HWND window) {
+    EndScroll(window, PositionThumb(window));
 }
 
-void OnFileScroll(int code, int thumb) {
+void OnFileScroll(HWND window, int code, int thumb) {
     constexpr int line = 1;
     constexpr int page = 10;
     switch (code) {
         case SB_LINELEFT:
-            MoveThumbBy(-line);
+            MoveThumbBy(window, -line);
             break;
         case SB_LINERIGHT:
-            MoveThumbBy(line);
+            MoveThumbBy(window, line);
             break;
         case SB_PAGELEFT:
-            MoveThumbBy(-page);
+            MoveThumbBy(window, -page);
             break;
         case SB_PAGERIGHT:
-            MoveThumbBy(page);
+            MoveThumbBy(window, page);
             break;
         case SB_LEFT:
-            MoveThumbBy(-MediaDevice.scroll.range);
+            MoveThumbBy(window, -MediaDevice.scroll.range);
             break;
         case SB_RIGHT:
-            MoveThumbBy(MediaDevice.scroll.range);
+            MoveThumbBy(window, MediaDevice.scroll.range);
             break;
         case SB_THUMBTRACK:
-            ScrollTo(thumb);
+            ScrollTo(window, thumb);
             return;
         case SB_THUMBPOSITION:
-            EndScroll(thumb);
+            EndScroll(window, thumb);
             return;
         case SB_ENDSCROLL:
-            EndScrollAtThumb();
+            EndScrollAtThumb(window);
             return;
         default:
             return;
     }
     // The keyboard does not always send an end of scrolling.
-    if (GetKeyState(VK_LBUTTON) >= 0) EndScrollAtThumb();
+    if (GetKeyState(VK_LBUTTON) >= 0) EndScrollAtThumb(window);
 }

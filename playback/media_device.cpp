@@ -1,33 +1,32 @@
-// The one open wave, MIDI or video device.
+// See media_device.h.
 #include "playback/media_device.h"
 
 #include <algorithm>
 
 #include "base/program_state.h"
 #include "playback/mci.h"
-#include "playback/media_error.h"
 #include "playback/play_queue.h"
-#include "playback/play_time.h"
+#include "playback/play_readouts.h"
 #include "playback/player_timers.h"
-#include "playback/position_bar.h"
 #include "resources/ids.h"
+#include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
 
 MediaDeviceState MediaDevice;
 DriverFlags DriverAvailable;
 
-bool SendToDevice(UINT message, DWORD_PTR flags, void* parameters) {
+bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters) {
     if (!MediaDevice.open) return false;
     const MCIERROR error =
         Mci.send(MediaDevice.id, message, flags, reinterpret_cast<DWORD_PTR>(parameters));
-    if (error != 0) ReportMediaError(error);
+    if (error != 0) ReportMediaError(window, error);
     return error == 0;
 }
 
-static bool QueryDevice(DWORD item, DWORD& value) {
+static bool QueryDevice(HWND window, DWORD item, DWORD& value) {
     if (!MediaDevice.open) return false;
     const MCIERROR error = QueryStatus(MediaDevice.id, item, value);
-    if (error != 0) ReportMediaError(error);
+    if (error != 0) ReportMediaError(window, error);
     return error == 0;
 }
 
@@ -38,15 +37,15 @@ static void ForgetDevice() {
     MediaDevice.dragging = false;
 }
 
-bool OpenAndPlay(const std::string& path) {
+bool OpenAndPlay(HWND window, const std::string& path) {
     MCI_OPEN_PARMSA open = {};
     open.lpstrElementName = path.c_str();
     const MCIERROR error =
         Mci.send(0, MCI_OPEN, MCI_OPEN_ELEMENT | MCI_WAIT, reinterpret_cast<DWORD_PTR>(&open));
     if (error != 0) {
-        ReportMediaError(error);
+        ReportMediaError(window, error);
         ForgetDevice();
-        ShowStatus("Ready");
+        ShowStatus(window, "Ready");
         return false;
     }
     MediaDevice.id = open.wDeviceID;
@@ -54,119 +53,135 @@ bool OpenAndPlay(const std::string& path) {
 
     MCI_SET_PARMS set = {};
     set.dwTimeFormat = MCI_FORMAT_MILLISECONDS;
-    SendToDevice(MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set);
+    SendToDevice(window, MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set);
     DWORD length = 0;
-    if (QueryDevice(MCI_STATUS_LENGTH, length)) SetLengthDisplay(static_cast<int32_t>(length));
+    if (QueryDevice(window, MCI_STATUS_LENGTH, length))
+        SetLengthDisplay(window, static_cast<int32_t>(length));
     MCI_SEEK_PARMS seek = {};
-    SendToDevice(MCI_SEEK, MCI_SEEK_TO_START | MCI_WAIT, &seek);
+    SendToDevice(window, MCI_SEEK, MCI_SEEK_TO_START | MCI_WAIT, &seek);
     MCI_PLAY_PARMS play = {};
-    SendToDevice(MCI_PLAY, 0, &play);
+    SendToDevice(window, MCI_PLAY, 0, &play);
     return MediaDevice.open;
 }
 
-void StopAndReset() {
+void StopAndReset(HWND window) {
     if (MediaDevice.open) {
         MCI_GENERIC_PARMS generic = {};
         Mci.send(MediaDevice.id, MCI_STOP, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         ForgetDevice();
-        ShowStatus("Ready");
-        if (CurrentMode().showsVideo) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
+        ShowStatus(window, "Ready");
+        if (CurrentMode().showsVideo) ShowControl(window, IDC_VIDEO_AREA, false);
         // The CD player's own timers run on: its disc is no business of this device.
-        if (IsPositionTimerRunning()) StopAnimationTimer();
-        StopPositionTimer();
+        if (IsPositionTimerRunning(window)) StopAnimationTimer(window);
+        StopPositionTimer(window);
         MediaDevice.playAndExit = false;
     }
-    for (int id : {IDC_POSITION, IDC_POSITION_UNIT, IDC_LENGTH, IDC_FILE_NAME}) {
-        SetControlText(MainWindow, id, "");
-    }
-    SetControlText(MainWindow, IDC_SELECTED_COUNT, "0");
+    BlankReadouts(window);
     MediaDevice.dragging = false;
     if (!InCdMode()) {
         MediaDevice.lengthMs = 0;
         MediaDevice.scroll = {};
-        SetPositionRange(0);
-        SetPositionThumb(0);
+        SetPositionRange(window, 0);
+        SetPositionThumb(window, 0);
     }
     MediaDevice.seekPause = false;
 }
 
-bool CloseIfStopped() {
+bool CloseIfStopped(HWND window) {
     if (!MediaDevice.open) return true;
     DWORD mode = 0;
-    if (!QueryDevice(MCI_STATUS_MODE, mode) || mode != MCI_MODE_STOP) return false;
+    if (!QueryDevice(window, MCI_STATUS_MODE, mode) || mode != MCI_MODE_STOP) return false;
     MCI_GENERIC_PARMS generic = {};
-    if (!SendToDevice(MCI_CLOSE, MCI_WAIT, &generic)) return false;
-    if (CurrentMode().showsVideo) ShowControl(MainWindow, IDC_VIDEO_AREA, false);
+    if (!SendToDevice(window, MCI_CLOSE, MCI_WAIT, &generic)) return false;
+    if (CurrentMode().showsVideo) ShowControl(window, IDC_VIDEO_AREA, false);
     ForgetDevice();
     return true;
 }
 
-void StartPlayTimers() {
+void StartPlayTimers(HWND window) {
     if (!MediaDevice.open) return;
-    StartPositionTimer();
-    if (!CurrentMode().showsVideo) StartAnimationTimer();
+    StartPositionTimer(window);
+    if (!CurrentMode().showsVideo) StartAnimationTimer(window);
 }
 
-void ResumePlay() {
+void ResumePlay(HWND window) {
     MediaDevice.paused = false;
     MCI_PLAY_PARMS play = {};
-    if (!SendToDevice(MCI_PLAY, 0, &play)) return;
-    ShowStatus("Playing");
-    StartPlayTimers();
+    if (!SendToDevice(window, MCI_PLAY, 0, &play)) return;
+    ShowStatus(window, "Playing");
+    StartPlayTimers(window);
 }
 
-static void PausePlay() {
+static void PausePlay(HWND window) {
     DWORD mode = 0;
-    if (!QueryDevice(MCI_STATUS_MODE, mode)) return;
+    if (!QueryDevice(window, MCI_STATUS_MODE, mode)) return;
     MCI_GENERIC_PARMS generic = {};
-    if (mode == MCI_MODE_PLAY && !SendToDevice(MCI_PAUSE, 0, &generic)) return;
+    if (mode == MCI_MODE_PLAY && !SendToDevice(window, MCI_PAUSE, 0, &generic)) return;
     // A device that has already stopped counts as paused all the same.
     MediaDevice.paused = true;
-    ShowStatus("Paused");
-    StopPositionTimer();
-    StopAnimationTimer();
+    ShowStatus(window, "Paused");
+    StopPositionTimer(window);
+    StopAnimationTimer(window);
 }
 
-void TogglePause() {
+void TogglePause(HWND window) {
     if (MediaDevice.paused) {
-        ResumePlay();
+        ResumePlay(window);
     } else {
-        PausePlay();
+        PausePlay(window);
     }
 }
 
-void SeekDevice(int32_t milliseconds) {
+void SeekDevice(HWND window, int32_t milliseconds) {
     MCI_GENERIC_PARMS generic = {};
-    if (MediaDevice.seekPause && !SendToDevice(MCI_PAUSE, 0, &generic)) return;
+    if (MediaDevice.seekPause && !SendToDevice(window, MCI_PAUSE, 0, &generic)) return;
     MCI_PLAY_PARMS play = {};
     play.dwFrom =
         static_cast<DWORD>(std::clamp(milliseconds, 0, std::max(MediaDevice.lengthMs, 0)));
     play.dwTo = play.dwFrom;
-    SendToDevice(MCI_PLAY, MediaDevice.paused ? MCI_FROM | MCI_TO : MCI_FROM, &play);
+    SendToDevice(window, MCI_PLAY, MediaDevice.paused ? MCI_FROM | MCI_TO : MCI_FROM, &play);
 }
 
-void SetLengthDisplay(int32_t lengthMs) {
+void SetLengthDisplay(HWND window, int32_t lengthMs) {
     MediaDevice.lengthMs = lengthMs;
     MediaDevice.dragging = false;
     MediaDevice.scroll = ScaleForLength(lengthMs);
-    SetControlText(MainWindow, IDC_POSITION_UNIT, "0");
-    SetControlText(MainWindow, IDC_LENGTH, PlayTimeText(lengthMs));
-    SetPositionRange(MediaDevice.scroll.range);
-    SetPositionThumb(0);
-    ShowPosition(0);
+    ShowLength(window, lengthMs, MediaDevice.scroll);
 }
 
-void ShowPosition(int64_t milliseconds) {
-    SetControlText(MainWindow, IDC_POSITION, PlayTimeText(milliseconds));
-}
-
-void ShowStatus(const char* text) {
-    SetControlText(MainWindow, IDC_STATUS, text);
-}
-
-void SetRepeat(bool repeat) {
+void SetRepeat(HWND window, bool repeat) {
     if (PlayQueue.repeat == repeat) return;
     PlayQueue.repeat = repeat;
-    InvalidateRect(GetDlgItem(MainWindow, IDC_REPEAT), nullptr, FALSE);
+    InvalidateRect(GetDlgItem(window, IDC_REPEAT), nullptr, FALSE);
+}
+
+// Errors
+
+static void FetchErrorText(MCIERROR code) {
+    MessageText[0] = '\0';
+    Mci.errorText(code, MessageText, kMessageTextSize - 1);
+    if (MessageText[0] == '\0') Mci.errorText(MCIERR_INTERNAL, MessageText, kMessageTextSize - 1);
+}
+
+void ReportMediaError(HWND window, MCIERROR code) {
+    FetchErrorText(code);
+    if (!InCdMode()) SetRepeat(window, false);
+    StopPlayerTimers(window);
+    StopAndReset(window);
+    ShowMessageText();
+    // The disc is watched again once the user has read the message; a file queue has ended.
+    if (InCdMode() && IsWindow(window) && !ShuttingDown) {
+        StartCdTimer(window);
+        StartAnimationTimer(window);
+    }
+}
+
+void ReportDiscError(HWND window, MCIERROR code) {
+    if (InCdMode()) {
+        ReportMediaError(window, code);
+        return;
+    }
+    FetchErrorText(code);
+    ShowMessageText();
 }

@@ -1,4 +1,6 @@
-// The one wave, MIDI or video device that is open at a time, and what all its players share.
+// The one wave, MIDI or video device that is open at a time, what all its players share, and the
+// one way in which a failure of the media control interface reaches the user. The window is the one
+// the file plays in: its read-outs and its timers are meant.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +11,7 @@
 #include <string>
 
 #include "base/modes.h"
-#include "playback/scroll_scale.h"
+#include "playback/play_position.h"
 
 struct MediaDeviceState {
     MCIDEVICEID id = 0;  // 0 while no device is open
@@ -27,33 +29,39 @@ extern DriverFlags DriverAvailable;
 
 // One command to the open device. A failure is reported, which closes the device; without an open
 // device nothing is sent. True when the command succeeded.
-bool SendToDevice(UINT message, DWORD_PTR flags, void* parameters);
+bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters);
 
 // Opens a file by its full path, sets milliseconds, shows the length, seeks to the start and plays.
 // Every failure is reported. True when the device is open and plays.
-bool OpenAndPlay(const std::string& path);
+bool OpenAndPlay(HWND window, const std::string& path);
 
 // Stops and closes the device, if one is open, and blanks the read-outs.
-void StopAndReset();
+void StopAndReset(HWND window);
 
 // True when no device is open, or when it had stopped and is closed now. Failures are reported,
 // which ends the queue.
-bool CloseIfStopped();
+bool CloseIfStopped(HWND window);
 
 // Pause or resume; to be called only while a device is open.
-void TogglePause();
+void TogglePause(HWND window);
 // Plays on from the pause.
-void ResumePlay();
+void ResumePlay(HWND window);
 // The timers of a playing file, while a device is open.
-void StartPlayTimers();
+void StartPlayTimers(HWND window);
 
 // Plays from there; while paused the device moves there and stays still. Clamped to the file.
-void SeekDevice(int32_t milliseconds);
+void SeekDevice(HWND window, int32_t milliseconds);
 
 // Takes the length of a newly opened file over into read-outs and scroll bar.
-void SetLengthDisplay(int32_t lengthMs);
-// The position read-out; a position beyond the length is shown as it is.
-void ShowPosition(int64_t milliseconds);
-void ShowStatus(const char* text);
+void SetLengthDisplay(HWND window, int32_t lengthMs);
+
 // Switches the queue's repeat and repaints its button.
-void SetRepeat(bool repeat);
+void SetRepeat(HWND window, bool repeat);
+
+// Switches repeat off (not in cdplayer mode), stops and resets the file device and the window's
+// timers, and shows the platform's text for the code. In cdplayer mode the timers run again when
+// the box closes.
+void ReportMediaError(HWND window, MCIERROR code);
+// The same for the drive. Outside cdplayer mode it only shows the text: a file that plays is not
+// stopped by what the drive cannot do.
+void ReportDiscError(HWND window, MCIERROR code);

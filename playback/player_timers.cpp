@@ -1,53 +1,66 @@
-// The main window's timers.
+// See player_timers.h.
 #include "playback/player_timers.h"
 
-#include "base/program_state.h"
 #include "base/settings.h"
 #include "resources/ids.h"
 
 constexpr UINT kCdPeriodMs = 1000;
 constexpr UINT kAnimationPeriodMs = 333;
 
-// 0 while not running. The first two share one timer of the window.
-static UINT_PTR PositionTimer;
-static UINT_PTR CdTimer;
-static UINT_PTR AnimationTimer;
+// The windows whose timers run, null for none. Position and CD timer share one number, and these
+// tell whose ticks they are.
+struct PlayerTimersState {
+    HWND position = nullptr;
+    HWND cd = nullptr;
+    HWND animation = nullptr;
+};
+static PlayerTimersState Timers;
 
-static void Start(UINT_PTR& timer, UINT_PTR id, UINT periodMs) {
-    if (timer == 0) timer = SetTimer(MainWindow, id, periodMs, nullptr);
-}
-
-static void Stop(UINT_PTR& timer, UINT_PTR id) {
-    if (timer == 0) return;
-    KillTimer(MainWindow, id);
-    timer = 0;
+static void Start(HWND& runsOn, HWND window, UINT_PTR id, UINT periodMs) {
+    if (runsOn != window && SetTimer(window, id, periodMs, nullptr) != 0) runsOn = window;
 }
 
-void StartPositionTimer() {
-    Stop(CdTimer, ID_POSITION_TIMER);
-    Start(PositionTimer, ID_POSITION_TIMER, Settings.timerSpeedMs);
-}
-void StopPositionTimer() {
-    Stop(PositionTimer, ID_POSITION_TIMER);
-}
-bool IsPositionTimerRunning() {
-    return PositionTimer != 0;
+static void Stop(HWND& runsOn, HWND window, UINT_PTR id) {
+    if (window == nullptr || runsOn != window) return;
+    KillTimer(window, id);
+    runsOn = nullptr;
 }
 
-void StartCdTimer() {
-    Stop(PositionTimer, ID_POSITION_TIMER);
-    Start(CdTimer, ID_POSITION_TIMER, kCdPeriodMs);
+void StartPositionTimer(HWND window) {
+    StopCdTimer(window);
+    Start(Timers.position, window, ID_POSITION_TIMER, Settings.timerSpeedMs);
 }
-void StopCdTimer() {
-    Stop(CdTimer, ID_POSITION_TIMER);
+void StopPositionTimer(HWND window) {
+    Stop(Timers.position, window, ID_POSITION_TIMER);
 }
-bool IsCdTimerRunning() {
-    return CdTimer != 0;
+bool IsPositionTimerRunning(HWND window) {
+    return window != nullptr && Timers.position == window;
 }
 
-void StartAnimationTimer() {
-    Start(AnimationTimer, ID_ANIMATION_TIMER, kAnimationPeriodMs);
+void StartCdTimer(HWND window) {
+    StopPositionTimer(window);
+    Start(Timers.cd, window, ID_POSITION_TIMER, kCdPeriodMs);
 }
-void StopAnimationTimer() {
-    Stop(AnimationTimer, ID_ANIMATION_TIMER);
+void StopCdTimer(HWND window) {
+    Stop(Timers.cd, window, ID_POSITION_TIMER);
+}
+bool IsCdTimerRunning(HWND window) {
+    return window != nullptr && Timers.cd == window;
+}
+
+void StartAnimationTimer(HWND window) {
+    Start(Timers.animation, window, ID_ANIMATION_TIMER, kAnimationPeriodMs);
+}
+void StopAnimationTimer(HWND window) {
+    Stop(Timers.animation, window, ID_ANIMATION_TIMER);
+}
+
+void StopPlayerTimers(HWND window) {
+    StopPositionTimer(window);
+    StopCdTimer(window);
+    StopAnimationTimer(window);
+}
+
+void ResetPlayerTimers() {
+    Timers = {};
 }

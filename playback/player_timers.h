@@ -1,15 +1,22 @@
-// The main window's timers. Timer 1 belongs to the file player or to the CD player, never to both;
-// the two stored ids tell whose ticks they are.
+// The timers of the windows that play. Timer 1 of the main window belongs to the file player or to
+// the CD player, never to both; a film in a window of its own has its timer there.
 #pragma once
 
-// Starting a running timer does nothing.
-void StartPositionTimer();  // every TimerSpeed milliseconds, for the file modes
-void StopPositionTimer();
-bool IsPositionTimerRunning();
+#include <windows.h>
 
-void StartCdTimer();  // every 1000 ms, in cdplayer mode
-void StopCdTimer();
-bool IsCdTimerRunning();
+// Starting a running timer does nothing, and neither does stopping one that runs on another window.
+void StartPositionTimer(HWND window);  // every TimerSpeed milliseconds, for a file that plays
+void StopPositionTimer(HWND window);
+bool IsPositionTimerRunning(HWND window);
 
-void StartAnimationTimer();  // every 333 ms; not in video mode
-void StopAnimationTimer();
+void StartCdTimer(HWND window);  // every 1000 ms, in cdplayer mode
+void StopCdTimer(HWND window);
+bool IsCdTimerRunning(HWND window);
+
+void StartAnimationTimer(HWND window);  // every 333 ms; not in video mode
+void StopAnimationTimer(HWND window);
+
+// Before a window that takes long, and at the end: all three.
+void StopPlayerTimers(HWND window);
+// The first state, with no window's timer running.
+void ResetPlayerTimers();

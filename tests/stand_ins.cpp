@@ -8,9 +8,7 @@
 #include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
-#include "playback/cd_player_state.h"
-#include "playback/media_device.h"
-#include "playback/play_queue.h"
+#include "playback/cd_player.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
@@ -198,10 +196,6 @@ void OpenTestWindow(int mode, const std::vector<std::string>& files) {
     WaveFilesPath = MidiFilesPath = VideoFilesPath = AppDirectory;
     Settings = {};
     Settings.soundControls = false;
-    MediaDevice = {};
-    DriverAvailable = {};
-    PlayQueue = {};
-    CdPlayer = {};
     PlayMode = mode;
     ShuttingDown = false;
     // As if a media file had been named: the settings stay as they are above.
@@ -214,10 +208,8 @@ void OpenTestWindow(int mode, const std::vector<std::string>& files) {
 
 void CloseTestWindow() {
     FailCall(-1);
-    CloseCdPlayer();
-    StopPositionTimer();
-    StopCdTimer();
-    StopAnimationTimer();
+    CloseCdPlayer(MainWindow);
+    StopPlayerTimers(MainWindow);
     if (MainWindow != nullptr) DestroyWindow(MainWindow);
     MainWindow = nullptr;
     FreeSkin();

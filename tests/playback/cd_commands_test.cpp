@@ -1,10 +1,11 @@
 // The CD player's buttons and scroll bar: which commands reach the drive, and what becomes of a
 // sequence of them when one fails.
-#include "playback/cd_player.h"
+#include "playback/cd_commands.h"
 
 #include <functional>
 
 #include "base/program_state.h"
+#include "playback/cd_player.h"
 #include "playback/cd_player_state.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
@@ -22,19 +23,19 @@ using CdCommandsTest = CdPlayerTest;
 // ends the sequence, "~" is not told to the user; otherwise it is told once and the sequence goes
 // on.
 TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
-    const auto playing = [] {
+    const auto playing = [](HWND) {
         SetPlaying(1, 3);
-        CdStatusTick();
+        CdStatusTick(MainWindow);
     };
-    const auto removed = [] {
+    const auto removed = [](HWND) {
         RemoveDisc();
-        CdStatusTick();
+        CdStatusTick(MainWindow);
     };
-    const auto paused = [] { CdPlayer.paused = true; };
+    const auto paused = [](HWND) { CdPlayer.paused = true; };
     const struct {
         const char* name;
-        std::function<void()> prepare;
-        std::function<void()> act;
+        std::function<void(HWND)> prepare;
+        std::function<void(HWND)> act;
         Log commands;
     } cases[] = {
         {"open",
@@ -43,15 +44,15 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
          {"!~open", "format 10", "can eject", "!~present", "!tracks", "~length", "~length 1",
           "~length 2"}},
         {"new disc",
-         [&] {
-             removed();
+         [&](HWND) {
+             removed(nullptr);
              InsertDisc({60});
          },
          CdStatusTick,
          {"!mode", "!present", "!tracks", "~length", "~length 1"}},
-        {"enter mode", [] {}, ShowCdPlayer, {"!mode", "present", "~tracks", "~length"}},
+        {"enter mode", [](HWND) {}, ShowCdPlayer, {"!mode", "present", "~tracks", "~length"}},
         {"tick", playing, CdStatusTick, {"!mode", "present", "~position"}},
-        {"play", [] {}, [] { OnCdPlay(2); }, {"play 2 0:00.00"}},
+        {"play", [](HWND) {}, [](HWND) { OnCdPlay(MainWindow, 2); }, {"play 2 0:00.00"}},
         {"pause", playing, OnCdPause, {"!mode", "pause"}},
         {"resume", paused, OnCdPause, {"play"}},
         {"stop", paused, OnCdStop, {"play", "stop"}},
@@ -61,9 +62,9 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         {"load", removed, OnEject, {"~door closed"}},
         {"seek",
          playing,
-         [] {
-             OnCdScroll(SB_THUMBTRACK, 9);
-             OnCdScroll(SB_THUMBPOSITION, 9);
+         [](HWND) {
+             OnCdScroll(MainWindow, SB_THUMBTRACK, 9);
+             OnCdScroll(MainWindow, SB_THUMBPOSITION, 9);
          },
          {"!mode", "!mode", "play 1 0:09.30"}},
         {"close", playing, CloseCdPlayer, {"~mode", "stop", "close"}},
@@ -76,103 +77,104 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         for (int n = -1; n < static_cast<int>(commands.size()); ++n) {
             SCOPED_TRACE(c.name + (" " + std::to_string(n)));
             Start({60, 60});
-            c.prepare();
+            c.prepare(MainWindow);
             TakeLog();
             TheBoxes.shown.clear();
             FailCall(n, commands[std::max(n, 0)] == "open" ? MCIERR_CANNOT_LOAD_DRIVER
                                                            : MCIERR_HARDWARE);
-            c.act();
+            c.act(MainWindow);
             const std::string mark = n < 0 ? "~" : c.commands[n];
             EXPECT_EQ(TheBoxes.shown.size(), mark.find('~') == std::string::npos ? 1u : 0u);
             const bool ends = mark.find('!') != std::string::npos;
             const auto end = ends ? commands.begin() + n + 1 : commands.end();
             EXPECT_EQ(TakeLog(), Log(commands.begin(), end));
             FailCall(-1);
-            CdStatusTick();  // a failing status query is told again after one that succeeds
+            CdStatusTick(
+                MainWindow);  // a failing status query is told again after one that succeeds
         }
     }
 }
 
 TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     Start({100, 200});
-    OnTrackButton(IDC_TRACK_FIRST + 1);
-    OnCdPause();
-    CdStatusTick();
+    OnTrackButton(MainWindow, IDC_TRACK_FIRST + 1);
+    OnCdPause(MainWindow);
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Paused"}, {IDC_TRACK_NUMBER, "2"}});
     TakeLog();
-    OnCdPlay(1);
+    OnCdPlay(MainWindow, 1);
     EXPECT_THAT(TakeLog(), ElementsAre("play"));
     Drive.mode = MCI_MODE_STOP;
-    OnCdPause();
+    OnCdPause(MainWindow);
     EXPECT_FALSE(CdPlayer.paused) << "a disc that does not play is not paused";
 
-    OnCdPlay(2);
+    OnCdPlay(MainWindow, 2);
     FailCall(1);  // the drive refuses the pause
-    OnCdPause();
+    OnCdPause(MainWindow);
     EXPECT_FALSE(CdPlayer.paused);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Playing"}});
-    OnCdPause();
+    OnCdPause(MainWindow);
     EXPECT_TRUE(CdPlayer.paused) << "the next Pause pauses";
     Drive.mode = MCI_MODE_PLAY;  // another program sets the disc going
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     EXPECT_FALSE(CdPlayer.paused);
 }
 
 TEST_F(CdCommandsTest, SkipBackKnowsATrackThatNoTickHasSeen) {
     Start({100, 200, 300});
-    OnCdPlay(2);
-    CdStatusTick();
+    OnCdPlay(MainWindow, 2);
+    CdStatusTick(MainWindow);
     SetPlaying(3, 1);
-    OnSkipBack();
+    OnSkipBack(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 2 0:00.00");
 }
 
 TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     Start({100, 60});
-    OnCdScroll(SB_THUMBTRACK, 30);
-    OnCdScroll(SB_THUMBPOSITION, 30);
+    OnCdScroll(MainWindow, SB_THUMBTRACK, 30);
+    OnCdScroll(MainWindow, SB_THUMBPOSITION, 30);
     EXPECT_THAT(TakeLog(), ElementsAre("mode")) << "a disc that does not play is not moved";
 
     SetPlaying(1, 10);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     TakeLog();
-    OnCdScroll(SB_THUMBTRACK, 75);
+    OnCdScroll(MainWindow, SB_THUMBTRACK, 75);
     ExpectShown({{IDC_TIME, "1:15"}, {IDC_TOTAL_REMAINING, "1:25"}});
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TIME, "1:15"}});
-    OnCdScroll(SB_THUMBPOSITION, 75);
-    OnCdScroll(SB_ENDSCROLL, 0);
+    OnCdScroll(MainWindow, SB_THUMBPOSITION, 75);
+    OnCdScroll(MainWindow, SB_ENDSCROLL, 0);
     EXPECT_THAT(TakeLog(),
                 ElementsAre("mode", "mode", "present", "position", "mode", "play 1 1:15.30"));
     EXPECT_EQ(Thumb(), 75);
 
     // Keys: no button of the mouse is down, so no end of scroll will follow.
-    OnCdScroll(SB_PAGERIGHT, 0);
+    OnCdScroll(MainWindow, SB_PAGERIGHT, 0);
     EXPECT_THAT(TakeLog(), ElementsAre("mode", "mode", "play 1 1:23.30"));
     for (int i = 0; i < 5; ++i)
-        OnCdScroll(SB_PAGERIGHT, 0);
+        OnCdScroll(MainWindow, SB_PAGERIGHT, 0);
     EXPECT_EQ(Thumb(), 100);
     EXPECT_EQ(TakeLog().back(), "play 1 1:40.30");
-    OnCdScroll(SB_THUMBTRACK, 0);
-    OnCdScroll(SB_THUMBPOSITION, 0);
+    OnCdScroll(MainWindow, SB_THUMBTRACK, 0);
+    OnCdScroll(MainWindow, SB_THUMBPOSITION, 0);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
-    OnCdScroll(SB_RIGHT, 0);
+    OnCdScroll(MainWindow, SB_RIGHT, 0);
     EXPECT_EQ(TakeLog().back(), "play 1 1:40.30");
-    OnCdScroll(SB_LEFT, 0);
+    OnCdScroll(MainWindow, SB_LEFT, 0);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
 
-    OnCdScroll(SB_THUMBTRACK, 50);
+    OnCdScroll(MainWindow, SB_THUMBTRACK, 50);
     Drive.mode = MCI_MODE_STOP;  // the disc ends under the thumb
-    OnCdScroll(SB_THUMBPOSITION, 50);
+    OnCdScroll(MainWindow, SB_THUMBPOSITION, 50);
     SetPlaying(2, 5);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TIME, "0:05"}});
 
     // Whether the disc's last second holds the place, only the drive knows.
     for (const auto& [lastFrame, reached] : {std::pair{30u, 60}, std::pair{29u, 59}}) {
         Drive.lastFrame = lastFrame;
-        OnCdScroll(SB_RIGHT, 0);
+        OnCdScroll(MainWindow, SB_RIGHT, 0);
         EXPECT_EQ(Thumb(), reached);
         EXPECT_EQ(MCI_TMSF_SECOND(Drive.position), reached % 60);
     }
@@ -185,9 +187,9 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     DiscToc disc;
     TheBoxes.answerOk = false;
     for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward})
-        command();
-    EXPECT_FALSE(PrepareEntry(disc));
-    OnCdPlay(0);
+        command(MainWindow);
+    EXPECT_FALSE(PrepareEntry(MainWindow, disc));
+    OnCdPlay(MainWindow, 0);
     const char* const kQuestion =
         "? Could not open CD device when starting Tarnwell. Try it again?";
     EXPECT_EQ(TheBoxes.shown, Log(6, kQuestion));
@@ -195,27 +197,27 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     const char* const kStill =
         "Still can't open CD device. Make sure there is a disc in your CD-ROM drive.";
     TheBoxes = {};
-    OnCdPlay(0);
+    OnCdPlay(MainWindow, 0);
     EXPECT_THAT(TheBoxes.shown, ElementsAre(kQuestion, kStill));
     Drive.openError = 0;
     RemoveDisc();
     TheBoxes = {};
-    EXPECT_FALSE(PrepareEntry(disc));
+    EXPECT_FALSE(PrepareEntry(MainWindow, disc));
     EXPECT_THAT(TheBoxes.shown, ElementsAre(kQuestion, kStill)) << "open, but without a disc";
-    CloseCdPlayer();
+    CloseCdPlayer(MainWindow);
 
     InsertDisc({60});
     TakeLog();
-    OnSkipForward();
+    OnSkipForward(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
     EXPECT_TRUE(IsShown(IDC_TRACK_FIRST));
-    EXPECT_TRUE(PrepareEntry(disc));
+    EXPECT_TRUE(PrepareEntry(MainWindow, disc));
     EXPECT_EQ(disc.totalSeconds, 60);
 
-    CloseCdPlayer();
+    CloseCdPlayer(MainWindow);
     DriverAvailable.cdAudio = false;
     TheBoxes = {};
-    OnCdPlay(0);
+    OnCdPlay(MainWindow, 0);
     EXPECT_THAT(TheBoxes.shown, ElementsAre("No MCI CD audio driver installed!"));
 }
 
@@ -225,18 +227,18 @@ TEST_F(CdCommandsTest, RequestsLookAtTheDriveFirst) {
         SCOPED_TRACE(behindDialog);
         Start({100, 200});
         RemoveDisc();
-        CdStatusTick();
+        CdStatusTick(MainWindow);
         InsertDisc({70, 80, 90});
-        OnCdPlayRequest(3, behindDialog);
+        OnCdPlayRequest(MainWindow, 3, behindDialog);
         EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));
         ExpectShown({{IDC_TRACK_LENGTH, "1:30"}});
         InsertDisc({50, 40});
-        OnCdPlayRequest(0, behindDialog);
+        OnCdPlayRequest(MainWindow, 0, behindDialog);
         EXPECT_THAT(TakeLog(), Contains("play 1 0:00.00"));
         ExpectShown({{IDC_TRACK_LENGTH, "0:50"}});
-        CloseCdPlayer();
+        CloseCdPlayer(MainWindow);
         TheBoxes = {};
-        OnCdPlayRequest(1, behindDialog);
+        OnCdPlayRequest(MainWindow, 1, behindDialog);
         EXPECT_EQ(TheBoxes.shown.empty(), behindDialog) << "no question over a dialog";
     }
 }
@@ -257,11 +259,11 @@ TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
         TheBoxes = {};
         TakeLog();
         FailCall(n);
-        OnCdPlayRequest(3, true);
+        OnCdPlayRequest(MainWindow, 3, true);
         EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));
         const bool told = n == 0 || n == 1 || n == 4 || n == 9;
         EXPECT_EQ(TheBoxes.shown.size(), told ? 1u : 0u);
-        EXPECT_TRUE(MediaDevice.open && IsPositionTimerRunning() && PlayQueue.repeat);
+        EXPECT_TRUE(MediaDevice.open && IsPositionTimerRunning(MainWindow) && PlayQueue.repeat);
         ExpectShown({{IDC_STATUS, "Playing"}, {IDC_FILE_NAME, "a.wav"}});
         EXPECT_EQ(Range(), 1000);
         EXPECT_EQ(Thumb(), 640);

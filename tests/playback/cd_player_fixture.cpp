@@ -5,8 +5,9 @@
 #include "database/database_changes.h"
 #include "database/database_file.h"
 #include "database/disc_lookup.h"
+#include "playback/cd_player.h"
 #include "playback/cd_player_state.h"
-#include "playback/position_bar.h"
+#include "playback/play_readouts.h"
 #include "resources/ids.h"
 
 void CdPlayerTest::SetUp() {
@@ -16,11 +17,11 @@ void CdPlayerTest::SetUp() {
 
 void CdPlayerTest::Start(std::vector<DWORD> trackSeconds) {
     FailCall(-1);
-    CloseCdPlayer();
-    CdPlayer = {};
+    CloseCdPlayer(MainWindow);
+    ResetCdPlayer();
     InstallFakeDrive(std::move(trackSeconds));
-    OpenCdPlayer();
-    ShowCdPlayer();
+    OpenCdPlayer(MainWindow);
+    ShowCdPlayer(MainWindow);
     TakeLog();
 }
 
@@ -31,7 +32,7 @@ void CdPlayerTest::Catalogue(const std::string& artist, const std::string& disc)
     for (int i = 0; i < kMaxTracks; ++i)
         fields.trackNames[i] = disc + " " + char('a' + i % 26);
     EnsureDatabase();
-    CopyDiscToc(PlayerDiscToc());
+    CopyDiscToc(CdPlayer.toc);
     ASSERT_EQ(AppendEntry(fields), DatabaseResult::kOk);
 }
 
@@ -52,5 +53,5 @@ int CdPlayerTest::Range() {
 }
 
 int CdPlayerTest::Thumb() {
-    return PositionThumb();
+    return PositionThumb(MainWindow);
 }

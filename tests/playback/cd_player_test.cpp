@@ -5,7 +5,9 @@
 
 #include "base/app_directory.h"
 #include "base/program_state.h"
+#include "playback/cd_commands.h"
 #include "playback/cd_player_state.h"
+#include "playback/cd_readouts.h"
 #include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"
 
@@ -15,17 +17,17 @@ using testing::IsEmpty;
 TEST_F(CdPlayerTest, EmptyAndMissingDrivesAreSilentAtStart) {
     InstallFakeDrive({});
     RemoveDisc();
-    OpenCdPlayer();
-    ShowCdPlayer();
+    OpenCdPlayer(MainWindow);
+    ShowCdPlayer(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Empty"}, {IDC_EJECT_LABEL, "Load"}, {IDC_DISC_LENGTH, ""}});
-    CloseCdPlayer();
+    CloseCdPlayer(MainWindow);
     // The high word of an error may carry a device.
     Drive.openError = MCIERR_CANNOT_LOAD_DRIVER + (7 << 16);
-    OpenCdPlayer();
-    CdStatusTick();
+    OpenCdPlayer(MainWindow);
+    CdStatusTick(MainWindow);
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
     Drive.openError = MCIERR_HARDWARE;
-    OpenCdPlayer();
+    OpenCdPlayer(MainWindow);
     EXPECT_THAT(TheBoxes.shown, ElementsAre("error 262"));
 }
 
@@ -35,7 +37,7 @@ TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
         TheBoxes = {};
         for (int failingQuery : {query, query, query, -1, query, -1}) {
             FailCall(failingQuery);
-            CdStatusTick();
+            CdStatusTick(MainWindow);
         }
         EXPECT_EQ(TheBoxes.shown, Log(2, "error 262"));
     }
@@ -45,13 +47,13 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     Start({100, 200, 300});
     Catalogue("Artist", "Disc");
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST)) << "the one that Play plays";
-    OnCdPlay(0);
+    OnCdPlay(MainWindow, 0);
     EXPECT_THAT(TakeLog(), ElementsAre("play 1 0:00.00"));
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
     EXPECT_EQ(Range(), 100);
 
     SetPlaying(3, 65);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Playing"},
                  {IDC_TRACK_NUMBER, "3"},
                  {IDC_TRACK_TITLE, "Disc c"},
@@ -68,15 +70,15 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
 
     // While the drive seeks, the state is "Ready" and blank; then everything comes back.
     Drive.mode = MCI_MODE_SEEK;
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TRACK_NUMBER, ""}});
     SetPlaying(3, 70);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown(
         {{IDC_TRACK_NUMBER, "3"}, {IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc c"}});
 
-    OnCdStop();
-    CdStatusTick();
+    OnCdStop(MainWindow);
+    CdStatusTick(MainWindow);
     for (int id : {IDC_TRACK_NUMBER, IDC_TIME, IDC_TOTAL_REMAINING, IDC_DISC_TITLE, IDC_TRACK_TITLE,
                    IDC_SCROLL_RIGHT}) {
         ExpectShown({{id, ""}});
@@ -84,28 +86,28 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     EXPECT_EQ(Thumb(), 0);
     EXPECT_EQ(CdPlayer.currentTrack, 1);
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
-    RefreshDiscTitles();
+    RefreshDiscTitles(MainWindow);
     ExpectShown({{IDC_TRACK_TITLE, "Disc a"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
 
 TEST_F(CdPlayerTest, DiscRemovedWhilePlayingLeavesNothingToCommand) {
     Start({100, 200});
-    OnCdPlay(2);
-    CdStatusTick();
+    OnCdPlay(MainWindow, 2);
+    CdStatusTick(MainWindow);
     RemoveDisc();
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TIME, ""}, {IDC_DISC_LENGTH, ""}, {IDC_TOTAL_TRACKS, "0"}});
     EXPECT_FALSE(IsShown(IDC_TRACK_FIRST));
     EXPECT_FALSE(IsShown(IDC_TRACK_LABEL_FIRST));
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
     TakeLog();
     for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward, OnNextPage}) {
-        command();
+        command(MainWindow);
     }
-    OnCdPlay(1);
-    OnTrackButton(IDC_TRACK_FIRST);
+    OnCdPlay(MainWindow, 1);
+    OnTrackButton(MainWindow, IDC_TRACK_FIRST);
     DiscToc disc;
-    EXPECT_FALSE(PrepareEntry(disc));
+    EXPECT_FALSE(PrepareEntry(MainWindow, disc));
     EXPECT_THAT(TakeLog(), IsEmpty());
 }
 
@@ -114,26 +116,28 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
     const struct {
         const char* state;
         void (*prepare)();
-    } cases[] = {{"ready", [] {}}, {"playing", [] { OnCdPlay(1); }}, {"paused", [] {
-                                                                          OnCdPlay(1);
-                                                                          OnCdPause();
-                                                                      }}};
+    } cases[] = {{"ready", [] {}},
+                 {"playing", [] { OnCdPlay(MainWindow, 1); }},
+                 {"paused", [] {
+                      OnCdPlay(MainWindow, 1);
+                      OnCdPause(MainWindow);
+                  }}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.state);
         Start({100, 200});
         Catalogue("Old", "Disc");
         c.prepare();
-        CdStatusTick();
+        CdStatusTick(MainWindow);
         InsertDisc({111, 222, 333});
         Catalogue("Old", "Disc");
-        CdStatusTick();
-        EXPECT_EQ(PlayerDiscToc().trackCount, 3);
+        CdStatusTick(MainWindow);
+        EXPECT_EQ(CdPlayer.toc.trackCount, 3);
         EXPECT_FALSE(CdPlayer.paused);
         ExpectShown({{IDC_CD_STATUS, "Ready"},
                      {IDC_DISC_TITLE, ""},
                      {IDC_ENTRY_LABEL, "Add Entry"},
                      {IDC_DISC_LENGTH, "11:06"}});
-        CdStatusTick();
+        CdStatusTick(MainWindow);
         ExpectShown({{IDC_CD_STATUS, "Ready"}});
     }
 }
@@ -142,15 +146,15 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     Start({100, 200});
     Catalogue("Artist", "Disc");
     RemoveDisc();
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
     InsertDisc({100, 200});
     Drive.mode = MCI_MODE_NOT_READY;  // it spins up and cannot tell its tracks yet
     FailCall(2);
-    CdStatusTick();
-    EXPECT_EQ(PlayerDiscToc().trackCount, 0);
+    CdStatusTick(MainWindow);
+    EXPECT_EQ(CdPlayer.toc.trackCount, 0);
     Drive.mode = MCI_MODE_STOP;
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
@@ -158,67 +162,67 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
 TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     Start(std::vector<DWORD>(120, 15315));
     ExpectShown({{IDC_TOTAL_TRACKS, "99"}});
-    EXPECT_EQ(PlayerDiscToc().totalSeconds, static_cast<uint16_t>(99 * 15315));
+    EXPECT_EQ(CdPlayer.toc.totalSeconds, static_cast<uint16_t>(99 * 15315));
     for (int page = 0; page < 6; ++page)
-        OnNextPage();
+        OnNextPage(MainWindow);
     ExpectShown({{IDC_TRACK_LABEL_FIRST, "91"}});
     EXPECT_TRUE(IsShown(IDC_TRACK_FIRST + 8));
     EXPECT_FALSE(IsShown(IDC_TRACK_FIRST + 9));
     TakeLog();
-    OnTrackButton(IDC_TRACK_FIRST + 9);
-    OnTrackButton(IDC_TRACK_FIRST + 8);
+    OnTrackButton(MainWindow, IDC_TRACK_FIRST + 9);
+    OnTrackButton(MainWindow, IDC_TRACK_FIRST + 8);
     EXPECT_THAT(TakeLog(), ElementsAre("play 99 0:00.00"));
-    OnSkipForward();
+    OnSkipForward(MainWindow);
     EXPECT_THAT(TakeLog(), ElementsAre("play 1 0:00.00"));
-    OnNextPage();
+    OnNextPage(MainWindow);
     ExpectShown({{IDC_TRACK_LABEL_FIRST, "1"}});
-    OnPreviousPage();
+    OnPreviousPage(MainWindow);
     ExpectShown({{IDC_TRACK_LABEL_FIRST, "91"}});
 
     // A data track plays as far as the drive says; its length is 0.
     Start({0, 60});
     SetPlaying(1, 0);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TRACK_LENGTH, "0:00"}});
     EXPECT_EQ(Range(), 0);
-    OnCdScroll(SB_LINERIGHT, 0);
+    OnCdScroll(MainWindow, SB_LINERIGHT, 0);
     EXPECT_EQ(Thumb(), 0);
 
     // A disc without tracks has nothing to name.
     InsertDisc({});
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     DiscToc disc;
-    EXPECT_FALSE(PrepareEntry(disc));
+    EXPECT_FALSE(PrepareEntry(MainWindow, disc));
 
     // The drive answers a track that the disc does not have.
     Start({0, 60});
     SetPlaying(255, 1);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TRACK_NUMBER, "255"}});
     TakeLog();
-    OnSkipForward();
+    OnSkipForward(MainWindow);
     EXPECT_THAT(TakeLog(), ElementsAre("play 1 0:00.00"));
 }
 
 TEST_F(CdPlayerTest, ReturningToTheModeFindsThePauseOrAnotherDisc) {
     Start({100, 200});
-    OnCdPlay(2);
-    OnCdPause();
-    ShowCdPlayer();
+    OnCdPlay(MainWindow, 2);
+    OnCdPause(MainWindow);
+    ShowCdPlayer(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Paused"}});
     EXPECT_EQ(CdPlayer.currentTrack, 2);
     EXPECT_EQ(Range(), 0);
-    OnCdPause();
+    OnCdPause(MainWindow);
     EXPECT_EQ(Range(), 200);
 
-    OnCdPause();
+    OnCdPause(MainWindow);
     InsertDisc({50});
-    ShowCdPlayer();
+    ShowCdPlayer(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Ready"}});
-    EXPECT_EQ(PlayerDiscToc().trackCount, 1);
+    EXPECT_EQ(CdPlayer.toc.trackCount, 1);
 
     SetPlaying(1, 20);
-    ShowCdPlayer();
+    ShowCdPlayer(MainWindow);
     ExpectShown({{IDC_TIME, "0:20"}});
     EXPECT_EQ(Range(), 50);
 }
@@ -232,11 +236,11 @@ TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
     };
     HANDLE held = holdCatalogue();
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    OnCdPlay(2);
-    CdStatusTick();
+    OnCdPlay(MainWindow, 2);
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_DISC_TITLE, ""}, {IDC_TRACK_TITLE, ""}, {IDC_ENTRY_LABEL, "Add Entry"}});
     CloseHandle(held);
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"},
                  {IDC_TRACK_TITLE, "Disc b"},
                  {IDC_ENTRY_LABEL, "Edit Entry"}});
@@ -248,22 +252,22 @@ TEST_F(CdPlayerTest, MissingTrackLengthsAreReadAgainAFewTimes) {
     Start({100, 200});
     Catalogue("Artist", "Disc");
     RemoveDisc();
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     InsertDisc({100, 200});
     FailCall(5);  // the length of track 2
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_DISC_LENGTH, "1:40"}, {IDC_ENTRY_LABEL, "Add Entry"}});
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_DISC_LENGTH, "5:00"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 
     InsertDisc({100, 200, 300});
     Drive.tellsLengths = false;
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     TakeLog();
-    OnCdPlay(1);
-    OnCdPause();
+    OnCdPlay(MainWindow, 1);
+    OnCdPause(MainWindow);
     for (int tick = 0; tick < 9; ++tick)
-        CdStatusTick();
+        CdStatusTick(MainWindow);
     const Log log = TakeLog();
     EXPECT_EQ(std::count(log.begin(), log.end(), "length 3"), 2);
     EXPECT_EQ(std::count(log.begin(), log.end(), "length"), 9) << "swaps are looked for";
@@ -275,10 +279,10 @@ TEST_F(CdPlayerTest, TheFocusStaysAmongTheButtonsOfTheMode) {
     const auto focus = [](int id) { SetFocus(GetDlgItem(MainWindow, id)); };
     Start(std::vector<DWORD>(17, 60));
     focus(IDC_TRACK_LAST);
-    OnNextPage();
+    OnNextPage(MainWindow);
     EXPECT_EQ(focused(), IDC_NEXT_PAGE);
     InsertDisc({60});
-    CdStatusTick();
+    CdStatusTick(MainWindow);
     EXPECT_EQ(focused(), IDC_CD_PLAY);
     Command(IDC_MODE_WAVE);
     EXPECT_EQ(focused(), IDC_PLAY);

@@ -42,7 +42,7 @@ protected:
     // Nothing is open, nothing ticks, and the window says so.
     static void ExpectIdle() {
         EXPECT_FALSE(MediaDevice.open);
-        EXPECT_FALSE(IsPositionTimerRunning());
+        EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
         EXPECT_FALSE(KillTimer(MainWindow, ID_ANIMATION_TIMER));
         EXPECT_EQ(Text(IDC_STATUS), "Ready");
     }
@@ -58,7 +58,7 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
     EXPECT_EQ(Text(IDC_FILE_NAME), "a.wav");
     EXPECT_EQ(Text(IDC_STATUS), "Playing");
     EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
-    EXPECT_TRUE(IsPositionTimerRunning());
+    EXPECT_TRUE(IsPositionTimerRunning(MainWindow));
 
     TheMci.status[MCI_STATUS_POSITION] = 1500;
     Tick();
@@ -80,7 +80,7 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
     EXPECT_EQ(Text(IDC_POSITION), "2.000 Seconds");
     EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 1000);
     EXPECT_EQ(Text(IDC_STATUS), "Ready");
-    EXPECT_FALSE(IsPositionTimerRunning());
+    EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
     EXPECT_TRUE(MediaDevice.open);
 }
 
@@ -175,13 +175,13 @@ TEST_F(FilePlayerTest, PauseAndResume) {
     Command(IDC_PAUSE);
     EXPECT_EQ(TakeLog(), (Log{"mode", "pause"}));
     EXPECT_EQ(Text(IDC_STATUS), "Paused");
-    EXPECT_FALSE(IsPositionTimerRunning());
+    EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
     Scroll(SB_PAGERIGHT);
     EXPECT_EQ(TakeLog(), Log{"play from 20 to 20"}) << "moves and stays still";
     EXPECT_EQ(Text(IDC_STATUS), "Paused");
     Command(IDC_PLAY);
     EXPECT_EQ(TakeLog(), Log{"play"});
-    EXPECT_TRUE(IsPositionTimerRunning());
+    EXPECT_TRUE(IsPositionTimerRunning(MainWindow));
 
     FileEnds();
     Command(IDC_PAUSE);

@@ -1,8 +1,20 @@
-// The arithmetic between the position scroll bar's units and milliseconds.
+// The texts of every read-out in milliseconds, and the arithmetic between them and the position
+// scroll bar.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
+// Hours, minutes, seconds and milliseconds without leading zeros in the first field shown: "999",
+// "5.000", "1:23.456", "1:00:00.000". A negative time counts as 0.
+std::string FormatPlayTime(int64_t milliseconds);
+
+// Names the largest field that FormatPlayTime shows: "Milliseconds", "Seconds", "Minutes" or
+// "Hours".
+const char* TimeUnitWord(int64_t milliseconds);
+
+// Both, with a blank between.
+std::string PlayTimeText(int64_t milliseconds);
 // A scroll bar from 0 to `range`, each unit worth `scale` milliseconds. Both are 0 while nothing is
 // open.
 struct ScrollScale {

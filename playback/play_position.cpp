@@ -1,10 +1,12 @@
-// The texts of every read-out in milliseconds.
-#include "playback/play_time.h"
+// See play_position.h.
+#include "playback/play_position.h"
 
 #include <algorithm>
 
 constexpr int64_t kMinuteMs = 60'000;
 constexpr int64_t kHourMs = 60 * kMinuteMs;
+
+constexpr int kScrollUnits = 1000;
 
 std::string FormatPlayTime(int64_t milliseconds) {
     const int64_t time = std::max<int64_t>(milliseconds, 0);
@@ -32,4 +34,27 @@ const char* TimeUnitWord(int64_t milliseconds) {
 
 std::string PlayTimeText(int64_t milliseconds) {
     return FormatPlayTime(milliseconds) + " " + TimeUnitWord(milliseconds);
+}
+
+ScrollScale ScaleForLength(int32_t lengthMs) {
+    if (lengthMs > kScrollUnits) return {kScrollUnits, static_cast<float>(lengthMs) * 0.001f};
+    return {std::max<int>(lengthMs, 0), 1.0f};
+}
+
+int32_t ScrollToMilliseconds(int position, int32_t lengthMs, const ScrollScale& scale) {
+    const int32_t end = std::max<int32_t>(lengthMs, 0);
+    if (lengthMs <= kScrollUnits) return std::clamp<int32_t>(position, 0, end);
+    // Single precision cannot hold every length: the product may pass the end and even 32 bits.
+    const double milliseconds = static_cast<float>(position) * scale.scale;
+    return static_cast<int32_t>(std::clamp<double>(milliseconds, 0.0, end));
+}
+
+int MillisecondsToScroll(int64_t milliseconds, const ScrollScale& scale) {
+    if (!(scale.scale > 0.0f)) return 0;
+    const float units = static_cast<float>(milliseconds) / scale.scale;
+    return static_cast<int>(std::clamp(units, 0.0f, 65535.0f));
+}
+
+int MoveScroll(int position, int step, int range) {
+    return std::clamp(position + step, 0, std::max(range, 0));
 }

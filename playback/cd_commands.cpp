@@ -42,10 +42,15 @@ static bool GetDevice(HWND window) {
 
 static void PlayFromTrack(HWND window, int track) {
     if (!GetDevice(window)) return;
-    CdPlayer.paused = false;
     CdPlayer.dragging = false;
+    const MCIERROR error = PlayCdFrom(PackPosition(track, 0, 0, 0));
+    if (error != 0) {
+        // The disc is where it was, and so is everything that shows it.
+        ReportDiscError(window, error);
+        return;
+    }
+    CdPlayer.paused = false;
     SetCurrentTrack(window, track);
-    PlayCdFrom(window, PackPosition(track, 0, 0, 0));
     ShowTrack(window);
     ShowDiscTitle(window);
     SetDiscThumb(window, 0);
@@ -185,8 +190,7 @@ static int CurrentLengthSeconds() {
 }
 
 static MCIERROR PlayFromSecond(int seconds) {
-    return TryPlayCdFrom(
-        PackPosition(CdPlayer.currentTrack, seconds / 60, seconds % 60, kSeekFrame));
+    return PlayCdFrom(PackPosition(CdPlayer.currentTrack, seconds / 60, seconds % 60, kSeekFrame));
 }
 
 static void SeekInTrack(HWND window, int seconds) {

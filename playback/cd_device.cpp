@@ -91,12 +91,8 @@ bool SendToCd(HWND window, UINT message, DWORD_PTR flags) {
     return Checked(window, Send(message, flags, parameters));
 }
 
-MCIERROR TryPlayCdFrom(DWORD position) {
+MCIERROR PlayCdFrom(DWORD position) {
     MCI_PLAY_PARMS play = {};
     play.dwFrom = position;
     return Send(MCI_PLAY, MCI_FROM, play);
-}
-
-bool PlayCdFrom(HWND window, DWORD position) {
-    return Checked(window, TryPlayCdFrom(position));
 }

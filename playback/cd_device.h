@@ -26,7 +26,6 @@ void CloseCdDoor();
 // One command with a parameter block of zeros, because the platform's driver refuses commands
 // without one. Failures are shown. False on failure.
 bool SendToCd(HWND window, UINT message, DWORD_PTR flags);
-// Plays on from the beginning of a frame packed as track, minutes, seconds, frames.
-bool PlayCdFrom(HWND window, DWORD position);
-// The same without a word about a failure; 0 or what the drive answered.
-MCIERROR TryPlayCdFrom(DWORD position);
+// Plays on from the beginning of a frame packed as track, minutes, seconds, frames. Not reported: 0
+// or what the drive answered.
+MCIERROR PlayCdFrom(DWORD position);

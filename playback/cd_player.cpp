@@ -60,18 +60,24 @@ static void ReadToc(HWND window) {
     CdPlayer.deviceLength = 0;
     CdPlayer.toc = {};
     CdPlayer.lengthReadsLeft = 0;
+    // Taken even from a drive that does not tell its tracks: as long as both answers stay, it is
+    // the same disc.
+    QueryStatus(CdDevice(), MCI_STATUS_LENGTH, CdPlayer.deviceLength);
     const MCIERROR error =
         QueryStatus(CdDevice(), MCI_STATUS_NUMBER_OF_TRACKS, CdPlayer.deviceTrackCount);
-    if (error == 0) {
-        QueryStatus(CdDevice(), MCI_STATUS_LENGTH, CdPlayer.deviceLength);
-        if (!ReadTrackLengths()) CdPlayer.lengthReadsLeft = kLengthReads - 1;
-    }
+    if (error == 0 && !ReadTrackLengths()) CdPlayer.lengthReadsLeft = kLengthReads - 1;
     CdPlayer.page = 0;
     CdPlayer.pageCount = PageCount(CdPlayer.toc.trackCount);
     CdPlayer.trackStale = true;
     // A drive that still spins up knows its medium before it can read it. The first tick after that
-    // finds another number of tracks and reads again.
-    if (error != 0 && CdPlayer.state != DiscState::kEmpty) ReportDiscError(window, error);
+    // finds another length and reads again.
+    if (error != 0 && CdPlayer.state == DiscState::kEmpty) {
+        CdPlayer.deviceLength = 0;
+        return;
+    }
+    const bool first = error != 0 && !CdPlayer.tracksFailing;
+    CdPlayer.tracksFailing = error != 0;
+    if (first) ReportDiscError(window, error);
 }
 
 static void TakeDisc(HWND window) {
@@ -218,7 +224,9 @@ void CdStatusTick(HWND window) {
     const DiscState state = StateOfMode(mode);
     // The drive may have been set going, or not have taken the pause, behind the player's back.
     if (state == DiscState::kPlaying) CdPlayer.paused = false;
-    if (state == DiscState::kEmpty) SetCurrentTrack(window, 1);
+    // A disc that has played to its end begins again with its first track.
+    const bool ended = playedBefore && mode == MCI_MODE_STOP && state == DiscState::kReady;
+    if (ended || state == DiscState::kEmpty) SetCurrentTrack(window, 1);
     EnterState(window, state);
     LookForDisc(window, playedBefore);
 }

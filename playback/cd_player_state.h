@@ -28,5 +28,6 @@ struct CdPlayerState {
     // not raise a box every second.
     bool modeFailing = false;
     bool mediumFailing = false;
+    bool tracksFailing = false;
 };
 extern CdPlayerState CdPlayer;

@@ -50,7 +50,11 @@ static void OpenNextFile(HWND window) {
     SetControlText(window, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
     const std::string path = PlayQueue.directory + *name;
     const std::string shown = DisplayName(path, *name);
-    if (!OpenAndPlay(window, path)) return;
+    if (!OpenAndPlay(window, path)) {
+        // A request to end with the queue does not wait for another queue.
+        MediaDevice.playAndExit = false;
+        return;
+    }
     SetControlText(window, IDC_FILE_NAME, shown);
     AdvanceQueue(PlayQueue);
 }
@@ -73,7 +77,7 @@ void OnPlay(HWND window) {
     } else if (HasPlayer()) {
         StartNewQueue(window);
     }
-    // A request to end with the queue does not wait for another queue.
+    // Nothing was selected: the request has nothing to wait for.
     if (!MediaDevice.open) MediaDevice.playAndExit = false;
 }
 
@@ -120,16 +124,20 @@ static void ShowProgress(HWND window) {
 }
 
 static TickResult FinishQueue(HWND window) {
-    StopPositionTimer(window);
+    // What the user has open comes first: the program ends once it is closed.
+    const bool waits = MediaDevice.playAndExit && !IsWindowEnabled(window);
+    if (!waits) StopPositionTimer(window);
     StopAnimationTimer(window);
     // The length itself: the scroll bar's end times its scale may be a millisecond off.
     ShowPosition(window, MediaDevice.lengthMs);
     if (!Settings.recreationScroll) SetPositionThumb(window, MediaDevice.scroll.range);
     ShowStatus(window, "Ready");
-    return MediaDevice.playAndExit ? TickResult::kEndProgram : TickResult::kGoOn;
+    return MediaDevice.playAndExit && !waits ? TickResult::kEndProgram : TickResult::kGoOn;
 }
 
 TickResult PositionTick(HWND window) {
+    // A thumb held at the end holds the file: the next one would be sent to its end too.
+    if (MediaDevice.open && MediaDevice.dragging) return TickResult::kGoOn;
     if (PlayQueue.filesLeft > 0) {
         if (CloseIfStopped(window)) OpenNextFile(window);
         ShowProgress(window);

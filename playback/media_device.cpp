@@ -5,12 +5,14 @@
 
 #include "base/program_state.h"
 #include "playback/mci.h"
+#include "playback/media_header.h"
 #include "playback/play_queue.h"
 #include "playback/play_readouts.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
+#include "ui/handles.h"
 
 MediaDeviceState MediaDevice;
 DriverFlags DriverAvailable;
@@ -37,18 +39,36 @@ static void ForgetDevice() {
     MediaDevice.dragging = false;
 }
 
-bool OpenAndPlay(HWND window, const std::string& path) {
+static bool IsRefusedByItsHeader(const std::string& path) {
+    const UniqueFile file = OpenToRead(path);
+    if (!file) return false;
+    return WouldDivideByZero([&](uint64_t offset, void* bytes, size_t size) -> size_t {
+        LARGE_INTEGER place = {};
+        place.QuadPart = static_cast<LONGLONG>(offset);
+        DWORD count = 0;
+        if (!SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN)) return 0;
+        return ReadFile(file.get(), bytes, static_cast<DWORD>(size), &count, nullptr) ? count : 0;
+    });
+}
+
+static MCIERROR Open(const std::string& path, MCIDEVICEID& id) {
+    if (IsRefusedByItsHeader(path)) return MCIERR_INVALID_FILE;
     MCI_OPEN_PARMSA open = {};
     open.lpstrElementName = path.c_str();
     const MCIERROR error =
         Mci.send(0, MCI_OPEN, MCI_OPEN_ELEMENT | MCI_WAIT, reinterpret_cast<DWORD_PTR>(&open));
+    if (error == 0) id = open.wDeviceID;
+    return error;
+}
+
+bool OpenAndPlay(HWND window, const std::string& path) {
+    const MCIERROR error = Open(path, MediaDevice.id);
     if (error != 0) {
         ReportMediaError(window, error);
         ForgetDevice();
         ShowStatus(window, "Ready");
         return false;
     }
-    MediaDevice.id = open.wDeviceID;
     MediaDevice.open = true;
 
     MCI_SET_PARMS set = {};

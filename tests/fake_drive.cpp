@@ -16,6 +16,7 @@ static MCIERROR AnswerDisc(MCI_STATUS_PARMS& status, bool ofTrack) {
     const std::vector<DWORD>& tracks = Drive.trackSeconds;
     if (!Drive.present) return MCIERR_HARDWARE;
     if (status.dwItem == MCI_STATUS_NUMBER_OF_TRACKS) {
+        if (!Drive.tellsTracks) return MCIERR_HARDWARE;
         status.dwReturn = static_cast<DWORD>(tracks.size());
     } else if (!ofTrack) {
         status.dwReturn = PackLength(std::accumulate(tracks.begin(), tracks.end(), DWORD{0}));

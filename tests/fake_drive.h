@@ -10,6 +10,7 @@
 struct FakeDrive {
     MCIERROR openError = 0;
     bool present = true;
+    bool tellsTracks = true;
     bool tellsLengths = true;
     DWORD mode = MCI_MODE_STOP;
     std::vector<DWORD> trackSeconds;

@@ -4,12 +4,26 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 
 struct DcDeleter {
     void operator()(HDC dc) const { DeleteDC(dc); }
 };
 using UniqueMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, DcDeleter>;
+
+// A file; empty when it could not be opened.
+struct FileCloser {
+    void operator()(HANDLE file) const { CloseHandle(file); }
+};
+using UniqueFile = std::unique_ptr<std::remove_pointer_t<HANDLE>, FileCloser>;
+// To read beside whoever else has the file open.
+inline UniqueFile OpenToRead(const std::string& path) {
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    return UniqueFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
 
 struct PenDeleter {
     void operator()(HPEN pen) const { DeleteObject(pen); }

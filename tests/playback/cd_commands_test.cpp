@@ -7,6 +7,7 @@
 #include "base/program_state.h"
 #include "playback/cd_player.h"
 #include "playback/cd_player_state.h"
+#include "playback/cd_readouts.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
@@ -41,7 +42,7 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         {"open",
          CloseCdPlayer,
          OpenCdPlayer,
-         {"!~open", "format 10", "can eject", "!~present", "!tracks", "~length", "~length 1",
+         {"!~open", "format 10", "can eject", "!~present", "~length", "!tracks", "~length 1",
           "~length 2"}},
         {"new disc",
          [&](HWND) {
@@ -49,7 +50,7 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
              InsertDisc({60});
          },
          CdStatusTick,
-         {"!mode", "!present", "!tracks", "~length", "~length 1"}},
+         {"!mode", "!present", "~length", "!tracks", "~length 1"}},
         {"enter mode", [](HWND) {}, ShowCdPlayer, {"!mode", "present", "~tracks", "~length"}},
         {"tick", playing, CdStatusTick, {"!mode", "present", "~position"}},
         {"play", [](HWND) {}, [](HWND) { OnCdPlay(MainWindow, 2); }, {"play 2 0:00.00"}},
@@ -119,6 +120,28 @@ TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     Drive.mode = MCI_MODE_PLAY;  // another program sets the disc going
     CdStatusTick(MainWindow);
     EXPECT_FALSE(CdPlayer.paused);
+}
+
+TEST_F(CdCommandsTest, ATrackThatDoesNotPlayChangesNothing) {
+    Start({100, 200, 300});
+    const auto expectSecondTrack = [] {
+        EXPECT_EQ(CdPlayer.currentTrack, 2);
+        EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST + 1));
+    };
+    OnCdPlay(MainWindow, 2);
+    CdStatusTick(MainWindow);
+    for (const bool paused : {false, true}) {
+        if (paused) OnCdPause(MainWindow);
+        FailCall(0);
+        TheBoxes.whileOpen = expectSecondTrack;
+        OnTrackButton(MainWindow, IDC_TRACK_FIRST + 2);
+        expectSecondTrack();
+        EXPECT_EQ(CdPlayer.paused, paused);
+        ExpectShown(
+            {{IDC_TRACK_NUMBER, "2"}, {IDC_TRACK_LENGTH, "3:20"}, {IDC_SCROLL_RIGHT, "3:20"}});
+        EXPECT_EQ(Range(), 200);
+    }
+    EXPECT_EQ(TheBoxes.shown.size(), 2u);
 }
 
 TEST_F(CdCommandsTest, SkipBackKnowsATrackThatNoTickHasSeen) {
@@ -261,7 +284,7 @@ TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
         FailCall(n);
         OnCdPlayRequest(MainWindow, 3, true);
         EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));
-        const bool told = n == 0 || n == 1 || n == 4 || n == 9;
+        const bool told = n == 0 || n == 1 || n == 5 || n == 9;
         EXPECT_EQ(TheBoxes.shown.size(), told ? 1u : 0u);
         EXPECT_TRUE(MediaDevice.open && IsPositionTimerRunning(MainWindow) && PlayQueue.repeat);
         ExpectShown({{IDC_STATUS, "Playing"}, {IDC_FILE_NAME, "a.wav"}});

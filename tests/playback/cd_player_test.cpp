@@ -43,6 +43,53 @@ TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
     }
 }
 
+TEST_F(CdPlayerTest, ADriveThatHidesItsTracksSaysSoOnce) {
+    InstallFakeDrive({100, 200});
+    Drive.tellsTracks = false;
+    Drive.mode = MCI_MODE_NOT_READY;  // while it spins up that means nothing
+    ResetCdPlayer();
+    RemoveDisc();
+    OpenCdPlayer(MainWindow);
+    ShowCdPlayer(MainWindow);
+    Drive.present = true;
+    CdStatusTick(MainWindow);
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+    Drive.mode = MCI_MODE_STOP;
+    for (int tick = 0; tick < 5; ++tick)
+        CdStatusTick(MainWindow);
+    RemoveDisc();
+    CdStatusTick(MainWindow);
+    InsertDisc({60});
+    CdStatusTick(MainWindow);
+    EXPECT_THAT(TheBoxes.shown, ElementsAre("error 262"));
+    Drive.tellsTracks = true;
+    CdStatusTick(MainWindow);
+    ExpectShown({{IDC_TOTAL_TRACKS, "1"}, {IDC_DISC_LENGTH, "1:00"}});
+    InsertDisc({60, 60});
+    Drive.tellsTracks = false;
+    RemoveDisc();
+    CdStatusTick(MainWindow);
+    InsertDisc({60, 60});
+    CdStatusTick(MainWindow);
+    EXPECT_THAT(TheBoxes.shown, ElementsAre("error 262", "error 262"));
+}
+
+TEST_F(CdPlayerTest, ADiscThatHasEndedBeginsAgain) {
+    Start({100, 200});
+    OnCdPlay(MainWindow, 2);
+    CdStatusTick(MainWindow);
+    Drive.mode = MCI_MODE_SEEK;  // a drive that moves its head has not ended
+    CdStatusTick(MainWindow);
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST + 1));
+    SetPlaying(2, 199);
+    CdStatusTick(MainWindow);
+    Drive.mode = MCI_MODE_STOP;
+    CdStatusTick(MainWindow);
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
+    OnCdPlay(MainWindow, 0);
+    EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
+}
+
 TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     Start({100, 200, 300});
     Catalogue("Artist", "Disc");
@@ -150,7 +197,7 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
     InsertDisc({100, 200});
     Drive.mode = MCI_MODE_NOT_READY;  // it spins up and cannot tell its tracks yet
-    FailCall(2);
+    FailCall(3);
     CdStatusTick(MainWindow);
     EXPECT_EQ(CdPlayer.toc.trackCount, 0);
     Drive.mode = MCI_MODE_STOP;

@@ -290,6 +290,52 @@ TEST_F(FilePlayerTest, TheQueueThatEndsTheProgramStaysOnAfterAnError) {
     EXPECT_FALSE(MediaDevice.playAndExit);
 }
 
+TEST_F(FilePlayerTest, AFileGoneBetweenTwoRoundsTakesTheRequestToEndWithIt) {
+    PlayFirst(1);
+    MediaDevice.playAndExit = true;
+    PlayQueue.repeat = true;
+    FileEnds();
+    Tick();
+    FailCall(2);  // mode, close, open
+    Tick();
+    ExpectIdle();
+    EXPECT_FALSE(MediaDevice.playAndExit);
+}
+
+TEST_F(FilePlayerTest, AThumbHeldAtTheEndHoldsTheFile) {
+    for (const int files : {1, 2}) {
+        Command(IDC_STOP);
+        PlayFirst(files);
+        Scroll(SB_THUMBTRACK, 1000);
+        FileEnds();
+        TakeLog();
+        Tick();
+        Scroll(SB_THUMBTRACK, 999);
+        EXPECT_EQ(TakeLog(), Log{"play from 1998"});
+        EXPECT_EQ(Text(IDC_FILE_NAME), "a.wav");
+        Scroll(SB_THUMBPOSITION, 1000);
+        Tick();
+        EXPECT_EQ(Text(IDC_FILE_NAME), files == 2 ? "b.wav" : "a.wav");
+        EXPECT_EQ(Text(IDC_STATUS), files == 2 ? "Playing" : "Ready");
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+    }
+}
+
+// Its player in the platform would take the program with it.
+TEST_F(FilePlayerTest, AWaveOfZeroBytesASecondIsNotOpened) {
+    const char wave[] = "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\x55\0\1\0\x22\x56\0\0\0\0\0\0\1\0\0";
+    HANDLE file = CreateFileA((WaveFilesPath + "a.wav").c_str(), GENERIC_WRITE, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    DWORD written = 0;
+    WriteFile(file, wave, sizeof wave, &written, nullptr);
+    CloseHandle(file);
+    Select(0, 0);
+    Command(IDC_PLAY);
+    EXPECT_EQ(TakeLog(), Log{});
+    EXPECT_EQ(TheBoxes.shown, Log{"error " + std::to_string(MCIERR_INVALID_FILE)});
+    ExpectIdle();
+}
+
 TEST_F(FilePlayerTest, AStartFileEndsTheProgramOnlyWhenItPlays) {
     for (const auto& [mode, file] :
          {std::pair{IDC_MODE_WAVE, "tune.wav"}, std::pair{IDC_MODE_VIDEO, "film.avi"}}) {
@@ -303,12 +349,17 @@ TEST_F(FilePlayerTest, AStartFileEndsTheProgramOnlyWhenItPlays) {
     StartFileName.clear();
 }
 
-TEST_F(FilePlayerTest, AQueueThatEndsTheProgramEndsItUnderAnOpenBoxToo) {
+TEST_F(FilePlayerTest, AQueueThatEndsTheProgramWaitsForAnOpenBox) {
     PlayFirst(1);
     MediaDevice.playAndExit = true;
     FileEnds();
     TheBoxes.whileOpen = Tick;
     ShowMessage("box");
+    ASSERT_NE(MainWindow, nullptr);
+    EXPECT_EQ(TakeLog(), Log{"mode"});
+    EXPECT_EQ(Text(IDC_STATUS), "Ready");
+    ASSERT_TRUE(IsPositionTimerRunning(MainWindow));
+    Tick();
     EXPECT_EQ(MainWindow, nullptr);
     EXPECT_EQ(TakeLog(), (Log{"mode", "stop", "close"}));
     MSG message;

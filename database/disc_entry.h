@@ -25,6 +25,14 @@ struct EntryFields {
     bool operator==(const EntryFields&) const = default;
 };
 
+// A disc as the catalogue knows it.
+struct Disc {
+    DiscToc toc;
+    EntryFields fields;
+
+    bool operator==(const Disc&) const = default;
+};
+
 // High half: length of track 1 in seconds; low half: the disc's total.
 uint32_t DiscKey(uint16_t firstTrackSeconds, uint16_t totalSeconds);
 

@@ -11,4 +11,6 @@ struct DiscToc {
     uint16_t trackCount = 0;  // 0 to kMaxTracks
     uint16_t totalSeconds = 0;
     uint16_t lengthSeconds[kMaxTracks] = {};
+
+    bool operator==(const DiscToc&) const = default;
 };

@@ -8,11 +8,6 @@
 
 #include "database/disc_entry.h"
 
-struct Disc {
-    DiscToc toc;
-    EntryFields fields;
-};
-
 // Lengths 60 + number, 61 + number, ...; names tell track and disc apart.
 Disc SampleDisc(int number, int trackCount);
 

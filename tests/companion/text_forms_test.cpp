@@ -115,7 +115,7 @@ TEST(TextForms, JsonFaultsAreFoundAndWrongDiscsRefused) {
         EXPECT_FALSE(fault.what.empty());
     }
     for (const char* wrong :
-         {R"({"tracks": []}, 7)", R"({"artist": 7, "tracks": [{"name": "n", "seconds": 5}]})",
+         {R"({"tracks": []})", "7", R"({"artist": 7, "tracks": [{"name": "n", "seconds": 5}]})",
           R"({"tracks": [{"name": "n", "seconds": 65536}]})", R"({"tracks": [5]})",
           R"({"type": "LP", "tracks": [{"name": "n", "seconds": 5}]})",
           R"({"totalSeconds": -1, "tracks": [{"name": "n", "seconds": 5}]})"}) {

@@ -170,7 +170,8 @@ bool ReadJson(std::string_view text, const CodePage& page, const DiscSink& sink,
             return false;
         };
         const Json rest = Json::parse(text, take);
-        for (const Json& other : rest.at("discs")) sink.refuse(other.dump(), "an object is expected");
+        for (const Json& other : rest.at("discs"))
+            sink.refuse(other.dump(), "an object is expected");
     } catch (const Json::parse_error& error) {
         fault = FaultOf(error);
         return false;

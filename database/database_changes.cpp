@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "base/app_directory.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database/database_recovery.h"
 #include "database/database_rewrite.h"
 #include "database/database_walk.h"
@@ -75,7 +75,7 @@ static bool CutBack(FileHandle file, const DatabaseEnd& end) {
 }
 
 static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd& end) {
-    const std::string path = InAppDirectory(kDatabaseName);
+    const std::string path = DatabasePath();
     if (OpenPatiently(path.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
         return DatabaseResult::kCannotOpen;
     }

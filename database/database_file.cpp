@@ -3,22 +3,22 @@
 
 #include <vector>
 
-#include "base/app_directory.h"
 #include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database/database_recovery.h"
 #include "database/database_walk.h"
 
 DiscToc DatabaseDisc;
 
 static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp) {
-    const std::string path = InAppDirectory(kDatabaseName);
+    const std::string path = DatabasePath();
     return whenHeld == WhenHeld::kTryAgain
                ? OpenPatiently(path.c_str(), FileMode::kReadShared, file)
                : FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle);
 }
 
 static void CreateEmptyDatabase() {
-    const std::string path = InAppDirectory(kDatabaseName);
+    const std::string path = DatabasePath();
     ScopedFile file;
     if (FileCalls.open(path.c_str(), FileMode::kCreateNew, file.handle) != FileStatus::kOk) {
         return;
@@ -32,7 +32,7 @@ bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld) {
     const FileStatus status = OpenDatabase(file, whenHeld);
     if (status != FileStatus::kMissing) return status == FileStatus::kOk;
     // An empty file in the place of a database that waits under its backup name would hide it.
-    const FileStatus backup = FileCalls.exists(InAppDirectory(kBackupName).c_str());
+    const FileStatus backup = FileCalls.exists(BackupPath().c_str());
     if (backup == FileStatus::kOk) {
         RecoverDatabase();
     } else if (backup == FileStatus::kMissing) {

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "base/app_directory.h"
 #include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database/database_walk.h"
 
 static RecoveryResult RepairedIf(bool succeeded) {
@@ -84,8 +84,8 @@ static bool PassesStrictCheck(const std::string& path) {
 // The database is missing only between the first and the second rename of a rewrite: the backup is
 // the old database, and tarnwell.new is the new one, which was read back before the renames.
 static RecoveryResult RestoreDatabase(const std::string& database) {
-    const std::string backup = InAppDirectory(kBackupName);
-    const std::string rewritten = InAppDirectory(kNewDatabaseName);
+    const std::string backup = BackupPath();
+    const std::string rewritten = NewDatabasePath();
     const FileStatus backupStatus = FileCalls.exists(backup.c_str());
     if (backupStatus == FileStatus::kMissing) return RecoveryResult::kNothingToDo;
     if (backupStatus != FileStatus::kOk) return RecoveryResult::kFailed;
@@ -100,7 +100,7 @@ static RecoveryResult RestoreDatabase(const std::string& database) {
 }
 
 RecoveryResult RecoverDatabase() {
-    const std::string database = InAppDirectory(kDatabaseName);
+    const std::string database = DatabasePath();
     RecoveryResult restored = RecoveryResult::kNothingToDo;
     const FileStatus status = FileCalls.exists(database.c_str());
     if (status == FileStatus::kMissing) {

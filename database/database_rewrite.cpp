@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string>
 
-#include "base/app_directory.h"
 #include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database/database_walk.h"
 
 static DatabaseResult ResultOf(FileStatus status) {
@@ -134,8 +134,7 @@ static DatabaseResult FinishTarget(RewriteTarget& target) {
 
 static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
     ScopedFile database;
-    FileStatus status =
-        OpenPatiently(InAppDirectory(kDatabaseName).c_str(), FileMode::kReadWrite, database);
+    FileStatus status = OpenPatiently(DatabasePath().c_str(), FileMode::kReadWrite, database);
     if (status != FileStatus::kOk) return DatabaseResult::kCannotOpen;
     RewriteSource source;
     StartReading(source.reader, database.handle);
@@ -146,8 +145,7 @@ static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
     }
 
     ScopedFile rewritten;
-    status =
-        OpenPatiently(InAppDirectory(kNewDatabaseName).c_str(), FileMode::kCreateAlways, rewritten);
+    status = OpenPatiently(NewDatabasePath().c_str(), FileMode::kCreateAlways, rewritten);
     if (status != FileStatus::kOk) return ResultOf(status);
     RewriteTarget target;
     target.file = rewritten.handle;
@@ -166,14 +164,14 @@ static FileStatus ClearBackupName(const std::string& backup) {
 // Until this has succeeded, a rewrite that cannot undo its first rename could still be finished by
 // recovery.
 static bool RemoveNewDatabase() {
-    const FileStatus status = RemovePatiently(InAppDirectory(kNewDatabaseName).c_str());
+    const FileStatus status = RemovePatiently(NewDatabasePath().c_str());
     return status == FileStatus::kOk || status == FileStatus::kMissing;
 }
 
 static DatabaseResult PutNewDatabaseInPlace() {
-    const std::string database = InAppDirectory(kDatabaseName);
-    const std::string rewritten = InAppDirectory(kNewDatabaseName);
-    const std::string backup = InAppDirectory(kBackupName);
+    const std::string database = DatabasePath();
+    const std::string rewritten = NewDatabasePath();
+    const std::string backup = BackupPath();
     FileStatus status = ClearBackupName(backup);
     if (status == FileStatus::kOk) status = RenamePatiently(database.c_str(), backup.c_str());
     if (status != FileStatus::kOk) return ResultOf(status);

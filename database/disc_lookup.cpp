@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "base/app_directory.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database/database_walk.h"
 
 uint32_t FoundEntryOffset = 0;
@@ -73,7 +73,7 @@ bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
 // For the texts the file is asked for by writing access too, and is not created.
 static bool OpenAtDisc(ScopedFile& file) {
     FoundEntryOffset = 0;
-    const std::string path = InAppDirectory(kDatabaseName);
+    const std::string path = DatabasePath();
     if (FileCalls.open(path.c_str(), FileMode::kReadWriteShared, file.handle) != FileStatus::kOk) {
         return false;
     }

@@ -1,10 +1,11 @@
-// Code pages as the C library's converter knows them.
+// Code pages as the C library's converter knows them; everything else is UTF-8 already.
 #include <iconv.h>
 
 #include <cerrno>
 #include <memory>
 
 #include "companion/code_page.h"
+#include "companion/system.h"
 
 bool CodePointOfByte(int pageNumber, uint8_t byte, char32_t& point, bool& several) {
     const std::string name = "CP" + std::to_string(pageNumber);
@@ -29,5 +30,16 @@ bool CodePointOfByte(int pageNumber, uint8_t byte, char32_t& point, bool& severa
         return false;
     }
     point = target;
+    return true;
+}
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+    return {argv + 1, argv + argc};
+}
+
+void PrepareOutput() {}
+
+bool ToSystemPath(const std::string& utf8, std::string& path) {
+    path = utf8;
     return true;
 }

@@ -1,0 +1,144 @@
+// See catalogue.h.
+#include "companion/catalogue.h"
+
+#include <algorithm>
+
+#include "companion/system.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/database_paths.h"
+#include "database/database_rewrite.h"
+
+// The player keeps the file for moments only.
+constexpr int kHeldAttempts = 12;  // of a quarter of a second each
+
+static Refusal TextOf(FileStatus status) {
+    switch (status) {
+        case FileStatus::kMissing:
+            return "there is no such file";
+        case FileStatus::kHeld:
+            return "another program holds the file";
+        case FileStatus::kDenied:
+            return "access is denied, or this is a folder";
+        case FileStatus::kDiskFull:
+            return "the disk is full";
+        default:
+            return "the file cannot be read";
+    }
+}
+
+static FileStatus OpenHeld(const std::string& path, ScopedFile& file) {
+    FileStatus status = FileStatus::kHeld;
+    for (int i = 0; i < kHeldAttempts && status == FileStatus::kHeld; ++i) {
+        status = OpenPatiently(path.c_str(), FileMode::kReadShared, file);
+    }
+    return status;
+}
+
+Refusal ChooseCatalogue(const std::string& path) {
+    std::string system;
+    if (!ToSystemPath(path, system)) return "the system's code page cannot name this file";
+    UseDatabaseFile(system);
+    return {};
+}
+
+Refusal OpenCatalogue(Catalogue& catalogue) {
+    FileStatus status = OpenHeld(DatabasePath(), catalogue.file);
+    if (status != FileStatus::kOk) return TextOf(status);
+    status = FileCalls.size(catalogue.file.handle, catalogue.sizeBytes);
+    if (status != FileStatus::kOk) return TextOf(status);
+    StartReading(catalogue.reader, catalogue.file.handle);
+    uint8_t header[kHeaderBytes];
+    const uint32_t size = ReadUpTo(catalogue.reader, header, kHeaderBytes);
+    if (catalogue.reader.failed) return "the file cannot be read, or is a folder";
+    if (size == 0) return "the file is empty";
+    if (size < kHeaderBytes ||
+        !std::equal(std::begin(kHeaderMark), std::end(kHeaderMark), header)) {
+        return "this is no disc catalogue: it does not begin like one (salvage looks for discs in "
+               "it all the same)";
+    }
+    catalogue.entryCount = GetU16(header + kCountOffset);
+    return {};
+}
+
+bool ReadDiscAt(Catalogue& catalogue, uint64_t start, Disc& disc) {
+    static std::vector<uint8_t> bytes(kMaxEntryBytes);
+    catalogue.reader.position = start;
+    const uint32_t size = ReadUpTo(catalogue.reader, bytes.data(), kMaxEntryBytes);
+    return DecodeEntry(bytes.data(), size, disc.toc, disc.fields) == DecodeResult::kWhole;
+}
+
+bool ReadNextDisc(Catalogue& catalogue, CataloguePlace& place, Disc& disc) {
+    uint64_t end = 0;
+    if (place.index >= catalogue.entryCount ||
+        !FindEntryEnd(catalogue.reader, place.start, catalogue.sizeBytes, end) ||
+        !ReadDiscAt(catalogue, place.start, disc)) {
+        return false;
+    }
+    place.start = end;
+    ++place.index;
+    return true;
+}
+
+static void PutEntry(std::vector<uint8_t> bytes, RewriteTarget& target) {
+    const auto start = static_cast<uint32_t>(target.offset);
+    const auto size = static_cast<uint32_t>(bytes.size());
+    PutU32(bytes.data(), start + size);
+    PutU32(bytes.data() + size - kTrailerBytes, start);
+    PutBytes(target, bytes.data(), size);
+}
+
+static DatabaseResult WriteContent(const CatalogueChange& change, RewriteSource& source,
+                                   RewriteTarget& target) {
+    const size_t count = source.entryCount + change.additions.size();
+    if (count > kMaxEntries) return DatabaseResult::kFull;
+    DatabaseResult result = CopyHeader(source, static_cast<uint16_t>(count), target);
+    uint64_t start = kHeaderBytes;
+    for (size_t i = 0; i < source.entryCount && result == DatabaseResult::kOk; ++i) {
+        uint64_t end = 0;
+        if (!FindEntryEnd(source.reader, start, source.sizeBytes, end)) {
+            return DatabaseResult::kDamaged;
+        }
+        if (i < change.replacements.size() && !change.replacements[i].empty()) {
+            PutEntry(change.replacements[i], target);
+        } else {
+            result = CopyEntry(source, start, target);
+        }
+        start = end;
+    }
+    for (const std::vector<uint8_t>& entry : change.additions)
+        PutEntry(entry, target);
+    return result;
+}
+
+// Nothing is added to a catalogue whose faults the new entries would bury.
+static Refusal RefuseDamage() {
+    ScopedFile file;
+    DatabaseCheck check;
+    const FileStatus status = OpenHeld(DatabasePath(), file);
+    if (status != FileStatus::kOk) return TextOf(status);
+    if (!CheckDatabase(file.handle, check)) return "the file cannot be read";
+    if (!IsIntact(check)) {
+        return "the catalogue is damaged; check says where, and salvage makes a whole one";
+    }
+    return {};
+}
+
+Refusal WriteCatalogue(const CatalogueChange& change) {
+    EnsureDatabase();
+    if (const Refusal refusal = RefuseDamage(); !refusal.empty()) return refusal;
+    const DatabaseResult result =
+        SafeRewrite([&change](RewriteSource& source, RewriteTarget& target) {
+            return WriteContent(change, source, target);
+        });
+    return result == DatabaseResult::kOk ? Refusal() : DatabaseResultText(result);
+}
+
+std::string TocKey(const DiscToc& toc) {
+    std::string key;
+    for (int track = 0; track < toc.trackCount; ++track) {
+        key += static_cast<char>(toc.lengthSeconds[track] & 0xFF);
+        key += static_cast<char>(toc.lengthSeconds[track] >> 8);
+    }
+    return key;
+}

@@ -1,0 +1,126 @@
+// The commands that keep a catalogue whole: check, salvage, sort, backup.
+#include <algorithm>
+
+#include "companion/catalogue.h"
+#include "companion/commands.h"
+#include "companion/system.h"
+#include "database/database_format.h"
+#include "database/database_paths.h"
+
+ExitCode CheckCatalogue(const CommonOptions& options) {
+    return Fail(options.file, "not yet");
+}
+
+ExitCode SalvageCatalogue(const CommonOptions& options, const std::string&) {
+    return Fail(options.file, "not yet");
+}
+
+ExitCode SortCatalogue(const CommonOptions& options) {
+    return Fail(options.file, "not yet");
+}
+
+static std::string Generation(const std::string& path, int number) {
+    return path + "." + std::to_string(number);
+}
+
+// The same bytes, read from both; false also when one cannot be read.
+static bool SameContents(const std::string& first, const std::string& second) {
+    constexpr uint32_t kBlock = 64 * 1024;
+    std::vector<uint8_t> left(kBlock);
+    std::vector<uint8_t> right(kBlock);
+    ScopedFile a;
+    ScopedFile b;
+    if (OpenPatiently(first.c_str(), FileMode::kReadShared, a) != FileStatus::kOk ||
+        OpenPatiently(second.c_str(), FileMode::kReadShared, b) != FileStatus::kOk) {
+        return false;
+    }
+    for (;;) {
+        uint32_t leftBytes = 0;
+        uint32_t rightBytes = 0;
+        if (FileCalls.read(a.handle, left.data(), kBlock, leftBytes) != FileStatus::kOk ||
+            FileCalls.read(b.handle, right.data(), kBlock, rightBytes) != FileStatus::kOk ||
+            leftBytes != rightBytes ||
+            !std::equal(left.begin(), left.begin() + leftBytes, right.begin())) {
+            return false;
+        }
+        if (leftBytes == 0) return true;
+    }
+}
+
+static Refusal CopyFileTo(FileHandle source, const std::string& path) {
+    std::vector<uint8_t> block(64 * 1024);
+    ScopedFile target;
+    if (OpenPatiently(path.c_str(), FileMode::kCreateAlways, target) != FileStatus::kOk ||
+        FileCalls.seek(source, 0) != FileStatus::kOk) {
+        return "the copy cannot be made";
+    }
+    for (;;) {
+        uint32_t size = 0;
+        uint32_t written = 0;
+        if (FileCalls.read(source, block.data(), static_cast<uint32_t>(block.size()), size) !=
+            FileStatus::kOk) {
+            return "the catalogue cannot be read";
+        }
+        if (size == 0) break;
+        if (FileCalls.write(target.handle, block.data(), size, written) != FileStatus::kOk ||
+            written != size) {
+            return "the copy cannot be written";
+        }
+    }
+    if (FileCalls.flush(target.handle) != FileStatus::kOk || CloseFile(target) != FileStatus::kOk) {
+        return "the copy cannot be written";
+    }
+    return {};
+}
+
+// FILE.1 becomes FILE.2 and so on; the oldest beyond `keep` goes, once the new copy is there.
+static Refusal MoveGenerations(const std::string& path, int keep) {
+    int last = 0;
+    while (last < keep && FileCalls.exists(Generation(path, last + 1).c_str()) == FileStatus::kOk) {
+        ++last;
+    }
+    if (last == keep && RemovePatiently(Generation(path, keep).c_str()) != FileStatus::kOk) {
+        return "the oldest copy cannot be removed";
+    }
+    for (int i = std::min(last, keep - 1); i > 0; --i) {
+        if (RenamePatiently(Generation(path, i).c_str(), Generation(path, i + 1).c_str()) !=
+            FileStatus::kOk) {
+            return "an older copy cannot be renamed";
+        }
+    }
+    return {};
+}
+
+ExitCode BackUpCatalogue(const CommonOptions& options, int keep) {
+    const std::string path = DatabasePath();
+    const std::string made = path + ".copying";
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    if (SameContents(path, Generation(path, 1))) {
+        Print(options.file + ": the newest copy is the same already\n");
+        return kDone;
+    }
+    if (const Refusal why = CopyFileTo(catalogue.file.handle, made); !why.empty()) {
+        RemovePatiently(made.c_str());
+        return Fail(options.file, why);
+    }
+    // What is looked at is the copy: the catalogue may change at any moment.
+    DatabaseCheck check;
+    ScopedFile copy;
+    const bool intact =
+        OpenPatiently(made.c_str(), FileMode::kReadShared, copy) == FileStatus::kOk &&
+        CheckDatabase(copy.handle, check) && IsIntact(check);
+    CloseFile(copy);
+    if (!intact) {
+        RemovePatiently(made.c_str());
+        return Fail(options.file,
+                    "the catalogue is damaged and replaces no copy; check says where");
+    }
+    if (const Refusal why = MoveGenerations(path, keep); !why.empty()) {
+        return Fail(options.file, why + "; the new one is " + made);
+    }
+    if (RenamePatiently(made.c_str(), Generation(path, 1).c_str()) != FileStatus::kOk) {
+        return Fail(options.file, "the copy cannot be renamed; it is " + made);
+    }
+    return kDone;
+}

@@ -1,0 +1,200 @@
+// Discs out of the catalogue: comma-separated values, JSON, xmcd files, a page.
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "companion/catalogue.h"
+#include "companion/commands.h"
+#include "companion/disc_csv.h"
+#include "companion/disc_html.h"
+#include "companion/disc_json.h"
+#include "companion/xmcd.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A file, or the standard output.
+struct Output {
+    std::ofstream file;
+    bool isFile = false;
+    bool failed = false;
+};
+
+}  // namespace
+
+static fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+static Refusal OpenOutput(const CommonOptions& options, const std::string& path, Output& output) {
+    if (path.empty()) return {};
+    std::error_code error;
+    if (fs::equivalent(PathOf(path), PathOf(options.file), error)) {
+        return "this is the catalogue itself";
+    }
+    output.isFile = true;
+    output.file.open(PathOf(path), std::ios::binary | std::ios::trunc);
+    return output.file ? Refusal() : "the file cannot be made";
+}
+
+static void Write(Output& output, const std::string& text) {
+    if (!output.isFile) {
+        Print(text);
+        return;
+    }
+    output.file.write(text.data(), static_cast<std::streamsize>(text.size()));
+    output.failed = output.failed || !output.file;
+}
+
+static bool CloseOutput(Output& output) {
+    if (!output.isFile) return fflush(stdout) == 0;
+    output.file.close();
+    return !output.failed && output.file;
+}
+
+static ExitCode TellBrokenChain(const CommonOptions& options, uint32_t read, uint32_t count) {
+    if (read == count) return kDone;
+    Tell(options.file + ": only " + std::to_string(read) + " of " + std::to_string(count) +
+         " discs could be read; check says more");
+    return kFound;
+}
+
+// Start, every disc and end, one after the other.
+template <typename Text>
+static ExitCode ExportInOrder(const CommonOptions& options, Catalogue& catalogue, Output& output,
+                              const Text& textOf) {
+    CataloguePlace place;
+    Disc disc;
+    while (ReadNextDisc(catalogue, place, disc)) {
+        Write(output, textOf(disc, place.index));
+        ShowProgress("disc", place.index, catalogue.entryCount);
+    }
+    ClearProgress();
+    return TellBrokenChain(options, place.index, catalogue.entryCount);
+}
+
+static ExitCode ExportCsv(const CommonOptions& options, Catalogue& catalogue, Output& output,
+                          CsvForm form) {
+    Write(output, CsvHeader(form));
+    return ExportInOrder(options, catalogue, output, [&](const Disc& disc, uint32_t number) {
+        return CsvLines(form, disc, static_cast<int>(number), options.page);
+    });
+}
+
+static ExitCode ExportJson(const CommonOptions& options, Catalogue& catalogue, Output& output) {
+    Write(output, JsonStart());
+    const ExitCode code =
+        ExportInOrder(options, catalogue, output, [&](const Disc& disc, uint32_t number) {
+            return (number > 1 ? JsonBetween() : std::string()) + JsonDisc(disc, options.page);
+        });
+    Write(output, JsonEnd());
+    return code;
+}
+
+namespace {
+
+struct ListedDisc {
+    std::string artist;
+    std::string discName;
+    uint64_t start;
+};
+
+}  // namespace
+
+static std::string Lowered(std::string text) {
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return text;
+}
+
+// By artist and disc name without regard to the case of plain letters.
+static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, uint32_t& read) {
+    std::vector<ListedDisc> discs;
+    CataloguePlace place;
+    Disc disc;
+    for (uint64_t start = place.start; ReadNextDisc(catalogue, place, disc); start = place.start) {
+        discs.push_back({disc.fields.artist, disc.fields.discName, start});
+    }
+    read = place.index;
+    std::stable_sort(discs.begin(), discs.end(), [](const ListedDisc& a, const ListedDisc& b) {
+        const std::string left = Lowered(a.artist);
+        const std::string right = Lowered(b.artist);
+        return left != right ? left < right : Lowered(a.discName) < Lowered(b.discName);
+    });
+    return discs;
+}
+
+static ExitCode ExportHtml(const CommonOptions& options, Catalogue& catalogue, Output& output) {
+    uint32_t read = 0;
+    const std::vector<ListedDisc> discs = DiscsByArtist(catalogue, read);
+    HtmlTotals totals;
+    Disc disc;
+    Write(output, HtmlStart("Compact discs"));
+    for (const ListedDisc& listed : discs) {
+        const bool sameArtist =
+            &listed != &discs.front() && Lowered((&listed)[-1].artist) == Lowered(listed.artist);
+        if (!sameArtist) Write(output, HtmlArtist(listed.artist, options.page));
+        if (ReadDiscAt(catalogue, listed.start, disc)) {
+            Write(output, HtmlDisc(disc, options.page, totals));
+        }
+        ShowProgress("disc", totals.discs, discs.size());
+    }
+    ClearProgress();
+    Write(output, HtmlEnd(totals));
+    return TellBrokenChain(options, read, catalogue.entryCount);
+}
+
+// A name that no other disc of this export has.
+static std::string XmcdName(const Disc& disc, std::set<std::string>& names) {
+    char id[9];
+    snprintf(id, sizeof id, "%08x", static_cast<unsigned>(ApproximateDiscId(disc.toc)));
+    std::string name = id;
+    for (int copy = 2; !names.insert(name).second; ++copy) {
+        name = std::string(id) + "-" + std::to_string(copy);
+    }
+    return name;
+}
+
+static ExitCode ExportXmcd(const CommonOptions& options, Catalogue& catalogue,
+                           const std::string& folder) {
+    std::error_code error;
+    if (folder.empty()) return Fail("export", "--as xmcd needs --output with a folder");
+    fs::create_directories(PathOf(folder), error);
+    if (!fs::is_directory(PathOf(folder), error)) return Fail(folder, "this is no folder");
+    // Files of an older export would stand among the new ones.
+    if (!fs::is_empty(PathOf(folder), error)) return Fail(folder, "the folder is not empty");
+    std::set<std::string> names;
+    CataloguePlace place;
+    Disc disc;
+    while (ReadNextDisc(catalogue, place, disc)) {
+        const std::string name = XmcdName(disc, names);
+        std::ofstream file(PathOf(folder) / name, std::ios::binary);
+        file << XmcdText(disc, options.page);
+        file.close();
+        if (!file) return Fail(folder + "/" + name, "the file cannot be written");
+        ShowProgress("disc", place.index, catalogue.entryCount);
+    }
+    ClearProgress();
+    return TellBrokenChain(options, place.index, catalogue.entryCount);
+}
+
+ExitCode ExportDiscs(const CommonOptions& options, const ExportOptions& exported) {
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    if (exported.kind == "xmcd") return ExportXmcd(options, catalogue, exported.output);
+
+    Output output;
+    if (const Refusal why = OpenOutput(options, exported.output, output); !why.empty()) {
+        return Fail(exported.output, why);
+    }
+    const CsvForm form = exported.tracks ? CsvForm::kTracks : CsvForm::kDiscs;
+    const ExitCode code = exported.kind == "csv"    ? ExportCsv(options, catalogue, output, form)
+                          : exported.kind == "json" ? ExportJson(options, catalogue, output)
+                                                    : ExportHtml(options, catalogue, output);
+    if (!CloseOutput(output)) return Fail(exported.output, "the output cannot be written");
+    return code;
+}

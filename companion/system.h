@@ -1,0 +1,12 @@
+// What differs between the two worlds the program is built for; its texts are UTF-8 in both.
+#pragma once
+
+#include <string>
+#include <vector>
+
+// The command line behind the program's name.
+std::vector<std::string> Arguments(int argc, char** argv);
+// The output takes UTF-8 and changes no line ends.
+void PrepareOutput();
+// A path as the file calls take it. False when the system cannot name it so.
+bool ToSystemPath(const std::string& utf8, std::string& path);

@@ -1,0 +1,46 @@
+// See terminal.h.
+#include "companion/terminal.h"
+
+#include <chrono>
+#include <cstdio>
+
+#ifdef _WIN32
+#include <io.h>
+#define isatty _isatty
+#define fileno _fileno
+#else
+#include <unistd.h>
+#endif
+
+static bool ProgressShown;
+
+void Print(const std::string& text) {
+    fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void Tell(const std::string& line) {
+    ClearProgress();
+    fflush(stdout);
+    fprintf(stderr, "tarndisc: %s\n", line.c_str());
+}
+
+ExitCode Fail(const std::string& name, const std::string& why) {
+    Tell(name + ": " + why);
+    return kFailed;
+}
+
+void ShowProgress(const char* what, uint64_t done, uint64_t of) {
+    using Clock = std::chrono::steady_clock;
+    static const bool terminal = isatty(fileno(stderr)) != 0;
+    static Clock::time_point next;
+    if (!terminal || Clock::now() < next) return;
+    next = Clock::now() + std::chrono::milliseconds(100);
+    ProgressShown = true;
+    fprintf(stderr, "\r%s %llu of %llu ", what, static_cast<unsigned long long>(done),
+            static_cast<unsigned long long>(of));
+}
+
+void ClearProgress() {
+    if (ProgressShown) fputs("\r\x1B[K", stderr);
+    ProgressShown = false;
+}

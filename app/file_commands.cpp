@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/modes.h"
+#include "playback/file_info_dialog.h"
 #include "playback/file_list.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
@@ -31,7 +32,7 @@ constexpr FileCommand kFileCommands[] = {
     {IDC_MOVE, false, "No files to move!", IDS_SOUND_MOVE, nullptr, true},
     {IDC_RENAME, false, "No files to rename!", 0, nullptr, true},
     {IDC_DELETE, false, "No files to delete!", IDS_SOUND_DELETE, nullptr, true},
-    {IDC_INFO, false, "No files to get information!", 0, nullptr, false},
+    {IDC_INFO, false, "No files to get information!", 0, ShowFileInformation, false},
     {IDC_EDITOR, false, "No files to send to an editor!", IDS_SOUND_EDITOR, nullptr, false},
     {IDC_SETUP, true, nullptr, IDS_SOUND_SETUP, nullptr, false},
 };

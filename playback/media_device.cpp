@@ -25,7 +25,7 @@ bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters) 
     return error == 0;
 }
 
-static bool QueryDevice(HWND window, DWORD item, DWORD& value) {
+bool QueryDevice(HWND window, DWORD item, DWORD& value) {
     if (!MediaDevice.open) return false;
     const MCIERROR error = QueryStatus(MediaDevice.id, item, value);
     if (error != 0) ReportMediaError(window, error);
@@ -61,15 +61,25 @@ static MCIERROR Open(const std::string& path, MCIDEVICEID& id) {
     return error;
 }
 
-bool OpenAndPlay(HWND window, const std::string& path) {
+bool OpenDevice(HWND window, const std::string& path) {
     const MCIERROR error = Open(path, MediaDevice.id);
-    if (error != 0) {
-        ReportMediaError(window, error);
-        ForgetDevice();
-        ShowStatus(window, "Ready");
-        return false;
-    }
-    MediaDevice.open = true;
+    MediaDevice.open = error == 0;
+    if (MediaDevice.open) return true;
+    ReportMediaError(window, error);
+    ForgetDevice();
+    ShowStatus(window, "Ready");
+    return false;
+}
+
+void CloseDevice() {
+    if (!MediaDevice.open) return;
+    MCI_GENERIC_PARMS generic = {};
+    Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
+    ForgetDevice();
+}
+
+bool OpenAndPlay(HWND window, const std::string& path) {
+    if (!OpenDevice(window, path)) return false;
 
     MCI_SET_PARMS set = {};
     set.dwTimeFormat = MCI_FORMAT_MILLISECONDS;

@@ -30,6 +30,13 @@ extern DriverFlags DriverAvailable;
 // One command to the open device. A failure is reported, which closes the device; without an open
 // device nothing is sent. True when the command succeeded.
 bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters);
+// The same for one status item; on failure `value` is left alone.
+bool QueryDevice(HWND window, DWORD item, DWORD& value);
+
+// Opens a file by its full path. A failure is reported. True when the device is open.
+bool OpenDevice(HWND window, const std::string& path);
+// Closes the device without a word, if one is open; for a device that never played.
+void CloseDevice();
 
 // Opens a file by its full path, sets milliseconds, shows the length, seeks to the start and plays.
 // Every failure is reported. True when the device is open and plays.

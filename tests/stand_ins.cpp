@@ -1,6 +1,10 @@
 // Stand-ins at the product's seams.
 #include "tests/stand_ins.h"
 
+#include <mmsystem.h>
+
+#include <digitalv.h>
+
 #include <cstdio>
 #include <utility>
 
@@ -21,6 +25,7 @@ FakeBoxes TheBoxes;
 
 constexpr MCIDEVICEID kFileDevice = 7;
 constexpr MCIDEVICEID kDrive = 8;
+static DWORD TimeFormat;  // of the file device
 static bool FileDeviceOpen;
 static bool DriveOpen;
 
@@ -31,6 +36,9 @@ static std::string StatusItem(const MCI_STATUS_PARMS& status, DWORD_PTR flags) {
         {MCI_STATUS_POSITION, "position"},
         {MCI_STATUS_NUMBER_OF_TRACKS, "tracks"},
         {MCI_STATUS_MEDIA_PRESENT, "present"},
+        {MCI_WAVE_STATUS_SAMPLESPERSEC, "samples per second"},
+        {MCI_WAVE_STATUS_BITSPERSAMPLE, "bits"},
+        {MCI_WAVE_STATUS_CHANNELS, "channels or tempo"},  // one number for both
     };
     const auto name = kNames.find(status.dwItem);
     std::string text =
@@ -71,6 +79,9 @@ static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, boo
             return "seek start";
         case MCI_STOP:
             return "stop";
+        case MCI_WHERE:
+            expected |= MCI_DGV_WHERE_SOURCE;
+            return "where";
         case MCI_PAUSE:
             expected = 0;
             return "pause";
@@ -106,6 +117,12 @@ static MCIERROR AnswerFile(UINT message, DWORD_PTR parameters) {
     if (message == MCI_STATUS) {
         auto* status = reinterpret_cast<MCI_STATUS_PARMS*>(parameters);
         status->dwReturn = TheMci.status[status->dwItem];
+        if (status->dwItem == MCI_STATUS_LENGTH && TimeFormat == MCI_FORMAT_FRAMES)
+            status->dwReturn = TheMci.frames;
+    } else if (message == MCI_SET) {
+        TimeFormat = reinterpret_cast<MCI_SET_PARMS*>(parameters)->dwTimeFormat;
+    } else if (message == MCI_WHERE) {
+        reinterpret_cast<MCI_DGV_RECT_PARMS*>(parameters)->rc = TheMci.picture;
     }
     return 0;
 }

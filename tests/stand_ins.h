@@ -20,6 +20,8 @@ struct FakeMci {
     Log log;
     // Answers of the file device's status items, by item; 0 where none is given.
     std::map<DWORD, DWORD> status;
+    DWORD frames = 0;   // the length while frames are counted
+    RECT picture = {};  // of a film: 0, 0, width and height
     // Answers for "cdaudio"; without it no such driver is installed.
     std::function<MCIERROR(UINT message, DWORD_PTR flags, DWORD_PTR parameters)> drive;
     int callsToFailure = -1;

@@ -37,6 +37,10 @@ bool DesktopTest::HasVirtualDrive() {
     return GetFileAttributesA("c:\\windows\\system32\\vdrive.dll") != INVALID_FILE_ATTRIBUTES;
 }
 
+bool DesktopTest::HasVirtualProjector() {
+    return GetFileAttributesA("c:\\windows\\system32\\vfilm.dll") != INVALID_FILE_ATTRIBUTES;
+}
+
 void DesktopTest::InsertSheet(const std::string& name, const std::string& cueSheet) {
     WriteFileBytes(player.directory + name + ".cue", cueSheet);
     WriteFileBytes(player.directory + "tray.txt", name + ".cue\n");

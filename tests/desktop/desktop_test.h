@@ -18,8 +18,9 @@ protected:
     // Selects these entries, and no others, and presses Play.
     void Play(const std::vector<std::string>& names);
 
-    // The virtual drive's tray.
+    // The demo's devices, and the drive's tray.
     static bool HasVirtualDrive();
+    static bool HasVirtualProjector();
     void InsertSheet(const std::string& name, const std::string& cueSheet);
     void RemoveDisc();
 

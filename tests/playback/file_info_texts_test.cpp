@@ -1,0 +1,30 @@
+// The texts of the file information dialogs.
+#include "playback/file_info_texts.h"
+
+#include <gtest/gtest.h>
+
+TEST(FileInfoTexts, FrameRatesAreCutToThousandthsAndFilledWithZeros) {
+    const struct {
+        uint32_t frames;
+        uint32_t lengthMs;
+        const char* text;
+    } cases[] = {
+        {75, 3000, "25.000"},     {45, 2999, "15.005"},
+        {1, 20000, ".050"},       {1, 1000, "1.000"},
+        {999, 1'000'000, ".999"}, {0, 5000, ".000"},
+        {30, 0, ".000"},          {29970, 1'000'000, "29.970"},
+        {2, 3000, ".666"},        {0xFFFFFFFF, 1, "4294967295000.000"},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(FrameRateText(one.frames, one.lengthMs), one.text);
+}
+
+TEST(FileInfoTexts, FormatsChannelsAndPictures) {
+    EXPECT_EQ(WaveFormatText(44100, 16), "44100 Hz, 16 Bit");
+    EXPECT_EQ(WaveFormatText(8000, std::nullopt), "8000 Hz");
+    const char* const channels[] = {"Mono", "Mono", "Stereo", "Mono"};
+    for (uint32_t count = 0; count < 4; ++count)
+        EXPECT_EQ(ChannelsText(count), channels[count]) << count;
+    EXPECT_EQ(PictureSizeText(320, -240), "320 x 240 Pixels");
+    EXPECT_EQ(PictureSizeText(INT32_MIN, 0), "2147483648 x 0 Pixels");
+}

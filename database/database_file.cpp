@@ -9,6 +9,12 @@
 #include "database/database_walk.h"
 
 DiscToc DatabaseDisc;
+uint32_t FoundEntryOffset = 0;
+
+void ResetDatabaseState() {
+    DatabaseDisc = {};
+    FoundEntryOffset = 0;
+}
 
 static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp) {
     const std::string path = DatabasePath();
@@ -17,28 +23,31 @@ static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::k
                : FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle);
 }
 
-static void CreateEmptyDatabase() {
+static FileStatus CreateEmptyDatabase() {
     const std::string path = DatabasePath();
     ScopedFile file;
-    if (FileCalls.open(path.c_str(), FileMode::kCreateNew, file.handle) != FileStatus::kOk) {
-        return;
-    }
-    const bool written = WriteEmptyHeader(file.handle) == FileStatus::kOk;
+    const FileStatus created = FileCalls.open(path.c_str(), FileMode::kCreateNew, file.handle);
+    if (created != FileStatus::kOk) return created;
+    const FileStatus written = WriteEmptyHeader(file.handle);
     CloseFile(file);
-    if (!written) FileCalls.remove(path.c_str());
+    if (written != FileStatus::kOk) FileCalls.remove(path.c_str());
+    return written;
 }
 
-bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld) {
-    const FileStatus status = OpenDatabase(file, whenHeld);
-    if (status != FileStatus::kMissing) return status == FileStatus::kOk;
+FileStatus OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld) {
+    FileStatus status = OpenDatabase(file, whenHeld);
+    if (status != FileStatus::kMissing) return status;
     // An empty file in the place of a database that waits under its backup name would hide it.
-    const FileStatus backup = FileCalls.exists(BackupPath().c_str());
-    if (backup == FileStatus::kOk) {
+    status = FileCalls.exists(BackupPath().c_str());
+    if (status == FileStatus::kOk) {
         RecoverDatabase();
-    } else if (backup == FileStatus::kMissing) {
-        CreateEmptyDatabase();
+    } else if (status != FileStatus::kMissing) {
+        return status;
+    } else {
+        status = CreateEmptyDatabase();
+        if (status != FileStatus::kOk && status != FileStatus::kExists) return status;
     }
-    return OpenDatabase(file, whenHeld) == FileStatus::kOk;
+    return OpenDatabase(file, whenHeld);
 }
 
 void EnsureDatabase() {
@@ -46,13 +55,26 @@ void EnsureDatabase() {
     OpenEnsuredDatabase(file);
 }
 
-uint16_t DatabaseEntryCount() {
+static DatabaseResult CountEntries(WhenHeld whenHeld, uint16_t& entryCount) {
+    entryCount = 0;
     ScopedFile file;
-    if (OpenDatabase(file) != FileStatus::kOk) return 0;
+    const FileStatus opened = OpenDatabase(file, whenHeld);
+    if (opened == FileStatus::kMissing) return DatabaseResult::kOk;
+    if (opened != FileStatus::kOk) return OpenResult(opened);
     WindowReader reader;
     StartReading(reader, file.handle);
+    ReadEntryCount(reader, entryCount);
+    return reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kOk;
+}
+
+uint16_t DatabaseEntryCount() {
     uint16_t entryCount = 0;
-    return ReadEntryCount(reader, entryCount) ? entryCount : uint16_t{0};
+    CountEntries(WhenHeld::kGiveUp, entryCount);
+    return entryCount;
+}
+
+DatabaseResult ReadDatabaseEntryCount(uint16_t& entryCount) {
+    return CountEntries(WhenHeld::kTryAgain, entryCount);
 }
 
 uint32_t FindEntryOffset(uint32_t entryIndex) {

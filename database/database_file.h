@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/file_access.h"
+#include "database/database_result.h"
 #include "database/disc_entry.h"
 #include "disc/disc_toc.h"
 
@@ -13,15 +14,23 @@
 // entry (LoadEntryDisc). Lookups and new entries take the disc from here.
 extern DiscToc DatabaseDisc;
 
+// Where the entry starts that the last look-up found; 0 when it found none.
+extern uint32_t FoundEntryOffset;
+
+// No disc, and none looked up.
+void ResetDatabaseState();
+
 // Creates an empty database when there is none. One that another program holds is left alone, and
 // one that a rewrite left under another name is brought back first.
 void EnsureDatabase();
 
 // EnsureDatabase, and the file stays open for reading.
-bool OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp);
+FileStatus OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp);
 
 // 0 when the file cannot be read.
 uint16_t DatabaseEntryCount();
+// The same for those who must know; a missing file has none.
+DatabaseResult ReadDatabaseEntryCount(uint16_t& entryCount);
 
 // Where entry number entryIndex (from 0) starts; 0 when there are fewer entries.
 uint32_t FindEntryOffset(uint32_t entryIndex);

@@ -9,12 +9,6 @@
 #include "database/database_paths.h"
 #include "database/database_walk.h"
 
-static DatabaseResult ResultOf(FileStatus status) {
-    if (status == FileStatus::kOk) return DatabaseResult::kOk;
-    if (status == FileStatus::kDiskFull) return DatabaseResult::kDiskFull;
-    return status == FileStatus::kHeld ? DatabaseResult::kCannotOpen : DatabaseResult::kWriteFailed;
-}
-
 // Over whole windows, and the rest at the end of the file: writing and reading back cut alike.
 static uint32_t Checksum(uint32_t checksum, const uint8_t* bytes, uint32_t sizeBytes) {
     constexpr uint32_t kPrime = 16777619;
@@ -56,12 +50,19 @@ DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeByte
     while (sizeBytes > 0 && target.status == FileStatus::kOk) {
         const uint32_t count = static_cast<uint32_t>(std::min<uint64_t>(sizeBytes, sizeof bytes));
         if (ReadUpTo(source.reader, bytes, count) != count) {
-            return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
+            return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
         }
         PutBytes(target, bytes, count);
         sizeBytes -= count;
     }
-    return ResultOf(target.status);
+    return WriteResult(target.status);
+}
+
+void PutHeader(RewriteTarget& target, uint16_t entryCount) {
+    uint8_t header[kHeaderBytes];
+    std::memcpy(header, kHeaderMark, sizeof kHeaderMark);
+    PutU16(header + kCountOffset, entryCount);
+    PutBytes(target, header, sizeof header);
 }
 
 DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTarget& target) {
@@ -70,7 +71,7 @@ DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTar
     uint8_t field[2];
     PutU16(field, entryCount);
     PutBytes(target, field, sizeof field);
-    return ResultOf(target.status);
+    return WriteResult(target.status);
 }
 
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
@@ -78,7 +79,7 @@ DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarg
     uint64_t entryEnd = 0;
     if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd) ||
         !ReadEntryHeader(source.reader, entryStart, header)) {
-        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
+        return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
     }
     const uint32_t sizeBytes = static_cast<uint32_t>(entryEnd - entryStart);
     if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::kDamaged;
@@ -94,7 +95,7 @@ DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarg
     if (result != DatabaseResult::kOk) return result;
     PutU32(pointers, newStart);
     PutBytes(target, pointers, kTrailerBytes);
-    return ResultOf(target.status);
+    return WriteResult(target.status);
 }
 
 DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
@@ -128,31 +129,31 @@ static DatabaseResult ReadBack(const RewriteTarget& target) {
 static DatabaseResult FinishTarget(RewriteTarget& target) {
     if (target.status == FileStatus::kOk && target.blockSize > 0) WriteBlock(target);
     if (target.status == FileStatus::kOk) target.status = FileCalls.flush(target.file);
-    if (target.status != FileStatus::kOk) return ResultOf(target.status);
+    if (target.status != FileStatus::kOk) return WriteResult(target.status);
     return ReadBack(target);
 }
 
 static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
     ScopedFile database;
     FileStatus status = OpenPatiently(DatabasePath().c_str(), FileMode::kReadWrite, database);
-    if (status != FileStatus::kOk) return DatabaseResult::kCannotOpen;
+    if (status != FileStatus::kOk) return OpenResult(status);
     RewriteSource source;
     StartReading(source.reader, database.handle);
     status = FileCalls.size(database.handle, source.sizeBytes);
-    if (status != FileStatus::kOk) return ResultOf(status);
+    if (status != FileStatus::kOk) return WriteResult(status);
     if (!ReadEntryCount(source.reader, source.entryCount)) {
-        return source.reader.failed ? DatabaseResult::kWriteFailed : DatabaseResult::kDamaged;
+        return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
     }
 
     ScopedFile rewritten;
     status = OpenPatiently(NewDatabasePath().c_str(), FileMode::kCreateAlways, rewritten);
-    if (status != FileStatus::kOk) return ResultOf(status);
+    if (status != FileStatus::kOk) return OpenResult(status);
     RewriteTarget target;
     target.file = rewritten.handle;
     DatabaseResult result = writeContent(source, target);
     if (result == DatabaseResult::kOk) result = FinishTarget(target);
     const FileStatus closed = CloseFile(rewritten);
-    return result == DatabaseResult::kOk ? ResultOf(closed) : result;
+    return result == DatabaseResult::kOk ? WriteResult(closed) : result;
 }
 
 // An older backup that could not be removed would stand in the way of the first rename.
@@ -174,12 +175,12 @@ static DatabaseResult PutNewDatabaseInPlace() {
     const std::string backup = BackupPath();
     FileStatus status = ClearBackupName(backup);
     if (status == FileStatus::kOk) status = RenamePatiently(database.c_str(), backup.c_str());
-    if (status != FileStatus::kOk) return ResultOf(status);
+    if (status != FileStatus::kOk) return WriteResult(status);
     status = RenamePatiently(rewritten.c_str(), database.c_str());
     if (status != FileStatus::kOk) {
         // The backup is the old database; recovery brings it back once the new one is gone.
         const bool undone = RenamePatiently(backup.c_str(), database.c_str()) == FileStatus::kOk;
-        return undone || RemoveNewDatabase() ? ResultOf(status) : DatabaseResult::kNotTakenBack;
+        return undone || RemoveNewDatabase() ? WriteResult(status) : DatabaseResult::kNotTakenBack;
     }
     // The new database is in place and whole; a backup that another program holds stays until the
     // next rewrite.

@@ -28,6 +28,8 @@ struct RewriteTarget {
 
 void PutBytes(RewriteTarget& target, const void* data, uint32_t sizeBytes);
 
+void PutHeader(RewriteTarget& target, uint16_t entryCount);
+
 // The first six header bytes as they are in the source, and a count.
 DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTarget& target);
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "database/database_format.h"
+#include "database/disc_entry.h"
 
 bool ReadEntryHeader(WindowReader& reader, uint64_t entryStart, EntryHeader& header) {
     uint8_t bytes[kTrackCountOffset];
@@ -40,11 +41,14 @@ bool SkipTracks(WindowReader& reader) {
 
 bool SkipEntryBody(WindowReader& reader) {
     if (!SkipTracks(reader)) return false;
-    for (int text = 0; text < 5; ++text) {
-        if (!SkipText(reader)) return false;
+    for (const EntryItem& item : kEntryItems) {
+        if (!item.text) {
+            ++reader.position;
+        } else if (!SkipText(reader)) {
+            return false;
+        }
     }
-    reader.position += 3;
-    return SkipText(reader);
+    return true;
 }
 
 bool FindEntryEnd(WindowReader& reader, uint64_t entryStart, uint64_t fileBytes,

@@ -6,6 +6,8 @@
 
 #include "database/database_format.h"
 
+static_assert(kMinEntryBytes == kTracksOffset + std::size(kEntryItems) + kTrailerBytes);
+
 uint32_t DiscKey(uint16_t firstTrackSeconds, uint16_t totalSeconds) {
     return static_cast<uint32_t>(firstTrackSeconds) << 16 | totalSeconds;
 }
@@ -38,15 +40,13 @@ std::vector<uint8_t> EncodeEntry(const DiscToc& disc, const EntryFields& fields,
         AppendText(bytes, fields.trackNames[track]);
         AppendU16(bytes, disc.lengthSeconds[track]);
     }
-    AppendText(bytes, fields.artist);
-    AppendText(bytes, fields.discName);
-    AppendText(bytes, fields.category);
-    AppendText(bytes, fields.label);
-    AppendText(bytes, fields.notes);
-    bytes.push_back(fields.recordingCode);
-    bytes.push_back(fields.discType);
-    bytes.push_back(fields.discSize);
-    AppendText(bytes, fields.yearReleased);
+    for (const EntryItem& item : kEntryItems) {
+        if (item.text) {
+            AppendText(bytes, fields.*item.text);
+        } else {
+            bytes.push_back(fields.*item.code);
+        }
+    }
     AppendU32(bytes, entryStart);
 
     const uint32_t sizeBytes = static_cast<uint32_t>(bytes.size());
@@ -109,15 +109,12 @@ DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc& disc,
         fields.trackNames[track] = name;
         disc.lengthSeconds[track] = lengthSeconds;
     }
-    fields.artist = TakeText(cursor);
-    fields.discName = TakeText(cursor);
-    fields.category = TakeText(cursor);
-    fields.label = TakeText(cursor);
-    fields.notes = TakeText(cursor);
-    fields.recordingCode = TakeU8(cursor);
-    fields.discType = TakeU8(cursor);
-    const uint8_t* size = Take(cursor, 1);
-    if (size) fields.discSize = *size;
-    fields.yearReleased = TakeText(cursor);
+    for (const EntryItem& item : kEntryItems) {
+        if (item.text) {
+            fields.*item.text = TakeText(cursor);
+        } else if (const uint8_t* code = Take(cursor, 1)) {
+            fields.*item.code = *code;  // one that is missing keeps its first value
+        }
+    }
     return cursor.cutShort ? DecodeResult::kCutShort : DecodeResult::kWhole;
 }

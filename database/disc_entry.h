@@ -33,6 +33,24 @@ struct Disc {
     bool operator==(const Disc&) const = default;
 };
 
+// What follows the track records, in the file's order, a text or a code each. Whoever encodes,
+// decodes, steps over, searches or exports an entry goes by it.
+struct EntryItem {
+    std::string EntryFields::*text;
+    uint8_t EntryFields::*code = nullptr;
+};
+inline constexpr EntryItem kEntryItems[] = {
+    {&EntryFields::artist},
+    {&EntryFields::discName},
+    {&EntryFields::category},
+    {&EntryFields::label},
+    {&EntryFields::notes},
+    {nullptr, &EntryFields::recordingCode},
+    {nullptr, &EntryFields::discType},
+    {nullptr, &EntryFields::discSize},
+    {&EntryFields::yearReleased},
+};
+
 // High half: length of track 1 in seconds; low half: the disc's total.
 uint32_t DiscKey(uint16_t firstTrackSeconds, uint16_t totalSeconds);
 

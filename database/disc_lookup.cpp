@@ -8,8 +8,6 @@
 #include "database/database_paths.h"
 #include "database/database_walk.h"
 
-uint32_t FoundEntryOffset = 0;
-
 void CopyDiscToc(const DiscToc& disc) {
     DatabaseDisc = disc;
     DatabaseDisc.trackCount = std::min<uint16_t>(disc.trackCount, kMaxTracks);
@@ -55,26 +53,29 @@ uint32_t FindDiscEntry(FileHandle file) {
     return FindEntry(reader, DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
 }
 
-LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount, WhenHeld whenHeld) {
+DatabaseResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount, WhenHeld whenHeld) {
     FoundEntryOffset = 0;
     ScopedFile file;
-    if (!OpenEnsuredDatabase(file, whenHeld)) return LookupResult::kUnreadable;
+    const FileStatus opened = OpenEnsuredDatabase(file, whenHeld);
+    if (opened != FileStatus::kOk) return OpenResult(opened);
     WindowReader reader;
     StartReading(reader, file.handle);
     FoundEntryOffset = FindEntry(reader, totalSeconds, trackCount);
-    if (FoundEntryOffset != 0) return LookupResult::kFound;
-    return reader.failed ? LookupResult::kUnreadable : LookupResult::kUnknown;
+    const bool answered = FoundEntryOffset != 0 || !reader.failed;
+    return answered ? DatabaseResult::kOk : DatabaseResult::kReadFailed;
 }
 
 bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
-    return LookUpDisc(totalSeconds, trackCount) == LookupResult::kFound;
+    LookUpDisc(totalSeconds, trackCount);
+    return FoundEntryOffset != 0;
 }
 
-// For the texts the file is asked for by writing access too, and is not created.
+// The texts create no file. Whoever may only read the catalogue is shown them too.
 static bool OpenAtDisc(ScopedFile& file) {
     FoundEntryOffset = 0;
     const std::string path = DatabasePath();
-    if (FileCalls.open(path.c_str(), FileMode::kReadWriteShared, file.handle) != FileStatus::kOk) {
+    if (FileCalls.open(path.c_str(), FileMode::kReadWriteShared, file.handle) != FileStatus::kOk &&
+        FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle) != FileStatus::kOk) {
         return false;
     }
     FoundEntryOffset = FindDiscEntry(file.handle);

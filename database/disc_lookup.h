@@ -5,24 +5,17 @@
 #include <string>
 
 #include "base/file_access.h"
+#include "database/database_result.h"
 #include "disc/disc_toc.h"
-
-// Where the entry starts that the last lookup found; 0 when it found none.
-extern uint32_t FoundEntryOffset;
 
 // Into DatabaseDisc, all 99 lengths. Called immediately before every lookup.
 void CopyDiscToc(const DiscToc& disc);
 
-enum class LookupResult {
-    kFound,
-    kUnknown,
-    kUnreadable,  // the file could not be opened, read or, when there was none, created
-};
-
-// Looks for the first entry with this total, this track count and DatabaseDisc's track lengths. A
-// missing database is created empty. Sets FoundEntryOffset.
-LookupResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount,
-                        WhenHeld whenHeld = WhenHeld::kGiveUp);
+// Looks for the first entry with this total, this track count and DatabaseDisc's track lengths, and
+// sets FoundEntryOffset, to 0 for a disc that is not known. Anything but kOk: the file could not be
+// opened, read or, when there was none, created, and who knows.
+DatabaseResult LookUpDisc(uint16_t totalSeconds, uint16_t trackCount,
+                          WhenHeld whenHeld = WhenHeld::kGiveUp);
 
 // The same, for callers to whom an unreadable database knows no disc.
 bool FindDisc(uint16_t totalSeconds, uint16_t trackCount);

@@ -36,14 +36,14 @@ static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
     const auto lookUp = [&] {
         return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
     };
-    const LookupResult answer = lookUp();
-    if (answer == LookupResult::kUnreadable) return DatabaseResult::kCannotOpen;
-    KnownAtOpening = answer == LookupResult::kFound;
+    DatabaseResult asked = lookUp();
+    if (asked != DatabaseResult::kOk) return asked;
+    KnownAtOpening = FoundEntryOffset != 0;
     if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, entry.fields)) {
         return DatabaseResult::kOk;
     }
-    return lookUp() == LookupResult::kUnreadable ? DatabaseResult::kCannotOpen
-                                                : DatabaseResult::kDamaged;
+    asked = lookUp();
+    return asked == DatabaseResult::kOk ? DatabaseResult::kDamaged : asked;
 }
 
 static void OnInitDialog(HWND dialog, const EntryToShow& entry) {

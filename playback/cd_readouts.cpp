@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/program_state.h"
+#include "database/database_file.h"
 #include "database/disc_lookup.h"
 #include "disc/disc_times.h"
 #include "playback/cd_device.h"
@@ -50,9 +51,9 @@ void SetDiscThumb(HWND window, int seconds) {
 static bool IsKnownDisc() {
     if (!CdPlayer.discPresent) return false;
     CopyDiscToc(CdPlayer.toc);
-    const LookupResult result = LookUpDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
-    if (result == LookupResult::kUnreadable) CdPlayer.titlesStale = true;
-    return result == LookupResult::kFound;
+    const DatabaseResult asked = LookUpDisc(CdPlayer.toc.totalSeconds, CdPlayer.toc.trackCount);
+    if (asked != DatabaseResult::kOk) CdPlayer.titlesStale = true;
+    return FoundEntryOffset != 0;
 }
 
 static void ShowTrackTitle(HWND window, int track) {

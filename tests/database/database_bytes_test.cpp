@@ -110,8 +110,8 @@ TEST(DatabaseBytes, SystemsOwnFilesTakeEveryChangeUnlessHeldByAnotherProgram) {
         FileCalls.open(InAppDirectory(kDatabaseName).c_str(), FileMode::kReadWrite, holder.handle),
         FileStatus::kOk);
     EnsureDatabase();
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::kCannotOpen);
-    EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::kCannotOpen);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kHeld);
+    EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::kHeld);
     CloseFile(holder);
     expectFile(discs);
     fs::remove_all(directory);

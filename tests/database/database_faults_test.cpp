@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstring>
 
 #include "database/database_changes.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_recovery.h"
+#include "database/database_sort.h"
 #include "database/disc_lookup.h"
 #include "memory_files.h"
 #include "sample_discs.h"
@@ -65,6 +67,12 @@ static std::vector<Change> AllChanges() {
         changes.push_back({"replace", leftovers, withDisc(replace), {}, true});
         changes.push_back({"edit", start == 8 ? leftovers : plain, withDisc(edit), {}, true});
     }
+    const auto sort = [] {
+        return SortDatabase([](const char* a, const char* b) { return std::strcmp(a, b); },
+                            [](const char*) {});
+    };
+    changes.push_back(
+        {"sort", {{kDatabaseName, DatabaseImage({discs[2], discs[1], discs[0]})}}, sort, {}, true});
     for (Change& change : changes) {
         StartOnDisk(change.before);
         EXPECT_EQ(change.make(), DatabaseResult::kOk) << change.name;
@@ -235,8 +243,8 @@ TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNotOverwritten) {
         std::string after;
     } cases[] = {
         {false, one, Fault::kNone, DatabaseResult::kAddedMeanwhile, one},
-        {false, one, Fault::kHeld, DatabaseResult::kCannotOpen, one},
-        {true, one, Fault::kHeld, DatabaseResult::kCannotOpen, one},
+        {false, one, Fault::kHeld, DatabaseResult::kHeld, one},
+        {true, one, Fault::kHeld, DatabaseResult::kHeld, one},
         {true, DatabaseImage({}), Fault::kNone, DatabaseResult::kOk, one},
     };
     for (const auto& each : cases) {

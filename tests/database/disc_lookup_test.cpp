@@ -80,7 +80,7 @@ TEST(DiscLookup, MoreThan99TracksAreTheFirst99) {
         EXPECT_EQ(TrackNameText(track), "");
 }
 
-static LookupResult LookUp(WhenHeld whenHeld) {
+static DatabaseResult LookUp(WhenHeld whenHeld) {
     return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, whenHeld);
 }
 
@@ -90,7 +90,7 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
     EXPECT_EQ(DiscTitleText() + TrackNameText(1), "");
     EXPECT_EQ(DatabaseEntryCount() + FindEntryOffset(0), 0u);
     EXPECT_TRUE(DiskAfterEnd().empty());
-    EXPECT_EQ(LookUp(WhenHeld::kGiveUp), LookupResult::kUnknown);
+    EXPECT_EQ(LookUp(WhenHeld::kGiveUp), DatabaseResult::kOk);
     EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), DatabaseImage({}));
 
     // Neither one that cannot be read nor one that waits under its backup name is replaced.
@@ -100,14 +100,15 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
         int call;
         WhenHeld whenHeld;
         const char* name;
-        LookupResult result;
+        DatabaseResult result;
     } cases[] = {
-        {Fault::kHeld, 1, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kUnreadable},
-        {Fault::kCallFails, 2, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kUnreadable},
-        {Fault::kHeldBriefly, 1, WhenHeld::kGiveUp, kDatabaseName, LookupResult::kUnreadable},
-        {Fault::kHeldBriefly, 1, WhenHeld::kTryAgain, kDatabaseName, LookupResult::kFound},
-        {Fault::kHeld, 2, WhenHeld::kGiveUp, kBackupName, LookupResult::kUnreadable},
-        {Fault::kNone, 0, WhenHeld::kGiveUp, kBackupName, LookupResult::kFound},
+        {Fault::kHeld, 1, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kHeld},
+        {Fault::kCallFails, 2, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kReadFailed},
+        {Fault::kHeldBriefly, 1, WhenHeld::kGiveUp, kDatabaseName, DatabaseResult::kHeld},
+        {Fault::kHeldBriefly, 1, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kOk},
+        {Fault::kHeld, 2, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kHeld},
+        {Fault::kCallFails, 2, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kCannotOpen},
+        {Fault::kNone, 0, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kOk},
     };
     for (const auto& each : cases) {
         StartOnDisk({{each.name, image}});

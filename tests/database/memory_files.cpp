@@ -49,6 +49,7 @@ ArmedFault armed[2];
 int calls = 0;
 bool diskIsFull = false;
 bool everythingHeld = false;
+bool inFileCall = false;
 Fault endedBy = Fault::kNone;
 
 // One call: whether a fault strikes it, and what it answers when it has no effect for that reason.
@@ -226,9 +227,27 @@ static FileStatus Exists(const char* path) {
 
 static void Pause(uint32_t) {}
 
+// Marks the time that a call takes.
+template <auto Call>
+struct Inside;
+template <typename... Arguments, FileStatus (*Call)(Arguments...)>
+struct Inside<Call> {
+    static FileStatus Do(Arguments... arguments) {
+        inFileCall = true;
+        const FileStatus status = Call(arguments...);
+        inFileCall = false;
+        return status;
+    }
+};
+
 void UseMemoryFiles() {
-    FileCalls = {Open,  Read,  Write,        Seek,   Size,   Flush,  Truncate,
-                 Close, Facts, SetLastWrite, Rename, Remove, Exists, Pause};
+    FileCalls = {Inside<Open>::Do,     Inside<Read>::Do,
+                 Inside<Write>::Do,    Inside<Seek>::Do,
+                 Inside<Size>::Do,     Inside<Flush>::Do,
+                 Inside<Truncate>::Do, Inside<Close>::Do,
+                 Inside<Facts>::Do,    Inside<SetLastWrite>::Do,
+                 Inside<Rename>::Do,   Inside<Remove>::Do,
+                 Inside<Exists>::Do,   Pause};
     AppDirectory.clear();
     StartOnDisk({});
 }
@@ -286,6 +305,10 @@ bool ProgramEnded() {
 int OpenHandles() {
     const auto isOpen = [](const Handle& handle) { return handle.file != nullptr; };
     return static_cast<int>(std::count_if(handles.begin(), handles.end(), isOpen));
+}
+
+bool InFileCall() {
+    return inFileCall;
 }
 
 std::string FileBytes(const MemorySnapshot& snapshot, const std::string& name) {

@@ -45,6 +45,8 @@ void ArmFault(Fault fault, int atCall, Fault second = Fault::kNone, int secondAt
 int CallsMade();
 bool ProgramEnded();
 int OpenHandles();
+// The stand-in is at work: what it needs itself is none of the program's.
+bool InFileCall();
 
 // The bytes of a file; `kNoSuchFile` when it does not exist.
 extern const std::string kNoSuchFile;

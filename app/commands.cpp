@@ -66,6 +66,10 @@ constexpr Command kCommands[] = {
 // The program itself moves the focus while a command runs; the directory field is not left by that.
 static bool InCommand;
 
+void ResetCommands() {
+    InCommand = false;
+}
+
 static void RunCommand(HWND window, int id) {
     if (FindMode(id) != nullptr) {
         ChangeMode(window, id);

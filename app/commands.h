@@ -3,5 +3,8 @@
 
 #include <windows.h>
 
+// As before the first command.
+void ResetCommands();
+
 // WM_COMMAND. While the window is blocked only a forwarded request to play the disc gets through.
 void OnCommand(HWND window, WPARAM wParam, LPARAM lParam, bool blocked);

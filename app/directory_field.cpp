@@ -20,6 +20,10 @@ struct PendingChange {
 };
 static PendingChange Pending;
 
+void ResetDirectoryField() {
+    Pending = {};
+}
+
 static bool IsSameDirectory(const std::string& a, const std::string& b) {
     return lstrcmpiA(a.c_str(), b.c_str()) == 0;
 }

@@ -6,6 +6,9 @@
 // Posted to the main window to say that a typed directory is none.
 constexpr UINT kInvalidPathMessage = WM_APP + 1;
 
+// As before anything was typed.
+void ResetDirectoryField();
+
 // Takes the field's text as the mode's directory and fills the list anew. An invalid text gives way
 // to the directory in force. When a mouse button took the focus away, list and message wait until
 // it is released: the click that left the field must find the window as it was.

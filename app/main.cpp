@@ -49,7 +49,7 @@ static int RunMessageLoop() {
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCommand) {
-    ProgramInstance = instance;
+    ResetProgramState(instance);
     // An empty drive is no reason for the system's own pop-up.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     TakeRequest(ParseCommandLine(commandLine));

@@ -73,15 +73,16 @@ static bool OnDrawItem(const DRAWITEMSTRUCT& item) {
     return true;
 }
 
+// A box opened by a tick lets further ticks through.
+static bool InTimer;
+
 static void OnTimer(HWND window, UINT_PTR id) {
     if (id == ID_DIRECTORY_TIMER) {
         OnDirectoryTimer();
         return;
     }
-    // A box opened by a tick lets further ticks through.
-    static bool inTimer = false;
-    if (inTimer) return;
-    inTimer = true;
+    if (InTimer) return;
+    InTimer = true;
     TickResult result = TickResult::kGoOn;
     if (id == ID_ANIMATION_TIMER) {
         StepAnimation(window, CdPlayer.state == DiscState::kPlaying);
@@ -90,7 +91,7 @@ static void OnTimer(HWND window, UINT_PTR id) {
     } else if (IsPositionTimerRunning(window)) {
         result = PositionTick(window);
     }
-    inTimer = false;
+    InTimer = false;
     if (result == TickResult::kEndProgram) EndProgram();
 }
 
@@ -105,9 +106,8 @@ static void OnScroll(HWND window, WPARAM wParam) {
 }
 
 static void OnSystemColorChange(HWND window) {
-    FreeSkin();
     CreateBackgroundBrush();
-    LoadSkin(window);
+    ReloadSkin(window);
     RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
@@ -175,6 +175,9 @@ bool RegisterMainWindowClass() {
 }
 
 HWND CreateMainWindow() {
+    InTimer = false;
+    ResetCommands();
+    ResetDirectoryField();
     HWND window =
         CreateDialogParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_MAIN), nullptr, InitProcedure, 0);
     if (window == nullptr) return nullptr;

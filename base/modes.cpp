@@ -7,10 +7,15 @@
 
 static const char kDefaultDirectory[] = "c:\\";
 
-int PlayMode = IDC_MODE_CDPLAYER;
-std::string WaveFilesPath = kDefaultDirectory;
-std::string MidiFilesPath = kDefaultDirectory;
-std::string VideoFilesPath = kDefaultDirectory;
+int PlayMode;
+std::string WaveFilesPath;
+std::string MidiFilesPath;
+std::string VideoFilesPath;
+
+void ResetModes() {
+    PlayMode = IDC_MODE_CDPLAYER;
+    WaveFilesPath = MidiFilesPath = VideoFilesPath = kDefaultDirectory;
+}
 
 constexpr MediaType kMediaTypes[] = {
     {"Wav", nullptr, &DriverFlags::wave, "No MCI Sound driver installed. Can't play file!"},

@@ -47,6 +47,9 @@ std::span<const Mode> Modes();
 // Null for an id that is no mode's.
 const Mode* FindMode(int id);
 
+// The mode and the directories of a start without settings.
+void ResetModes();
+
 // Control id of the current mode's tab: IDC_MODE_WAVE to IDC_MODE_CDPLAYER.
 extern int PlayMode;
 void SetPlayMode(int id);

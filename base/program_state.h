@@ -9,6 +9,10 @@
 
 #include "base/modes.h"
 
+// Everything that base/ owns, settings, mode and directories too, as the program starts with it;
+// the instance is the one whose resources are used.
+void ResetProgramState(HINSTANCE instance);
+
 extern HINSTANCE ProgramInstance;
 extern HWND MainWindow;  // null before the window exists and after it is destroyed
 

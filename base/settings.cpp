@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "base/program_state.h"
+#include "base/modes.h"
 #include "base/settings_decoding.h"
 
 SettingsValues Settings;

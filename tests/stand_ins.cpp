@@ -203,20 +203,19 @@ static void WriteEmptyFile(const std::string& path) {
     CloseHandle(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
 }
 
-void OpenTestWindow(int mode, const std::vector<std::string>& files) {
+void OpenTestWindow(int mode, const std::vector<std::string>& files, const std::string& startFile) {
     CloseTestWindow();
-    ProgramInstance = GetModuleHandleA(nullptr);
+    ResetProgramState(GetModuleHandleA(nullptr));
     AppDirectory = FreshDirectory();
     SettingsPath = InAppDirectory("TARNWELL.INI");
     for (const std::string& file : files)
         WriteEmptyFile(AppDirectory + file);
     WaveFilesPath = MidiFilesPath = VideoFilesPath = AppDirectory;
-    Settings = {};
     Settings.soundControls = false;
     PlayMode = mode;
-    ShuttingDown = false;
     // As if a media file had been named: the settings stay as they are above.
     StartFileGiven = true;
+    StartFileName = startFile;
     CreateBackgroundBrush();
     static const bool registered = RegisterMainWindowClass();
     if (registered) CreateMainWindow();

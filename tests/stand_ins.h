@@ -45,7 +45,9 @@ extern FakeBoxes TheBoxes;
 void UseStandIns();
 
 // The main window in a mode, made anew on every call; the file modes' directory holds these files.
-void OpenTestWindow(int mode, const std::vector<std::string>& files);
+// With a start file it is as if that had been named on the command line.
+void OpenTestWindow(int mode, const std::vector<std::string>& files,
+                    const std::string& startFile = "");
 void CloseTestWindow();
 
 // An empty directory of the test's own, with its trailing backslash.

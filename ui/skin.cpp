@@ -160,13 +160,23 @@ void LoadSkin(HWND window) {
     }
 }
 
-void FreeSkin() {
+static void FreeBitmaps() {
     for (HBITMAP& bitmap : SlotBitmaps) {
         if (bitmap != nullptr) DeleteObject(bitmap);
         bitmap = nullptr;
     }
     if (ProgramPalette != nullptr) DeleteObject(ProgramPalette);
     ProgramPalette = nullptr;
+}
+
+void ReloadSkin(HWND window) {
+    FreeBitmaps();
+    LoadSkin(window);
+}
+
+void FreeSkin() {
+    FreeBitmaps();
+    LargeSkin = 0;
 }
 
 HBITMAP SkinBitmap(SkinSlot slot) {

@@ -13,7 +13,9 @@ extern HPALETTE ProgramPalette;
 // Decides LargeSkin from the window's screen, builds the palette and loads every slot. What cannot
 // be loaded stays null and is drawn as nothing.
 void LoadSkin(HWND window);
-// Leaves every slot null.
+// In the system's present colours.
+void ReloadSkin(HWND window);
+// Leaves every slot null, and nothing of what was decided.
 void FreeSkin();
 // Null before LoadSkin. Owned by the skin.
 HBITMAP SkinBitmap(SkinSlot slot);

@@ -66,6 +66,13 @@ static void ExpectComposed(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
     const std::vector<ShownControl> controls = ShownControls(dialog);
+    // The four pieces of the frame.
+    constexpr LONG piece = 8;
+    const RECT corners[] = {
+        {0, 0, piece, piece},
+        {client.right - piece, 0, client.right, piece},
+        {0, client.bottom - piece, piece, client.bottom},
+        {client.right - piece, client.bottom - piece, client.right, client.bottom}};
     HDC screen = GetDC(nullptr);
     const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
     HFONT face = CreateFontA(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
@@ -78,6 +85,11 @@ static void ExpectComposed(HWND dialog) {
         EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
                     place.bottom <= client.bottom)
             << "beyond the window's edge: " << PlaceText(place);
+        for (const RECT& corner : corners) {
+            RECT common = {};
+            EXPECT_FALSE(IntersectRect(&common, &place, &corner))
+                << "covers a corner piece: " << PlaceText(place);
+        }
         if (IsStatic(control) && !MayEnclose(control)) {
             const std::string text = Title(control.window);
             const SIZE extent = TextExtent(text, screen);

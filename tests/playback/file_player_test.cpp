@@ -339,14 +339,12 @@ TEST_F(FilePlayerTest, AWaveOfZeroBytesASecondIsNotOpened) {
 TEST_F(FilePlayerTest, AStartFileEndsTheProgramOnlyWhenItPlays) {
     for (const auto& [mode, file] :
          {std::pair{IDC_MODE_WAVE, "tune.wav"}, std::pair{IDC_MODE_VIDEO, "film.avi"}}) {
-        StartFileName = file;
-        OpenTestWindow(mode, {file});
+        OpenTestWindow(mode, {file}, file);
         EXPECT_TRUE(MediaDevice.playAndExit) << file;
         PumpMessages();  // the request is posted
         EXPECT_EQ(MediaDevice.open, mode == IDC_MODE_WAVE);
         EXPECT_EQ(MediaDevice.playAndExit, mode == IDC_MODE_WAVE);
     }
-    StartFileName.clear();
 }
 
 TEST_F(FilePlayerTest, AQueueThatEndsTheProgramWaitsForAnOpenBox) {

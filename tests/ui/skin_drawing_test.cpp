@@ -144,8 +144,7 @@ TEST_F(SkinDrawing, IconsTakeTheGroundTheyStandOn) {
     EXPECT_TRUE(has(kSlotIconsOnFace, COLOR_BTNFACE));
     EXPECT_TRUE(has(kSlotIconsOnHighlight, COLOR_HIGHLIGHT));
     Settings.entryFieldColorization = true;
-    FreeSkin();
-    LoadSkin(MainWindow);
+    ReloadSkin(MainWindow);
     EXPECT_TRUE(has(kSlotIconsOnEntry, COLOR_BTNFACE));
 }
 
@@ -154,8 +153,7 @@ TEST_F(SkinDrawing, SeventyThousandDrawingsLeaveNoHandleBehind) {
     for (int i = 0; i < 70000; ++i)
         Draw(ODA_SELECT, i % 2 ? ODS_SELECTED : 0);
     for (int i = 0; i < 4000; ++i) {  // eighteen bitmaps and a palette each time
-        FreeSkin();
-        LoadSkin(MainWindow);
+        ReloadSkin(MainWindow);
     }
     EXPECT_NE(SkinBitmap(kSlotDialogButtons), nullptr);
     HPEN pen = CreatePen(PS_SOLID, 1, 0);

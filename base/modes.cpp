@@ -125,6 +125,16 @@ const Mode* ModeOfExtension(const std::string& extension) {
     return nullptr;
 }
 
+std::vector<std::string> ListedMasks(const Mode& mode, const SettingsValues& settings) {
+    std::vector<std::string> masks;
+    for (const MediaType& type : mode.types) {
+        if (type.listed == nullptr || settings.*type.listed) {
+            masks.push_back(std::string("*.") + type.extension);
+        }
+    }
+    return masks;
+}
+
 const MediaType& TypeOfFile(const Mode& mode, const std::string& name) {
     const size_t dot = name.rfind('.');
     const char letter = dot == std::string::npos || dot + 1 == name.size() ? '\0' : name[dot + 1];

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/settings_values.h"
 #include "resources/skin_map.h"
@@ -59,6 +60,8 @@ bool InCdMode();
 // The mode that lists files of an extension, given without its dot and in any case; null for
 // others.
 const Mode* ModeOfExtension(const std::string& extension);
+// The masks of the files that a mode lists, as its filters allow: "*.Mid" and so on.
+std::vector<std::string> ListedMasks(const Mode& mode, const SettingsValues& settings);
 // The kind of a file of a mode by the first letter of its extension; the last kind when no letter
 // fits. The mode must list files.
 const MediaType& TypeOfFile(const Mode& mode, const std::string& name);

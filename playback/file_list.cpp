@@ -8,20 +8,10 @@
 #include "base/settings.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
-#include "ui/handles.h"
+#include "ui/list_boxes.h"
 
 static HWND FileList(HWND window) {
     return GetDlgItem(window, IDC_FILE_LIST);
-}
-
-static std::vector<std::string> ModePatterns() {
-    std::vector<std::string> patterns;
-    for (const MediaType& type : CurrentMode().types) {
-        if (type.listed == nullptr || Settings.*type.listed) {
-            patterns.push_back(std::string("*.") + type.extension);
-        }
-    }
-    return patterns;
 }
 
 void ShowModeLabels(HWND window) {
@@ -40,15 +30,7 @@ void ShowModeLabels(HWND window) {
 }
 
 std::string ListEntryText(HWND window, int index) {
-    HWND list = FileList(window);
-    const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
-    if (length == LB_ERR) return {};
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    const LRESULT copied = SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(index),
-                                        reinterpret_cast<LPARAM>(text.data()));
-    if (copied == LB_ERR) return {};
-    text.resize(static_cast<size_t>(copied));
-    return text;
+    return ListText(FileList(window), index);
 }
 
 int SelectedFileCount(HWND window) {
@@ -104,31 +86,6 @@ static void RestoreMarks(HWND window, const ListMarks& marks) {
     if (top != LB_ERR) SendMessageA(FileList(window), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
 }
 
-// Names wider than the list can be scrolled to.
-static void SetListExtent(HWND window) {
-    const UniqueWindowDc dc = GetUniqueDc(FileList(window));
-    const SelectedObject font = SelectInto(
-        dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(FileList(window), WM_GETFONT, 0, 0)));
-    LONG widest = 0;
-    const auto count = static_cast<int>(SendMessageA(FileList(window), LB_GETCOUNT, 0, 0));
-    for (int i = 0; i < count; ++i) {
-        const std::string text = ListEntryText(window, i);
-        SIZE size = {};
-        GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &size);
-        widest = std::max(widest, size.cx);
-    }
-    constexpr LONG margin = 4;
-    SendMessageA(FileList(window), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
-}
-
-static void AddModeFiles(HWND window, const std::string& directory) {
-    for (const std::string& pattern : ModePatterns()) {
-        // The platform may write into the path.
-        std::string path = directory + pattern;
-        SendMessageA(FileList(window), LB_DIR, 0, reinterpret_cast<LPARAM>(path.data()));
-    }
-}
-
 void FillModeList(HWND window, bool keepSelection) {
     const std::string* directory = ModeDirectory();
     if (directory == nullptr) return;
@@ -139,8 +96,8 @@ void FillModeList(HWND window, bool keepSelection) {
     const ListMarks marks = keepSelection ? TakeMarks(window) : ListMarks{};
     SendMessageA(FileList(window), WM_SETREDRAW, FALSE, 0);
     SendMessageA(FileList(window), LB_RESETCONTENT, 0, 0);
-    AddModeFiles(window, *directory);
-    SetListExtent(window);
+    AddFileNames(FileList(window), *directory, ListedMasks(CurrentMode(), Settings));
+    FitListExtent(FileList(window));
     RestoreMarks(window, marks);
     SendMessageA(FileList(window), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(FileList(window), nullptr, TRUE);

@@ -182,3 +182,10 @@ void FreeSkin() {
 HBITMAP SkinBitmap(SkinSlot slot) {
     return SlotBitmaps[slot];
 }
+
+void CopyFromSkin(HDC target, int x, int y, SkinSlot slot, const SkinRect& source) {
+    if (SkinBitmap(slot) == nullptr) return;
+    const UniqueMemoryDc memory(CreateCompatibleDC(target));
+    const SelectedObject selected = SelectInto(memory.get(), SkinBitmap(slot));
+    BitBlt(target, x, y, source.width, source.height, memory.get(), source.x, source.y, SRCCOPY);
+}

@@ -19,3 +19,5 @@ void ReloadSkin(HWND window);
 void FreeSkin();
 // Null before LoadSkin. Owned by the skin.
 HBITMAP SkinBitmap(SkinSlot slot);
+// Copies a part of a slot's bitmap in its natural size; nothing when there is no bitmap.
+void CopyFromSkin(HDC target, int x, int y, SkinSlot slot, const SkinRect& source);

@@ -28,13 +28,6 @@ static void DrawRaisedEdge(HDC dc, const RECT& edge) {
     LineTo(dc, edge.left, edge.bottom - 1);
 }
 
-static void CopyFromSkin(HDC target, int x, int y, SkinSlot slot, const SkinRect& source) {
-    if (SkinBitmap(slot) == nullptr) return;
-    const UniqueMemoryDc memory(CreateCompatibleDC(target));
-    const SelectedObject selected = SelectInto(memory.get(), SkinBitmap(slot));
-    BitBlt(target, x, y, source.width, source.height, memory.get(), source.x, source.y, SRCCOPY);
-}
-
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face) {
     const UINT state = item.itemState & ~kCueBits;
     if (HasFlatFrame(item.itemAction, state)) {

@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "base/modes.h"
+#include "files/path_dialog.h"
 #include "playback/file_info_dialog.h"
 #include "playback/file_list.h"
+#include "playback/file_player.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
@@ -15,6 +17,17 @@
 #include "ui/click_sounds.h"
 
 using FileNames = std::vector<std::string>;
+
+static void OnBrowse(HWND window, const FileNames&) {
+    StopQueue(window);
+    std::string directory = *ModeDirectory();
+    if (!ShowPathDialog(window, PathPurpose::kMediaFiles, directory,
+                        GetDlgItem(window, IDC_FILE_LIST))) {
+        return;
+    }
+    SetModeDirectory(directory);
+    FillModeList(window);
+}
 
 struct FileCommand {
     int id;
@@ -27,7 +40,7 @@ struct FileCommand {
 
 // The names come in list order, at most as many as a queue takes.
 constexpr FileCommand kFileCommands[] = {
-    {IDC_BROWSE, false, nullptr, IDS_SOUND_BROWSE, nullptr, false},
+    {IDC_BROWSE, false, nullptr, IDS_SOUND_BROWSE, OnBrowse, false},
     {IDC_COPY, false, "No files to copy!", IDS_SOUND_COPY, nullptr, false},
     {IDC_MOVE, false, "No files to move!", IDS_SOUND_MOVE, nullptr, true},
     {IDC_RENAME, false, "No files to rename!", 0, nullptr, true},

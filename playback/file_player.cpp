@@ -106,6 +106,12 @@ void CutPlayQueue(HWND window) {
     SetControlText(window, IDC_FILES_LEFT, "0");
 }
 
+void StopQueue(HWND window) {
+    CutPlayQueue(window);
+    SetControlText(window, IDC_FILE_NAME, "Stopped!");
+    ShowStatus(window, "Stopped!");
+}
+
 static void ShowPlayingPosition(HWND window) {
     DWORD position = 0;
     if (!MediaDevice.open || MediaDevice.dragging) return;

@@ -23,6 +23,9 @@ bool SelectStartFile(HWND window, const std::string& name);
 // does not end with it either.
 void CutPlayQueue(HWND window);
 
+// Forgets what is left of the queue and says that nothing plays any more.
+void StopQueue(HWND window);
+
 enum class TickResult {
     kGoOn,
     kEndProgram  // the queue that the program was started for has ended

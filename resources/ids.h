@@ -119,6 +119,24 @@
 #define IDC_SKIP_FORWARD_LABEL 2821
 #define IDC_GARNISH_LABEL 2822
 
+// Dialog 300: the path set-up dialog
+#define IDD_PATH 300
+#define IDC_PATH_DIRECTORIES 320
+#define IDC_PATH_DRIVES 321
+// Hidden lists behind the two: the system's entries, and the texts that are drawn
+#define IDC_PATH_DIRECTORY_ENTRIES 322
+#define IDC_PATH_DRIVE_ENTRIES 323
+#define IDC_PATH_DIRECTORY_NAMES 324
+#define IDC_PATH_DRIVE_LABELS 325
+#define IDC_PATH_SEARCH 328
+#define IDC_PATH_LOCATION 330
+#define IDC_PATH_ANSWER 331
+#define IDC_PATH_FILES 332
+#define IDC_PATH_SEARCH_LABEL 333
+// One for each kind of drive, in the order of their icons
+#define IDC_PATH_LEGEND_FIRST 340
+#define IDC_PATH_LEGEND_LAST 344
+
 // Dialog 600: the message box
 #define IDD_MESSAGE 600
 #define IDC_MESSAGE_TEXT 610
@@ -169,6 +187,17 @@
 #define IDC_VIDEO_INFO_RATE 1414
 #define IDC_VIDEO_INFO_LENGTH 1415
 #define IDC_VIDEO_INFO_PICTURE 1416
+
+// Dialog 2600: the drive search
+#define IDD_DRIVE_SEARCH 2600
+#define IDC_DRIVE_SEARCH_DETAIL 1640
+#define IDC_DRIVE_SEARCH_START 2010
+#define IDC_DRIVE_SEARCH_STATUS 2033
+#define IDC_DRIVE_SEARCH_FILES_LABEL 2610
+#define IDC_DRIVE_SEARCH_DIRECTORIES_LABEL 2611
+#define IDC_DRIVE_SEARCH_FILES 2612
+#define IDC_DRIVE_SEARCH_DIRECTORIES 2613
+#define IDC_DRIVE_SEARCH_RESULTS 2620
 
 // Dialog 2700: the credits
 #define IDD_CREDITS 2700

@@ -1,0 +1,68 @@
+// The way through a drive: every directory once, in order, and none that cannot be named.
+#include "files/drive_walk.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+#include <set>
+
+#include "files/path_chain.h"
+
+using testing::ElementsAre;
+
+using Tree = std::map<std::string, std::vector<std::string>>;
+
+static std::vector<std::string> Visited(const Tree& tree) {
+    DriveWalk walk;
+    BeginWalk(walk, "c:\\");
+    std::vector<std::string> visited;
+    const auto below = [&] {
+        visited.push_back(walk.path);
+        const auto found = tree.find(walk.path);
+        return found == tree.end() ? std::vector<std::string>{} : found->second;
+    };
+    while (GoOn(walk, below())) {
+    }
+    return visited;
+}
+
+TEST(DriveWalk, ADirectoryComesBeforeThoseBelowItAndSiblingsInTheirOrder) {
+    EXPECT_THAT(Visited({{"c:\\", {"a", "b", "c"}},
+                         {"c:\\a\\", {"x", "y"}},
+                         {"c:\\a\\x\\", {"deep"}},
+                         {"c:\\c\\", {"a"}}}),
+                ElementsAre("c:\\", "c:\\a\\", "c:\\a\\x\\", "c:\\a\\x\\deep\\", "c:\\a\\y\\",
+                            "c:\\b\\", "c:\\c\\", "c:\\c\\a\\"));
+    EXPECT_THAT(Visited({}), ElementsAre("c:\\"));
+}
+
+TEST(DriveWalk, ThousandsOfSiblingsAndPathsThatCannotBeLonger) {
+    Tree wide;
+    for (int i = 0; i < 3000; ++i)
+        wide["c:\\"].push_back("d" + std::to_string(i));
+    const std::vector<std::string> visited = Visited(wide);
+    EXPECT_EQ(visited.size(), 3001u);
+    EXPECT_EQ(std::set<std::string>(visited.begin(), visited.end()).size(), 3001u);
+
+    // One directory in another, as a file system allows them: too deep to be named at some point,
+    // where the walk goes back instead of ending.
+    Tree deep;
+    std::string path = "c:\\";
+    deep[path] = {"d", "last"};
+    while (path.size() <= 2 * kMaxDirectoryPath) {
+        path += "d\\";
+        deep[path] = {"d"};
+    }
+    const std::vector<std::string> way = Visited(deep);
+    EXPECT_EQ(way.back(), "c:\\last\\");
+    EXPECT_EQ(way[way.size() - 2].size(), kMaxDirectoryPath - 1);
+}
+
+TEST(DriveWalk, MasksAskForTheWholeExtension) {
+    const std::vector<std::string> masks = {"*.Mid", "*.rmi"};
+    for (const char* name : {"song.mid", "SONG.RMI", "a.b.mid", ".mid"})
+        EXPECT_TRUE(MatchesMask(name, masks)) << name;
+    for (const char* name : {"song.midi", "mid", "amid", "song.mid ", "", "rmi."})
+        EXPECT_FALSE(MatchesMask(name, masks)) << name;
+    EXPECT_FALSE(MatchesMask("song.mid", {}));
+}

@@ -1,0 +1,62 @@
+// See scratch_drive.h.
+#include "tests/scratch_drive.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+// Runs one of the programs below Wine; paths are relative to a directory.
+static bool RunBelow(const std::string& name, const std::string& arguments,
+                     const std::string& directory) {
+    const std::string program = "z:\\bin\\" + name;
+    std::string line = name + " " + arguments;
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        directory.c_str(), &startup, &process)) {
+        return false;
+    }
+    WaitForSingleObject(process.hProcess, 5000);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
+// Started programs are not waited for here: their effect is.
+static bool WaitFor(bool (*condition)(const std::string&), const std::string& path) {
+    for (int tries = 0; tries < 500; ++tries) {
+        if (condition(path)) return true;
+        Sleep(10);
+    }
+    return false;
+}
+
+static bool IsDirectory(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+static bool IsNoDirectory(const std::string& path) {
+    return !IsDirectory(path);
+}
+
+// Drive letters are links beside the directory that is drive C:.
+static const std::string kDriveLink = std::string("../dosdevices/") + kScratchLetter + ":";
+static const std::string kDriveRoot = std::string(1, kScratchLetter) + ":\\";
+
+bool MakeScratchDrive(const std::string& directory) {
+    std::string target = directory.substr(3);
+    std::replace(target.begin(), target.end(), '\\', '/');
+    return RunBelow("ln", "-sfn \"../drive_c/" + target + "\" " + kDriveLink, "c:\\") &&
+           WaitFor(IsDirectory, kDriveRoot);
+}
+
+void RemoveScratchDrive() {
+    if (RunBelow("rm", "-f " + kDriveLink, "c:\\")) WaitFor(IsNoDirectory, kDriveRoot);
+}
+
+bool MakeLink(const std::string& directory, const std::string& name, const std::string& target) {
+    return RunBelow("ln", "-sfn " + target + " " + name, directory) &&
+           WaitFor(IsDirectory, directory + name);
+}

@@ -44,16 +44,19 @@ function(tarnwell_windows_test name)
   endif()
 endfunction()
 
-# tarnwell_desktop_test(name [DPI n] [SCREEN geometry] [FILTER pattern] [EXECUTABLE path] PROGRAM
-# target): runs a program that drives the product (this build's, or the given one) from outside, on a
+# tarnwell_desktop_test(name [CLOSED] [DPI n] [SCREEN geometry] [FILTER pattern] [EXECUTABLE path]
+# PROGRAM target): runs a program that drives the product (this build's, or the given one) from outside, on a
 # fresh desktop and with nothing beside it.
 # Does nothing where the product is not built.
 function(tarnwell_desktop_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DPI;SCREEN;FILTER;EXECUTABLE;PROGRAM" "")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "CLOSED" "DPI;SCREEN;FILTER;EXECUTABLE;PROGRAM" "")
   if(NOT TARGET tarnwell)
     return()
   endif()
   set(desktop ${CMAKE_SOURCE_DIR}/tools/with-desktop --fresh --limit 300)
+  if(arg_CLOSED)
+    list(APPEND desktop --closed)
+  endif()
   if(arg_DPI)
     list(APPEND desktop --dpi ${arg_DPI})
   endif()

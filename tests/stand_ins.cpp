@@ -157,6 +157,7 @@ Log TakeLog() {
 }
 
 static BOOL WINAPI FakeErrorText(MCIERROR code, LPSTR text, UINT size) {
+    if (code == kErrorWithoutText) return FALSE;
     snprintf(text, size, "error %lu", code);
     return TRUE;
 }

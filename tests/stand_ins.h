@@ -29,6 +29,9 @@ struct FakeMci {
 };
 extern FakeMci TheMci;
 
+// An error that the platform has no words for.
+constexpr MCIERROR kErrorWithoutText = 999;
+
 // The n-th call from now on (0 is the next) fails, and only that one; -1 for none.
 void FailCall(int n, MCIERROR failure = MCIERR_HARDWARE);
 // The commands since the last time.

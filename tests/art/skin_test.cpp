@@ -131,16 +131,6 @@ TEST(Skin, EveryFaceIsDrawnAndNoTwoLookAlike) {
     }
 }
 
-TEST(Skin, EveryIconIsDrawn) {
-    for (const char* name : {"icons", "icons_large", "icons_highlight", "icons_highlight_large"}) {
-        const SkinFile file = ReadSkinFile(name);
-        const int size = file.height;
-        for (int i = 0; i < kSkinIconCount; ++i) {
-            EXPECT_GT(OwnPixels(file, {i * size, 0, size, size}), size * size / 4) << name << i;
-        }
-    }
-}
-
 TEST(Skin, StripsMoveWithEveryFrameAndCloseWithoutAJump) {
     for (const NamedStrip& entry : Strips()) {
         SCOPED_TRACE(entry.name);
@@ -172,30 +162,4 @@ TEST(Skin, SpritesLeaveNothingBehind) {
             }
         }
     }
-}
-
-TEST(Icon, HasThreeSizesInTwoDepthsWithRoundMasks) {
-    const Bytes bytes = ReadFileBytes(RESOURCES_FOLDER "/tarnwell.ico");
-    ASSERT_EQ(ReadNumber(bytes, 4, 2), 6u);
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> kinds;
-    for (std::size_t i = 0; i < 6; ++i) {
-        const std::size_t entry = 6 + 16 * i;
-        const std::uint32_t size = ReadNumber(bytes, entry, 1);
-        const std::uint32_t bits = ReadNumber(bytes, entry + 6, 2);
-        const std::uint32_t length = ReadNumber(bytes, entry + 8, 4);
-        const std::uint32_t offset = ReadNumber(bytes, entry + 12, 4);
-        kinds.emplace_back(size, bits);
-        const std::uint32_t maskStride = (size + 31) / 32 * 4;
-        const std::uint32_t pixels = (size * bits + 31) / 32 * 4 * size;
-        EXPECT_EQ(length, 40 + (4u << bits) + pixels + maskStride * size);
-        ASSERT_LE(offset + length, bytes.size());
-        EXPECT_EQ(ReadNumber(bytes, offset + 8, 4), 2 * size);
-        const std::uint32_t mask = offset + length - maskStride * size;
-        EXPECT_EQ(ReadNumber(bytes, mask, 1) & 0x80, 0x80u);  // a corner lets the ground through
-        const std::uint32_t middle = mask + size / 2 * maskStride + size / 16;
-        EXPECT_EQ(ReadNumber(bytes, middle, 1), 0u);  // the middle does not
-    }
-    const std::vector<std::pair<std::uint32_t, std::uint32_t>> expected = {
-        {16, 4}, {32, 4}, {48, 4}, {16, 8}, {32, 8}, {48, 8}};
-    EXPECT_EQ(kinds, expected);
 }

@@ -154,7 +154,8 @@ TEST_F(EntryDialogTest, NewDiscIsAddedWithEverythingTyped) {
         Type(dialog, IDC_ENTRY_DISC_NAME, std::string(300, 'd'));
         Type(dialog, IDC_ENTRY_NOTES, "one\rtwo");
         Type(dialog, IDC_ENTRY_YEAR, "about 1970");
-        Type(dialog, IDC_ENTRY_NAME_FIRST + 2, "Last");
+        Type(dialog, IDC_ENTRY_NAME_FIRST + 2, std::string(300, 'n'));
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 2).size(), 254u);
         SendDlgItemMessageA(dialog, IDC_ENTRY_RECORDING_FIRST + 2, BM_CLICK, 0, 0);
         SendDlgItemMessageA(dialog, IDC_ENTRY_THREE_INCH, BM_CLICK, 0, 0);
         Press(dialog, IDC_OK);
@@ -165,7 +166,7 @@ TEST_F(EntryDialogTest, NewDiscIsAddedWithEverythingTyped) {
     typed.discName = std::string(254, 'd');
     typed.notes = "one\r\ntwo";
     typed.yearReleased = "about 1970";
-    typed.trackNames[2] = "Last";
+    typed.trackNames[2] = std::string(254, 'n');
     typed.recordingCode = 2;
     typed.discSize = 0;
     EXPECT_TRUE(Stored(DiscOf(3)) == typed);
@@ -252,6 +253,24 @@ TEST_F(EntryDialogTest, PastedLinesFillRowsOverPages) {
     const EntryFields stored = Stored(DiscOf(17));
     EXPECT_THAT(std::vector(stored.trackNames + 12, stored.trackNames + 18),
                 ElementsAre("", "Fourteen", "Fifteen", "Sixteen", "Last", ""));
+}
+
+TEST_F(EntryDialogTest, PastedLinesEndWithTheLastTrack) {
+    Open(DiscOf(99), [](HWND dialog) {
+        Press(dialog, IDC_ENTRY_PAGE_DOWN);
+        ASSERT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST), "91");
+        std::string many;
+        for (int i = 0; i < 500; ++i)
+            many += "Name\r\n";
+        Paste(dialog, IDC_ENTRY_NAME_FIRST + 7, many);
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 8), "Name");
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "");
+        Press(dialog, IDC_OK);
+    });
+    EntryFields pasted;
+    pasted.trackNames[97] = pasted.trackNames[98] = "Name";
+    pasted.discSize = 1;
+    EXPECT_TRUE(Stored(DiscOf(99)) == pasted);
 }
 
 TEST_F(EntryDialogTest, SimpleLayoutHidesButKeepsTheOtherFields) {

@@ -32,24 +32,6 @@ TEST(CueSheet, TracksOfOneFileEndWhereTheNextBegins) {
     EXPECT_EQ(disc.sectors, 1000U);
 }
 
-TEST(CueSheet, StatedLengthsNeedNoFileAndTheLongestSheetDoesNotOverflow) {
-    std::string text;
-    for (size_t track = 1; track < kMaxCueTracks; ++track)
-        text += "TRACK " + std::to_string(track) + " AUDIO\nREM LENGTH 4000:59:74\n";
-    text += "TRACK " + std::to_string(kMaxCueTracks) + " MODE1/2352\nREM TONE 440\n";
-    CueSheet sheet = Parse(text + "REM LENGTH 00:00:10\n");
-    EXPECT_EQ(sheet.tracks.back().toneHertz, 440U);
-    const DiscLayout disc = LayOutDisc(sheet);
-    ASSERT_EQ(disc.tracks.size(), kMaxCueTracks);
-    // Each is cut to 4,000 minutes.
-    const uint64_t start = uint64_t{kMaxCueTracks - 1} * 4000 * 60 * 75;
-    EXPECT_EQ(disc.tracks.back().startSector, start);
-    EXPECT_EQ(disc.sectors, start + 10);
-    EXPECT_LT(disc.sectors, 0xFFFFFFFFU - kLeadInSectors);
-    EXPECT_TRUE(disc.tracks.front().isAudio);
-    EXPECT_FALSE(disc.tracks.back().isAudio);
-}
-
 TEST(CueSheet, FaultsAreFoundAtTheirLineAndLeaveTheSheetAlone) {
     const std::string track = "FILE a.wav WAVE\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n";
     struct Case {

@@ -25,18 +25,6 @@ TEST(DiscLayout, PositionsComeBackToTheSameSectorInEveryFormat) {
     }
 }
 
-TEST(DiscLayout, PositionsReadAsOnADrive) {
-    const DiscLayout disc = SmallDisc();
-    EXPECT_EQ(PackPosition(disc, 0, msf), Packed(0, 2, 0));
-    EXPECT_EQ(PackPosition(disc, 0, milliseconds), 2000U);
-    EXPECT_EQ(PackPosition(disc, 0, tmsf), Packed(1, 0, 0, 0));
-    EXPECT_EQ(PackPosition(disc, 749, tmsf), Packed(1, 0, 9, 74));
-    EXPECT_EQ(PackPosition(disc, 750, tmsf), Packed(3, 0, 0, 0)) << "the empty track holds nothing";
-    EXPECT_EQ(PackPosition(disc, disc.sectors, tmsf), Packed(4, 0, 2, 0)) << "the end is track 4's";
-    EXPECT_EQ(PackLength(4574, msf), Packed(1, 0, 74));
-    EXPECT_EQ(PackLength(4574, tmsf), Packed(1, 0, 74)) << "lengths have no track";
-}
-
 TEST(DiscLayout, PlacesOffTheDiscAreRefusedAndChangeNothing) {
     const DiscLayout disc = SmallDisc();
     struct Case {

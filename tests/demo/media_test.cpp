@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <set>
 
 #include "database/database_file.h"
 #include "database/database_format.h"
@@ -47,33 +46,6 @@ TEST(DemoMedia, NoPieceIsCutBeforeItsLastNoteEnds) {
             EXPECT_LE(seconds - LastNoteEnds(ComposePiece(track.sketch)), 3) << track.sketch.title;
         }
     }
-}
-
-TEST(DemoMedia, MelodiesStayInRangeAndAreAllDifferent) {
-    std::set<std::vector<int>> melodies;
-    size_t count = 0;
-    const auto check = [&](const Sketch& sketch) {
-        std::vector<int> melody;
-        const Piece piece = ComposePiece(sketch);
-        for (const Note& note : piece.notes) {
-            EXPECT_GE(note.beat, 0);
-            EXPECT_LE(note.beat + note.beats, piece.beats) << sketch.title;
-            if (note.channel == 0) {
-                EXPECT_NEAR(note.key, sketch.tonic + 9, 12) << sketch.title;
-                melody.push_back(note.key);
-            }
-        }
-        EXPECT_EQ(melody.back() % 12, sketch.tonic % 12) << sketch.title << " comes home";
-        melodies.insert(melody);
-        ++count;
-    };
-    for (const MidiSketch& midi : MidiSketches())
-        check(midi.sketch);
-    for (const DemoDisc& disc : DemoDiscs()) {
-        for (const DiscTrack& track : disc.tracks)
-            check(track.sketch);
-    }
-    EXPECT_EQ(melodies.size(), count);
 }
 
 TEST(DemoMedia, WavesHaveTheirLengthAndAreHeard) {

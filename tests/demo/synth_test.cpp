@@ -63,29 +63,6 @@ TEST(Synth, EveryNoteEndsInSilence) {
     }
 }
 
-TEST(Synth, ThePedalHoldsNotesUntilItIsLifted) {
-    Synth synth;
-    ResetSynth(synth, kRate);
-    PlayMidiMessage(synth, Message(0xC0, 16, 0));
-    PlayMidiMessage(synth, Message(0xB0, 64, 127));
-    PlayMidiMessage(synth, Message(0x90, 60, 100));
-    PlayMidiMessage(synth, Message(0x80, 60, 0));
-    Render(synth, 3 * kRate);
-    EXPECT_GT(Loudest(Render(synth, 1000)), 0.02F);
-    PlayMidiMessage(synth, Message(0xB0, 64, 0));
-    Render(synth, 3 * kRate);
-    EXPECT_LT(Loudest(Render(synth, 1000)), 0.001F);
-}
-
-TEST(Synth, HighNotesDoNotFoldBackIntoFalseTones) {
-    Synth synth;
-    ResetSynth(synth, kRate);
-    PlayMidiMessage(synth, Message(0xC0, 24, 0));
-    PlayMidiMessage(synth, Message(0x90, 117, 127));  // 7040 Hz; its octave is beyond the limit
-    const auto samples = Render(synth, kRate / 4);
-    EXPECT_GT(Strength(samples, 7040), 100 * Strength(samples, kRate - 2 * 7040));
-}
-
 TEST(Synth, AnyMessagesStayWithinBounds) {
     Synth synth;
     ResetSynth(synth, 8000);

@@ -14,18 +14,6 @@ static Transport LoadedDrive(bool isSecondAudio = true) {
     return drive;
 }
 
-TEST(Transport, PlayEndsByItselfAtTheEndOfTheDiscAndStaysThere) {
-    Transport drive = LoadedDrive();
-    ASSERT_EQ(PlayDisc(drive, 1500, std::nullopt, 1000), DriveResult::done);
-    EXPECT_EQ(ModeOfDrive(drive, 1000), DriveMode::playing);
-    EXPECT_EQ(SectorOfDrive(drive, 3000), 1650U);
-    EXPECT_EQ(ModeOfDrive(drive, 10999), DriveMode::playing);
-    EXPECT_EQ(ModeOfDrive(drive, 11000), DriveMode::stopped);
-    EXPECT_EQ(SectorOfDrive(drive, 99000), 2250U);
-    ASSERT_EQ(PlayDisc(drive, std::nullopt, std::nullopt, 99000), DriveResult::done);
-    EXPECT_EQ(ModeOfDrive(drive, 99000), DriveMode::stopped) << "nothing is left to play";
-}
-
 TEST(Transport, PauseReadsAsStoppedAndBothWaysOnGoOnFromThere) {
     for (const bool byResume : {false, true}) {
         Transport drive = LoadedDrive();
@@ -45,18 +33,6 @@ TEST(Transport, PauseReadsAsStoppedAndBothWaysOnGoOnFromThere) {
     EXPECT_EQ(ResumeDisc(drive, 0), DriveResult::notPaused);
     EXPECT_EQ(PauseDisc(drive, 0), DriveResult::done);
     EXPECT_EQ(ResumeDisc(drive, 0), DriveResult::notPaused) << "a stopped drive is not paused";
-}
-
-TEST(Transport, StopGoesBackToTheStartAndSeekStandsStill) {
-    Transport drive = LoadedDrive();
-    PlayDisc(drive, 800, std::nullopt, 0);
-    ASSERT_EQ(StopDisc(drive, 5000), DriveResult::done);
-    EXPECT_EQ(SectorOfDrive(drive, 9000), 0U);
-    PlayDisc(drive, 0, std::nullopt, 0);
-    ASSERT_EQ(SeekDisc(drive, 2250, 1000), DriveResult::done);
-    EXPECT_EQ(ModeOfDrive(drive, 1000), DriveMode::stopped);
-    EXPECT_EQ(SectorOfDrive(drive, 9000), 2250U);
-    EXPECT_EQ(SeekDisc(drive, 2251, 1000), DriveResult::outOfRange);
 }
 
 TEST(Transport, RefusedPlayLeavesTheDrivePlaying) {
@@ -97,22 +73,4 @@ TEST(Transport, ASwappedOrRemovedDiscNeverGoesOnPlaying) {
         EXPECT_EQ(result, DriveResult::noDisc);
     ChangeDisc(drive, ThreeTracks(), 6000, 0);
     EXPECT_EQ(ResumeDisc(drive, 6000), DriveResult::notPaused) << "the pause was the old disc's";
-}
-
-TEST(Transport, SpinUpAndDoorDelayTheDisc) {
-    Transport drive;
-    ChangeDisc(drive, ThreeTracks(), 1000, 500);
-    EXPECT_EQ(DiscState(drive, 1499), DriveResult::spinningUp);
-    EXPECT_EQ(ModeOfDrive(drive, 1499), DriveMode::notReady);
-    EXPECT_EQ(PlayDisc(drive, 0, std::nullopt, 1499), DriveResult::spinningUp);
-    EXPECT_EQ(ModeOfDrive(drive, 1500), DriveMode::stopped);
-    PlayDisc(drive, 0, std::nullopt, 1500);
-    OpenDoor(drive);
-    EXPECT_EQ(ModeOfDrive(drive, 2000), DriveMode::open);
-    EXPECT_EQ(DiscState(drive, 2000), DriveResult::noDisc);
-    CloseDoor(drive, 3000, 500);
-    EXPECT_EQ(ModeOfDrive(drive, 3499), DriveMode::notReady);
-    EXPECT_EQ(ModeOfDrive(drive, 3500), DriveMode::stopped) << "and does not go on playing";
-    CloseDoor(drive, 9000, 500);
-    EXPECT_EQ(DiscState(drive, 9000), DriveResult::done) << "the door was shut already";
 }

@@ -1,94 +1,11 @@
 // The decorative animations as they appear on the screen: the pictures found there are compared
 // with those in the program's resources.
 #include <algorithm>
-#include <cstdlib>
-#include <map>
 #include <optional>
 #include <set>
 
-#include "resources/skin_map.h"
 #include "tests/desktop/desktop_test.h"
-
-// Pixels from the top row down, as 0x00RRGGBB.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<uint32_t> pixels;
-
-    uint32_t At(int x, int y) const { return pixels[static_cast<size_t>(y * width + x)]; }
-};
-
-static Picture ReadBitmap(HDC dc, HBITMAP bitmap, int width, int height) {
-    Picture picture = {width, height, {}};
-    picture.pixels.resize(static_cast<size_t>(width * height));
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    GetDIBits(dc, bitmap, 0, static_cast<UINT>(height), picture.pixels.data(), &info,
-              DIB_RGB_COLORS);
-    for (uint32_t& pixel : picture.pixels)
-        pixel &= 0xFFFFFF;
-    return picture;
-}
-
-// What the screen shows where a control stands.
-static Picture Photograph(HWND control) {
-    RECT place = {};
-    GetWindowRect(control, &place);
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    HDC screen = GetDC(nullptr);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-    SelectObject(memory, old);
-    const Picture picture = ReadBitmap(memory, bitmap, width, height);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    return picture;
-}
-
-static Picture LoadStrip(const SkinStrip& strip) {
-    HMODULE module = LoadLibraryExA(getenv("TARNWELL_EXE"), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    const auto bitmap = static_cast<HBITMAP>(
-        LoadImageA(module, MAKEINTRESOURCEA(strip.id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
-    HDC screen = GetDC(nullptr);
-    Picture picture =
-        ReadBitmap(screen, bitmap, strip.frame.width * strip.frames, strip.frame.height);
-    ReleaseDC(nullptr, screen);
-    DeleteObject(bitmap);
-    FreeLibrary(module);
-    return picture;
-}
-
-// A strip as the program's resources have it.
-static const Picture& Frames(const SkinStrip& strip) {
-    static std::map<int, Picture> loaded;
-    const auto found = loaded.find(strip.id);
-    return found != loaded.end() ? found->second
-                                 : loaded.emplace(strip.id, LoadStrip(strip)).first->second;
-}
-
-// These follow the system's colours; only the others are compared.
-static bool IsReserved(uint32_t color) {
-    return color == 0xC0C0C0 || color == 0xFFFFFF || color == 0x808080;
-}
-
-static bool ShowsFrame(const Picture& screen, int left, int top, const Picture& strip,
-                       SkinSize size, int frame) {
-    for (int y = 0; y < size.height; ++y) {
-        for (int x = 0; x < size.width; ++x) {
-            const uint32_t wanted = strip.At(frame * size.width + x, y);
-            if (!IsReserved(wanted) && screen.At(left + x, top + y) != wanted) return false;
-        }
-    }
-    return true;
-}
+#include "tests/desktop/screen.h"
 
 // Where a frame stands in a control, counted from the control's top edge, and which it is.
 struct FramePlace {
@@ -98,12 +15,13 @@ struct FramePlace {
 };
 
 static std::optional<FramePlace> FindFrame(const Picture& screen, const SkinStrip& sprite) {
-    const Picture& frames = Frames(sprite);
+    const Picture& frames = ResourcePicture(sprite.id);
     const int left = (screen.width - sprite.frame.width) / 2;
     for (int y = 0; y + sprite.frame.height <= screen.height; ++y) {
         for (int frame = 0; frame < sprite.frames; ++frame) {
-            if (ShowsFrame(screen, left, y, frames, sprite.frame, frame))
-                return FramePlace{y, frame};
+            const SkinRect part = {frame * sprite.frame.width, 0, sprite.frame.width,
+                                   sprite.frame.height};
+            if (ShowsPart(screen, left, y, frames, part)) return FramePlace{y, frame};
         }
     }
     return std::nullopt;

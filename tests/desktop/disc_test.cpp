@@ -30,16 +30,21 @@ protected:
         InsertSheet(name, sheet.str());
     }
 
+    std::string DriveLog() {
+        std::ifstream file(LogPath(), std::ios::binary);
+        std::stringstream log;
+        log << file.rdbuf();
+        return log.str();
+    }
     // Waits for a command in the drive's log behind those found before.
-    bool DriveGets(const std::string& command) {
-        return WaitUntil([&] {
-            std::ifstream file(LogPath(), std::ios::binary);
-            std::stringstream log;
-            log << file.rdbuf();
-            const size_t at = log.str().find(command, logRead);
-            if (at != std::string::npos) logRead = at + command.size();
-            return at != std::string::npos;
-        });
+    bool DriveGets(const std::string& command, int deadlineMs = kDeadlineMs) {
+        return WaitUntil(
+            [&] {
+                const size_t at = DriveLog().find(command, logRead);
+                if (at != std::string::npos) logRead = at + command.size();
+                return at != std::string::npos;
+            },
+            deadlineMs);
     }
     // On a busy machine the read-out passes over a second now and then.
     bool WaitForTime(const std::string& atLeast) {
@@ -116,6 +121,8 @@ TEST_F(DiscTest, DiscsComeAndGo) {
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
     Press(IDC_TRACK_FIRST + 1);
     ASSERT_TRUE(WaitForTime("0:01"));
+    Press(IDC_CD_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
     RemoveDisc();
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
     EXPECT_TRUE(WaitForShown(IDC_TIME, ""));
@@ -126,6 +133,8 @@ TEST_F(DiscTest, DiscsComeAndGo) {
     Insert("three", {10, 20, 30});
     EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "3"));
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
+    Press(IDC_CD_PLAY);
+    EXPECT_TRUE(DriveGets("(01:00:00:00) result=0")) << "the pause was the other disc's";
     Press(IDC_EJECT);
     EXPECT_TRUE(DriveGets("set flags=00000100"));
     EXPECT_TRUE(WaitForShown(IDC_EJECT_LABEL, "Load"));
@@ -160,6 +169,13 @@ TEST_F(DiscTest, EntryIsAddedThenEdited) {
     ASSERT_TRUE(WaitForNoPopup(player));
     EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Renamed"));
     EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+
+    // At a start nothing has been looked up before; the tracks tell discs of one length apart.
+    StartIn("cdplayer");
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
+    Insert("other", {35, 35});
+    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Add Entry"));
+    EXPECT_EQ(Shown(IDC_DISC_TITLE), "");
 }
 
 TEST_F(DiscTest, CommandLinesPlayTheirTrack) {
@@ -187,9 +203,94 @@ TEST_F(DiscTest, CommandLinesPlayTheirTrack) {
     Press(IDC_MODE_WAVE);
     ASSERT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_FILE_LIST); }));
     EXPECT_TRUE(WaitForSound()) << "the disc plays on in the other modes";
+    EXPECT_EQ(ScrollMaximum(player), 0) << "the disc's range";
+    EXPECT_EQ(ScrollPosition(player), 0);
     EXPECT_EQ(RunSecondInstance(player, "/p"), 0);
     EXPECT_TRUE(DriveGets("(01:00:00:00) result=0"));
     EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
+}
+
+// While the user reads the box nothing is asked of the drive; afterwards it is watched again.
+TEST_F(DiscTest, AnErrorBoxHoldsTheTicksUntilItIsClosed) {
+    InsertSheet("mixed",
+                "TRACK 1 AUDIO\nREM TONE 441\nREM LENGTH 1:00:00\n"
+                "TRACK 2 MODE1/2352\nREM LENGTH 1:00:00\n");
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
+    Press(IDC_CD_PLAY);
+    ASSERT_TRUE(WaitForTime("0:01"));
+    Press(IDC_TRACK_FIRST + 1);
+    HWND box = WaitForPopup(player);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(Title(box), "Tarnwell Message!");
+    const std::string before = DriveLog();
+    EXPECT_FALSE(WaitUntil([&] { return DriveLog() != before; }, 3000)) << "ticks under the box";
+    EXPECT_EQ(WaitForPopup(player, 0), box);
+    logRead = before.size();
+    Command(box, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    EXPECT_TRUE(DriveGets("status"));
+    RemoveDisc();
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
+}
+
+TEST_F(DiscTest, ExitStopsAndClosesTheDrive) {
+    Insert("two", {30, 40});
+    for (const bool paused : {false, true}) {
+        SCOPED_TRACE(paused);
+        StartIn("cdplayer");
+        ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
+        Press(IDC_CD_PLAY);
+        ASSERT_TRUE(WaitForTime("0:01"));
+        if (paused) {
+            Press(IDC_CD_PAUSE);
+            ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
+        }
+        Press(IDC_EXIT);
+        ASSERT_EQ(ExitCode(player), 0);
+        EXPECT_TRUE(DriveGets("stop flags", 0));
+        EXPECT_TRUE(DriveGets("close flags", 0));
+        EXPECT_TRUE(WaitForSilence());
+    }
+}
+
+// What an ended save or a bad disk has left is met at the start, before anybody looks.
+TEST_F(DiscTest, StartBringsBackTheCatalogueAndSparesADamagedOne) {
+    Insert("two", {30, 40});
+    StartIn("cdplayer");
+    HWND dialog = OpenEntry();
+    Enter(dialog, IDC_ENTRY_ARTIST, "Someone");
+    Command(dialog, IDC_OK);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    Press(IDC_EXIT);
+    ASSERT_EQ(ExitCode(player), 0);
+    const std::string database = player.directory + "tarnwell.dat";
+    ASSERT_TRUE(MoveFileA(database.c_str(), (player.directory + "tarnwell.dbk").c_str()));
+    RemoveDisc();
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    EXPECT_NE(GetFileAttributesA(database.c_str()), INVALID_FILE_ATTRIBUTES);
+    Insert("two", {30, 40});
+    Press(IDC_MODE_CDPLAYER);
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone - "));
+    Press(IDC_EXIT);
+    ASSERT_EQ(ExitCode(player), 0);
+
+    // It counts five discs where one and a half stand.
+    std::ifstream whole(database, std::ios::binary);
+    std::string bytes(std::istreambuf_iterator<char>(whole), {});
+    whole.close();
+    bytes[6] = 5;
+    bytes += bytes.substr(8, bytes.size() / 2);
+    WriteFileBytes(database, bytes);
+    StartIn("cdplayer");
+    EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
+    EXPECT_EQ(WaitForPopup(player, 1500), nullptr) << "read-outs are silent";
+    Press(IDC_CD_PLAY);
+    EXPECT_TRUE(DriveGets("(01:00:00:00) result=0"));
+    Press(IDC_EXIT);
+    ASSERT_EQ(ExitCode(player), 0);
+    std::ifstream left(database, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(left), {}), bytes);
 }
 
 static void PutOnClipboard(const std::string& text) {
@@ -231,8 +332,10 @@ TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
         return box != dialog;
     }));
     EXPECT_EQ(Title(box), "Tarnwell Message!");
+    EXPECT_FALSE(IsWindowEnabled(dialog)) << "the box must hold the dialog in front";
     Command(box, IDC_OK);
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog) != FALSE; }));
+    EXPECT_FALSE(IsWindowEnabled(player.window)) << "and not let go of the window behind it";
     EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
     CloseHandle(lock);
     // In the last name Enter saves.

@@ -133,6 +133,13 @@ void EndProgram(Program& program) {
     program.window = nullptr;
 }
 
+HWND FocusOf(const Program& program) {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(GetWindowThreadProcessId(program.window, nullptr), &thread);
+    return thread.hwndFocus;
+}
+
 HWND Control(HWND dialog, int id) {
     return GetDlgItem(dialog, id);
 }
@@ -281,11 +288,12 @@ static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
         bytes += static_cast<char>(value >> (8 * i) & 0xff);
 }
 
-double SoundLevel(int lastMs) {
-    constexpr int kSamplesPerMs = 8;
+constexpr int kSamplesPerMs = 8;
+
+static std::vector<int16_t> Recorded(int lastMs) {
     const char* recording = getenv("TARNWELL_RECORDING");
     FILE* file = recording ? fopen(recording, "rb") : nullptr;
-    if (!file) return -1;
+    if (!file) return {};
     std::vector<int16_t> samples(static_cast<size_t>(lastMs) * kSamplesPerMs);
     const long wanted = static_cast<long>(samples.size() * sizeof samples[0]);
     // The recorder may be in the middle of a sample.
@@ -294,10 +302,30 @@ double SoundLevel(int lastMs) {
     fseek(file, std::max(0L, size - wanted), SEEK_SET);
     samples.resize(fread(samples.data(), sizeof samples[0], samples.size(), file));
     fclose(file);
+    return samples;
+}
+
+static double Level(const int16_t* samples, size_t count) {
     double sum = 0;
-    for (int16_t sample : samples)
-        sum += static_cast<double>(sample) * sample;
-    return samples.empty() ? -1 : std::sqrt(sum / static_cast<double>(samples.size()));
+    for (size_t i = 0; i < count; ++i)
+        sum += static_cast<double>(samples[i]) * samples[i];
+    return count == 0 ? -1 : std::sqrt(sum / static_cast<double>(count));
+}
+
+double SoundLevel(int lastMs) {
+    const std::vector<int16_t> samples = Recorded(lastMs);
+    return Level(samples.data(), samples.size());
+}
+
+int AudibleMs(int lastMs) {
+    constexpr int stepMs = 10;
+    constexpr size_t step = stepMs * kSamplesPerMs;
+    constexpr double audible = 50;
+    const std::vector<int16_t> samples = Recorded(lastMs);
+    int heardMs = 0;
+    for (size_t at = 0; at + step <= samples.size(); at += step)
+        heardMs += Level(samples.data() + at, step) > audible ? stepMs : 0;
+    return heardMs;
 }
 
 void WriteFileBytes(const std::string& path, const std::string& bytes) {

@@ -46,6 +46,9 @@ int ExitCode(Program& program, int deadlineMs = kDeadlineMs);
 // Ends the program, whatever it is doing. Harmless when it has ended.
 void EndProgram(Program& program);
 
+// The control of the program that has the keyboard.
+HWND FocusOf(const Program& program);
+
 // The main window's controls, and those of any other dialog.
 HWND Control(HWND dialog, int id);
 std::string Text(HWND dialog, int id);
@@ -84,6 +87,9 @@ void PressKey(uint8_t virtualKey, uint8_t heldKey = 0);
 
 // Root mean square, 0 to 32768, of the last milliseconds that the sound card was given.
 double SoundLevel(int lastMs);
+
+// How much of the last milliseconds could be heard, in steps of 10.
+int AudibleMs(int lastMs);
 
 // Small media files. A wave is a sine of 440 Hz, 16 bit, mono, 22,050 Hz; the MIDI file holds one
 // note for the time given.

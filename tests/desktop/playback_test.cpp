@@ -34,6 +34,15 @@ TEST_F(PlaybackTest, QueuePlaysEveryFileAndCountsDown) {
     EXPECT_EQ(Shown(IDC_POSITION), "1.005 Seconds");
     EXPECT_EQ(ScrollPosition(player), 1000);
     EXPECT_TRUE(WaitForSilence());
+
+    Command(player.window, IDC_REPEAT);
+    ASSERT_NO_FATAL_FAILURE(Play({"b.wav", "c.wav"}));
+    for (const char* name : {"c.wav", "b.wav", "c.wav"}) {
+        ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, name));
+    }
+    Command(player.window, IDC_REPEAT);
+    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_EQ(Shown(IDC_FILE_NAME), "c.wav");
 }
 
 TEST_F(PlaybackTest, PausedFileIsSilentAndStaysWhereItIs) {
@@ -139,6 +148,9 @@ TEST_F(PlaybackTest, WhatThePlatformRefusesIsToldInItsWordsAndTheNextPlayWorks) 
         char platformText[256] = "";
         mciGetErrorStringA(error, platformText, sizeof platformText);
         EXPECT_EQ(Text(box, IDC_MESSAGE_TEXT), platformText);
+        EXPECT_FALSE(WaitUntil(
+            [&] { return WaitForPopup(player, 0) != box || SoundLevel(100) > 500; }, 1500))
+            << "the queue goes on under its box";
         SetForegroundWindow(box);
         PressKey(VK_RETURN);
         ASSERT_TRUE(WaitForNoPopup(player));
@@ -161,20 +173,6 @@ TEST_F(PlaybackTest, MinimisedWindowPlaysOnWithoutDrawingThePosition) {
     EXPECT_FALSE(WaitUntil([&] { return Shown(IDC_POSITION) != "0 Milliseconds"; }, 1000));
     ShowWindow(player.window, SW_RESTORE);
     EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 0; }));
-}
-
-TEST_F(PlaybackTest, RepeatPlaysTheQueueAgainUntilItIsSwitchedOff) {
-    AddMedia("a.wav", WaveFile(600));
-    AddMedia("b.wav", WaveFile(600));
-    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    Command(player.window, IDC_REPEAT);
-    ASSERT_NO_FATAL_FAILURE(Play({"a.wav", "b.wav"}));
-    for (const char* name : {"b.wav", "a.wav", "b.wav"}) {
-        ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, name));
-    }
-    Command(player.window, IDC_REPEAT);
-    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
-    EXPECT_EQ(Shown(IDC_FILE_NAME), "b.wav");
 }
 
 TEST_F(PlaybackTest, DoubleClickOnAFilePlaysIt) {
@@ -205,4 +203,47 @@ TEST_F(PlaybackTest, MidiIsListedByItsFilterHeardAndEnds) {
     EXPECT_EQ(Shown(IDC_FILES_LEFT), "0");
     EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
     EXPECT_TRUE(WaitForSilence());
+}
+
+// A click out of the directory field changes the list, but only once the button is up again: until
+// then the list must be the one that was clicked.
+TEST_F(PlaybackTest, TypedDirectoryIsEnteredWhenTheClickOutOfItEnds) {
+    for (int i = 0; i < 60; ++i)
+        AddMedia("file " + std::to_string(100 + i) + ".wav", "");
+    CreateDirectoryA((MediaDirectory() + "other").c_str(), nullptr);
+    WriteFileBytes(MediaDirectory() + "other\\one.wav", "");
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    HWND field = Control(player.window, IDC_DIRECTORY);
+    const std::string other = MediaDirectory() + "other\\";
+    const auto type = [&](const std::string& text) {
+        ClickMouse(CentreOf(field));
+        WaitUntil([&] { return FocusOf(player) == field; });
+        SendMessageA(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    };
+    // The same directory: where the user was in the list he still is.
+    SendMessageA(List(), LB_SETTOPINDEX, 30, 0);
+    type(MediaDirectory());
+    AddMedia("one more.wav", "");
+    PressKey(VK_TAB);
+    EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "61 Wave Files:"));
+    EXPECT_EQ(SendMessageA(List(), LB_GETTOPINDEX, 0, 0), 30);
+
+    for (const auto& [typed, directory] :
+         {std::pair{other, other}, std::pair{"c:\\\\" + other, other}}) {
+        SCOPED_TRACE(typed);
+        const std::string count = Shown(IDC_LIST_COUNT);
+        type(typed);
+        HoldMouse(CentreOf(List()));
+        ASSERT_TRUE(WaitUntil([&] { return FocusOf(player) == List(); }));
+        EXPECT_FALSE(WaitUntil([&] { return Shown(IDC_LIST_COUNT) != count; }, 300));
+        ReleaseMouse();
+        EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "1 Wave Files:"));
+        EXPECT_TRUE(WaitForShown(IDC_DIRECTORY, directory));
+        if (typed == directory) continue;
+        HWND box = WaitForPopup(player);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(Text(box, IDC_MESSAGE_TEXT), "Invalid path!");
+        Command(box, IDC_OK);
+        ASSERT_TRUE(WaitForNoPopup(player));
+    }
 }

@@ -2,6 +2,7 @@
 #include <tuple>
 
 #include "tests/desktop/desktop_test.h"
+#include "tests/desktop/screen.h"
 
 using StartTest = DesktopTest;
 
@@ -17,36 +18,16 @@ static int ShownMode(const Program& player) {
     return -1;
 }
 
-TEST_F(StartTest, CommandLineChoosesModeAndDirectory) {
-    const struct {
-        std::string arguments;
-        int mode;
-        std::string directory;
-    } cases[] = {
-        {"", kMidi, "media\\"},
-        {"/Play what it may", kCdPlayer, ""},
-        {"-play D:\\Track07.cda", kCdPlayer, ""},
-        {"c:\\none\\DING.WAV", kWave, "c:\\none\\"},
-        {"c:/none/x.y/ding.mid", kMidi, "c:/none/x.y/"},
-        {"c:\\none\\a.MOV", kVideo, "c:\\none\\"},
-        {"c:\\none\\FILE.TXT", kMidi, "media\\"},
-        {"\"c:\\none\\quoted.wav\"", kWave, "\"c:\\none\\"},
-        {std::string(15000, '\\') + "." + std::string(15000, '.'), kMidi, "media\\"},
-    };
-    for (const auto& line : cases) {
-        SCOPED_TRACE(line.arguments.substr(0, 40));
-        ASSERT_NO_FATAL_FAILURE(StartIn("midi", line.arguments));
-        EXPECT_EQ(ShownMode(player), line.mode);
-        if (line.directory == "media\\") {
-            EXPECT_EQ(Shown(IDC_DIRECTORY), MediaDirectory());
-        } else if (line.mode != kCdPlayer) {
-            EXPECT_EQ(Shown(IDC_DIRECTORY), line.directory);
-        }
-        // Only a disc that cannot be played may be worth a word.
-        if (line.mode != kCdPlayer) {
-            EXPECT_EQ(WaitForPopup(player, 100), nullptr);
-        }
-    }
+TEST_F(StartTest, CommandLineReachesTheWindow) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("midi", "\"c:/none/x.y/quoted.MOV\""));
+    EXPECT_EQ(ShownMode(player), kVideo);
+    EXPECT_EQ(Shown(IDC_DIRECTORY), "\"c:/none/x.y/");
+    EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+    const std::string endless = std::string(15000, '\\') + "." + std::string(15000, '.');
+    ASSERT_NO_FATAL_FAILURE(StartIn("midi", endless));
+    EXPECT_EQ(ShownMode(player), kMidi);
+    EXPECT_EQ(Shown(IDC_DIRECTORY), MediaDirectory());
+    EXPECT_EQ(WaitForPopup(player, 100), nullptr);
 }
 
 TEST_F(StartTest, MediaFilePlaysOnceAndEndsTheProgram) {
@@ -63,8 +44,8 @@ TEST_F(StartTest, MediaFilePlaysOnceAndEndsTheProgram) {
 TEST_F(StartTest, StopKeepsTheProgramThatWasStartedWithAFile) {
     AddMedia("a.wav", WaveFile(600));
     PutSetting(player, "SoundControls", "Off");
-    PutSetting(player, "VideoOutput", "Time");
     PutSetting(player, "CDDatabaseMode", "Advanced");
+    PutSetting(player, "CaseSensitive", "TRUE", "SEARCH");
     ASSERT_TRUE(StartProgram(player, MediaDirectory() + "a.wav"));
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
     Command(player.window, IDC_STOP);
@@ -74,16 +55,12 @@ TEST_F(StartTest, StopKeepsTheProgramThatWasStartedWithAFile) {
     // The file was not read, so its values give way to the built-in ones.
     Command(player.window, IDC_EXIT);
     EXPECT_EQ(ExitCode(player), 0);
-    const char* const written[][2] = {
-        {"SoundControls", "On"},      {"VideoOutput", "Frames"},  {"ScrollBar", "Normal"},
-        {"CDDatabaseMode", "Simple"}, {"TimerSpeed", "1"},        {"WaveAnimation", "On"},
-        {"MidiFilesPath", "c:\\"},    {"VideoFilesPath", "c:\\"}, {"TarnwellMode", "wave"},
-    };
-    for (const auto& [key, value] : written)
-        EXPECT_EQ(GetSetting(player, key), value) << key;
+    EXPECT_EQ(GetSetting(player, "SoundControls"), "On");
+    EXPECT_EQ(GetSetting(player, "CDDatabaseMode"), "Simple");
+    EXPECT_EQ(GetSetting(player, "MidiFilesPath"), "c:\\");
+    EXPECT_EQ(GetSetting(player, "TarnwellMode"), "wave");
     EXPECT_EQ(GetSetting(player, "WaveFilesPath"), MediaDirectory());
-    EXPECT_EQ(GetSetting(player, "SearchEntireDatabase", "SEARCH"), "TRUE");
-    EXPECT_EQ(GetSetting(player, "RadioSearch", "SEARCH"), "1");
+    EXPECT_EQ(GetSetting(player, "CaseSensitive", "SEARCH"), "FALSE");
 }
 
 TEST_F(StartTest, EveryWayOutWritesTheSettings) {
@@ -156,32 +133,23 @@ TEST_F(StartTest, GarbageInTheSettingsFileFallsBack) {
 
 TEST_F(StartTest, SecondStartHandsOverAndEnds) {
     AddMedia("long.wav", WaveFile(20000));
-    const struct {
-        const char* arguments;
-        int mode;
-    } cases[] = {
-        {"", kWave},
-        {"c:\\none\\other.mid", kWave},
-        {"-play D:\\Track07.cda", kCdPlayer},
-    };
-    for (const auto& second : cases) {
-        SCOPED_TRACE(second.arguments);
-        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-        ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
-        ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
+    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
+    for (const char* arguments : {"", "c:\\none\\other.mid", "-play D:\\Track07.cda"}) {
+        SCOPED_TRACE(arguments);
+        EXPECT_EQ(ShownMode(player), kWave);
+        EXPECT_EQ(Shown(IDC_STATUS), "Playing");
         ShowWindow(player.window, SW_MINIMIZE);
         ASSERT_TRUE(WaitUntil([&] { return IsIconic(player.window) != FALSE; }));
-        EXPECT_EQ(RunSecondInstance(player, second.arguments), 0);
+        EXPECT_EQ(RunSecondInstance(player, arguments), 0);
         EXPECT_TRUE(WaitUntil([&] { return !IsIconic(player.window); })) << "not restored";
-        EXPECT_TRUE(WaitUntil([&] { return ShownMode(player) == second.mode; }));
-        if (second.mode == kWave) {
-            EXPECT_EQ(Shown(IDC_STATUS), "Playing");
-        }
-        EXPECT_EQ(ExitCode(player, 0), -1);
     }
+    EXPECT_TRUE(WaitUntil([&] { return ShownMode(player) == kCdPlayer; }));
+    EXPECT_EQ(ExitCode(player, 0), -1);
 }
 
-TEST_F(StartTest, FolderWindowOfTheSameNameIsNotTakenForTheProgram) {
+TEST_F(StartTest, OtherWindowsOfItsNameAreNotTakenForTheProgram) {
     WNDCLASSA folderClass = {};
     folderClass.lpfnWndProc = DefWindowProcA;
     folderClass.hInstance = GetModuleHandleA(nullptr);
@@ -190,7 +158,88 @@ TEST_F(StartTest, FolderWindowOfTheSameNameIsNotTakenForTheProgram) {
     HWND folder = CreateWindowA("CabinetWClass", "Tarnwell 1.1", WS_OVERLAPPEDWINDOW, 0, 0, 100,
                                 100, nullptr, nullptr, folderClass.hInstance, nullptr);
     ASSERT_NE(folder, nullptr);
-    EXPECT_TRUE(StartProgram(player)) << "gave way to a folder window";
+    HWND other = CreateWindowA("STATIC", "TARNWELL 1.1", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100,
+                               nullptr, nullptr, folderClass.hInstance, nullptr);
+    EXPECT_TRUE(StartProgram(player)) << "gave way to a window that is not its own";
     EXPECT_EQ(RunSecondInstance(player, ""), 0);
+    DestroyWindow(other);
     DestroyWindow(folder);
+}
+
+// How often the read-out changed within this time.
+static int ReadOutChanges(const Program& player, int withinMs) {
+    std::string last = Text(player.window, IDC_POSITION);
+    int changes = 0;
+    WaitUntil(
+        [&] {
+            const std::string now = Text(player.window, IDC_POSITION);
+            changes += now != last;
+            last = now;
+            return false;
+        },
+        withinMs);
+    return changes;
+}
+
+TEST_F(StartTest, SettingsHaveTheirEffect) {
+    const std::string directory = MediaDirectory() + "a directory of more than 29 characters\\";
+    CreateDirectoryA(directory.c_str(), nullptr);
+    WriteFileBytes(directory + "long.wav", WaveFile(20000));
+    PutSetting(player, "WaveFilesPath", directory.c_str());
+    const struct {
+        const char* timerSpeed;
+        const char* soundControls;
+        const char* colorization;
+        int ground;
+        int fewest, most;  // changes of the read-out in 4 s; the device itself moves three a second
+    } cases[] = {{"1", "On", "On", COLOR_BTNFACE, 8, 14}, {"5", "Off", "Off", COLOR_WINDOW, 2, 5}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.timerSpeed);
+        PutSetting(player, "TimerSpeed", each.timerSpeed);
+        PutSetting(player, "SoundControls", each.soundControls);
+        PutSetting(player, "EntryFieldColorization", each.colorization);
+        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+        EXPECT_EQ(Shown(IDC_DIRECTORY), directory);
+        HWND field = Control(player.window, IDC_DIRECTORY);
+        const Picture picture = Photograph(field);
+        const uint32_t shown = picture.At(picture.width - 8, picture.height / 2);
+        const DWORD ground = GetSysColor(each.ground);
+        EXPECT_EQ(shown, RGB(GetBValue(ground), GetGValue(ground), GetRValue(ground)));
+
+        ASSERT_TRUE(WaitForSilence());
+        Command(player.window, IDC_STOP);
+        const bool clicked = WaitUntil([] { return AudibleMs(1000) > 20; }, 1000);
+        EXPECT_EQ(clicked, each.soundControls[1] == 'n');
+        ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
+        ASSERT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 0; }));
+        const int changes = ReadOutChanges(player, 4000);
+        EXPECT_GE(changes, each.fewest);
+        EXPECT_LE(changes, each.most);
+        Command(player.window, IDC_EXIT);
+        ASSERT_EQ(ExitCode(player), 0);
+        // Not in the file so far.
+        EXPECT_EQ(GetSetting(player, "CaseSensitive", "SEARCH"), "FALSE");
+        EXPECT_EQ(GetSetting(player, "SearchTrack", "SEARCH"), "TRUE");
+    }
+}
+
+TEST_F(StartTest, TheLastSoundIsHeardToItsEnd) {
+    PutSetting(player, "SoundControls", "On");
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    ASSERT_TRUE(WaitUntil([] { return AudibleMs(1500) == 0; }));
+    Command(player.window, IDC_EXIT);
+    ASSERT_EQ(ExitCode(player), 0);
+    ASSERT_TRUE(WaitForSilence());
+    EXPECT_GT(AudibleMs(3000), 400);
+}
+
+TEST_F(StartTest, LogOffWritesTheSettings) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
+    Command(player.window, IDC_MODE_WAVE);
+    ASSERT_TRUE(WaitForShown(IDC_LIST_COUNT, "0 Wave Files:"));
+    PostMessageA(player.window, WM_ENDSESSION, FALSE, 0);
+    ASSERT_TRUE(Settle(player));
+    EXPECT_EQ(GetSetting(player, "TarnwellMode"), "midi") << "the session goes on";
+    PostMessageA(player.window, WM_ENDSESSION, TRUE, 0);
+    EXPECT_TRUE(WaitUntil([&] { return GetSetting(player, "TarnwellMode") == "wave"; }));
 }

@@ -1,0 +1,359 @@
+// A hand that presses, types, scrolls, drags, opens and closes at random. It knows no dialog: it
+// takes whatever window is in front, so that it reaches those that are yet to be built.
+//   TARNWELL_HAND_SEED     its choices; printed, another one each day
+//   TARNWELL_HAND_SECONDS  how long it plays; 30 by default
+// It runs on a desktop whose prefix has no way out (tools/with-desktop --closed).
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+#include <fstream>
+#include <random>
+
+#include "tests/desktop/desktop_test.h"
+
+static int FromEnvironment(const char* name, int fallback) {
+    const char* text = getenv(name);
+    return text != nullptr && *text != '\0' ? atoi(text) : fallback;
+}
+
+static uint32_t Little(const std::string& bytes, size_t at, int count) {
+    uint32_t value = 0;
+    for (int i = count - 1; i >= 0; --i)
+        value = value << 8 | static_cast<uint8_t>(bytes[at + static_cast<size_t>(i)]);
+    return value;
+}
+
+// The discs that the file counts, or -1 when they are not there: each names the place of the next,
+// its own size and its own place.
+static int WholeDiscs(const std::string& bytes) {
+    if (bytes.size() < 8 || bytes.compare(0, 6, std::string("\xFFQMR\0\n", 6)) != 0) return -1;
+    const auto count = static_cast<int>(Little(bytes, 6, 2));
+    uint32_t start = 8;
+    for (int i = 0; i < count; ++i) {
+        if (bytes.size() < start + 6) return -1;
+        const uint32_t end = start + 4 + Little(bytes, start + 4, 2);
+        if (end > bytes.size() || end < start + 10 || Little(bytes, start, 4) != end) return -1;
+        if (Little(bytes, end - 4, 4) != start) return -1;
+        start = end;
+    }
+    return count;
+}
+
+// A disc as the catalogue holds it, found by its artist.
+static std::string Entry(uint32_t start, const std::string& artist) {
+    std::string body("\x3C\0\x3C\0\x01\x03One\x3C\0", 11);
+    body += static_cast<char>(artist.size()) + artist + std::string("\0\0\0\0\0\x03\x01\0", 8);
+    const auto number = [](uint32_t value, int count) {
+        std::string text;
+        for (; count > 0; --count, value >>= 8)
+            text += static_cast<char>(value & 255);
+        return text;
+    };
+    const auto size = static_cast<uint32_t>(2 + body.size() + 4);
+    return number(start + 4 + size, 4) + number(size, 2) + body + number(start, 4);
+}
+
+constexpr int kFirstDiscs = 40;
+
+static std::string FirstCatalogue() {
+    std::string bytes("\xFFQMR\0\n\x28\0", 8);
+    for (int i = 0; i < kFirstDiscs; ++i)
+        bytes += Entry(static_cast<uint32_t>(bytes.size()), "Artist " + std::to_string(i));
+    return bytes;
+}
+
+static BOOL CALLBACK TakeControl(HWND child, LPARAM list) {
+    if (IsWindowVisible(child) && IsWindowEnabled(child)) {
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+    }
+    return TRUE;
+}
+
+static std::vector<HWND> Controls(HWND dialog) {
+    std::vector<HWND> controls;
+    EnumChildWindows(dialog, TakeControl, reinterpret_cast<LPARAM>(&controls));
+    return controls;
+}
+
+class RandomHand : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        seed = static_cast<uint32_t>(FromEnvironment("TARNWELL_HAND_SEED", DayNumber()));
+        random.seed(seed);
+        for (const char* key : {"WavEditorPath", "MidEditorPath", "RmiEditorPath", "AviEditorPath",
+                                "MovEditorPath", "VolumeApplicationPath"}) {
+            PutSetting(player, key, "c:\\windows\\system32\\hostname.exe");
+        }
+        WriteFileBytes(player.directory + "tarnwell.dat", FirstCatalogue());
+        FillMedia();
+    }
+
+    static int DayNumber() {
+        SYSTEMTIME now = {};
+        GetSystemTime(&now);
+        return now.wYear * 1000 + now.wMonth * 50 + now.wDay;
+    }
+
+    int Below(int bound) {
+        return bound <= 0 ? 0 : static_cast<int>(random() % static_cast<uint32_t>(bound));
+    }
+    template <size_t count, typename Item>
+    const Item& Any(const Item (&items)[count]) {
+        return items[Below(count)];
+    }
+
+    void Note(const std::string& what) {
+        done.push_back(what);
+        if (done.size() > 40) done.pop_front();
+        ++actions;
+    }
+
+    void FillMedia() {
+        CreateDirectoryA((MediaDirectory() + "more").c_str(), nullptr);
+        for (int i = 0; i < 6; ++i) {
+            const std::string number = std::to_string(i);
+            AddMedia("short " + number + ".wav", WaveFile(100 + 400 * i));
+            AddMedia("tune " + number + ".mid", MidiFile(300 + 500 * i));
+            AddMedia("film " + number + (i % 2 != 0 ? ".avi" : ".mov"), "no film");
+        }
+        AddMedia("broken.wav", "RIFF");
+    }
+
+    void ChangeDisc() {
+        if (!HasVirtualDrive()) return;
+        const int tracks = Below(20);
+        std::string sheet;
+        for (int i = 1; i <= tracks; ++i) {
+            sheet += "TRACK " + std::to_string(i) + (Below(8) == 0 ? " MODE1/2352" : " AUDIO") +
+                     "\nREM LENGTH 0:0" + std::to_string(1 + Below(9)) + ":00\n";
+        }
+        tracks == 0 ? RemoveDisc() : InsertSheet("disc" + std::to_string(Below(4)), sheet);
+        Note("disc of " + std::to_string(tracks));
+    }
+
+    HWND Front() { return GetLastActivePopup(player.window); }
+
+    std::string TypedText() {
+        static const char* const texts[] = {"a",    "Name",         "c:\\",    "*.*",
+                                            "",     "new name.wav", "7",       "\xE4\xF6 & ?",
+                                            "..\\", "Artist 3",     "list.txt"};
+        switch (Below(6)) {
+            case 0:
+                return std::string(static_cast<size_t>(Below(400)),
+                                   static_cast<char>('!' + Below(90)));
+            case 1:
+                return MediaDirectory() + (Below(2) != 0 ? "more" : "no such place");
+            default:
+                return Any(texts);
+        }
+    }
+
+    void Type(HWND field) {
+        const std::string text = TypedText();
+        Note("type \"" + text.substr(0, 30) + "\" into " + std::to_string(GetDlgCtrlID(field)));
+        PostMessageA(field, EM_SETSEL, 0, Below(2) - 1);
+        for (const char c : text)
+            PostMessageA(field, WM_CHAR, static_cast<uint8_t>(c), 1);
+    }
+
+    void UseList(HWND list, bool combo) {
+        static const WORD keys[] = {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_HOME, VK_END, VK_SPACE};
+        const WORD key = Any(keys);
+        Note("key " + std::to_string(key) + " in list " + std::to_string(GetDlgCtrlID(list)));
+        if (!combo && Below(3) == 0) {
+            PostMessageA(list, LB_SETSEL, Below(4) != 0, Below(8) - 1);
+        } else {
+            PostMessageA(list, WM_KEYDOWN, key, 1);
+            PostMessageA(list, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+        }
+        if (!combo && Below(6) == 0) {
+            PostMessageA(GetParent(list), WM_COMMAND,
+                         MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(list)), LBN_DBLCLK),
+                         reinterpret_cast<LPARAM>(list));
+        }
+    }
+
+    void ScrollBar(HWND bar) {
+        const int code = Below(9);
+        Note("scroll " + std::to_string(code));
+        PostMessageA(GetParent(bar), WM_HSCROLL,
+                     MAKEWPARAM(static_cast<WORD>(code), static_cast<WORD>(Below(1100))),
+                     reinterpret_cast<LPARAM>(bar));
+    }
+
+    void UseControl(HWND control) {
+        char name[32] = "";
+        GetClassNameA(control, name, sizeof name);
+        const std::string kind = name;
+        const int id = GetDlgCtrlID(control);
+        if (kind == "Edit") {
+            Type(control);
+        } else if (kind == "ListBox" || kind == "ComboBox" || kind == "ComboLBox") {
+            UseList(control, kind != "ListBox");
+        } else if (kind == "ScrollBar") {
+            ScrollBar(control);
+        } else if (id != IDC_EXIT || Below(20) == 0) {
+            const bool twice = Below(10) == 0;
+            Note(std::string(twice ? "press twice " : "press ") + std::to_string(id));
+            for (int i = 0; i <= (twice ? 1 : 0); ++i)
+                Command(GetParent(control), id, i != 0 ? BN_DOUBLECLICKED : BN_CLICKED);
+        }
+    }
+
+    void UseMouse(HWND dialog) {
+        RECT place = {};
+        GetWindowRect(dialog, &place);
+        const auto anywhere = [&] {
+            return POINT{place.left + Below(place.right - place.left),
+                         place.top + Below(place.bottom - place.top)};
+        };
+        const POINT from = anywhere();
+        Note("mouse at " + std::to_string(from.x) + "," + std::to_string(from.y));
+        HoldMouse(from);
+        for (int i = Below(3); i > 0; --i)
+            MoveMouse(anywhere());
+        ReleaseMouse();
+        if (Below(4) == 0) ClickMouse(from);
+    }
+
+    void PressKeys() {
+        static const uint8_t keys[] = {VK_TAB,  VK_TAB,    VK_RETURN, VK_ESCAPE, VK_SPACE, VK_UP,
+                                       VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME,   VK_END,   VK_PRIOR,
+                                       VK_NEXT, VK_DELETE, VK_BACK,   'A',       'V',      'C'};
+        static const uint8_t held[] = {0, 0, 0, VK_SHIFT, VK_CONTROL};
+        const bool access = Below(4) == 0;
+        const auto key = access ? static_cast<uint8_t>('A' + Below(26)) : Any(keys);
+        Note(std::string(access ? "Alt+" : "") + "key " + std::to_string(key));
+        PressKey(key, access ? static_cast<uint8_t>(VK_MENU) : Any(held));
+    }
+
+    void DisturbFromOutside() {
+        static const char* const lines[] = {"", "-play D:\\Track02.cda", "/p", "c:\\x.wav"};
+        switch (Below(8)) {
+            case 0:
+                Note("second start");
+                EXPECT_EQ(RunSecondInstance(player, Any(lines)), 0);
+                break;
+            case 1:
+                Note("minimise");
+                ShowWindowAsync(player.window, SW_MINIMIZE);
+                break;
+            case 2:
+                FillMedia();
+                Note("files come");
+                break;
+            case 3:
+                DeleteFileA((MediaDirectory() + "short 3.wav").c_str());
+                Note("a file goes");
+                break;
+            case 4:
+                PostMessageA(player.window, WM_SYSCOLORCHANGE, 0, 0);
+                Note("colours");
+                break;
+            default:
+                ChangeDisc();
+                break;
+        }
+        ShowWindowAsync(player.window, SW_RESTORE);
+    }
+
+    void Act() {
+        HWND front = Front();
+        if (IsIconic(player.window)) ShowWindowAsync(player.window, SW_RESTORE);
+        if (front != player.window && RemovesDiscs(front)) mayRemoveDiscs = true;
+        if (Below(40) == 0) {
+            DisturbFromOutside();
+            return;
+        }
+        const std::vector<HWND> controls = Controls(front);
+        const int choice = Below(20);
+        if (choice < 12 && !controls.empty()) {
+            UseControl(controls[static_cast<size_t>(Below(static_cast<int>(controls.size())))]);
+        } else if (choice < 15) {
+            SetForegroundWindow(front);
+            PressKeys();
+        } else if (choice < 19) {
+            UseMouse(front);
+        } else if (front != player.window) {
+            Note("close " + Title(front));
+            PostMessageA(front, WM_CLOSE, 0, 0);
+        }
+    }
+
+    // Whether a dialog can take discs out of the catalogue: it has a button for it.
+    static bool RemovesDiscs(HWND dialog) {
+        for (HWND control : Controls(dialog)) {
+            if (Title(control).find("elete") != std::string::npos) return true;
+        }
+        return false;
+    }
+
+    bool Answers() {
+        DWORD_PTR ignored = 0;
+        return SendMessageTimeoutA(player.window, WM_NULL, 0, 0, 0, 20000, &ignored) != 0;
+    }
+
+    // Discs are lost when the file is not whole, or when fewer are left though nobody could have
+    // taken one out. A file that the program is writing is looked at again.
+    void ExpectDiscs() {
+        int count = -1;
+        WaitUntil([&] {
+            std::ifstream file(player.directory + "tarnwell.dat", std::ios::binary);
+            if (!file) return false;
+            count = WholeDiscs(std::string(std::istreambuf_iterator<char>(file), {}));
+            return count >= 0;
+        });
+        EXPECT_GE(count, mayRemoveDiscs ? 0 : discs) << "discs are lost";
+        discs = count;
+        mayRemoveDiscs = false;
+    }
+
+    // An end by the program's own exit is one of the things that a hand does.
+    void StartAgainIfEnded() {
+        if (ExitCode(player, 0) == -1) return;
+        ASSERT_EQ(ExitCode(player, 0), 0) << "the program broke down";
+        ++starts;
+        ASSERT_TRUE(StartProgram(player)) << "does not start again";
+    }
+
+    std::string LastActions() {
+        std::string text = "seed " + std::to_string(seed) + ", action " + std::to_string(actions);
+        for (const std::string& what : done)
+            text += "\n  " + what;
+        return text;
+    }
+
+    uint32_t seed = 0;
+    std::mt19937 random;
+    std::deque<std::string> done;
+    int actions = 0;
+    int starts = 1;
+    int discs = kFirstDiscs;
+    bool mayRemoveDiscs = false;
+};
+
+TEST_F(RandomHand, FindsNoWayToBreakTheProgram) {
+    const int seconds = FromEnvironment("TARNWELL_HAND_SECONDS", 30);
+    std::printf("random hand: seed %u, %d s\n", seed, seconds);
+    ASSERT_NO_FATAL_FAILURE(StartIn("cdplayer"));
+    const DWORD begin = GetTickCount();
+    while (GetTickCount() - begin < static_cast<DWORD>(seconds) * 1000 && !HasFailure()) {
+        Act();
+        ASSERT_TRUE(actions % 8 != 0 || Answers()) << "hangs: " << LastActions();
+        ASSERT_NO_FATAL_FAILURE(StartAgainIfEnded()) << LastActions();
+        if (actions % 100 == 0) ExpectDiscs();
+    }
+    // Out again by the front door, from wherever the hand has come.
+    WaitUntil([&] {
+        if (ExitCode(player, 0) != -1) return true;
+        if (HWND front = Front(); front != player.window) PostMessageA(front, WM_CLOSE, 0, 0);
+        return IsWindowEnabled(player.window) && Front() == player.window;
+    });
+    Command(player.window, IDC_EXIT);
+    EXPECT_EQ(ExitCode(player), 0) << LastActions();
+    ExpectDiscs();
+    if (HasFailure()) ADD_FAILURE() << LastActions();
+    std::printf("random hand: %d actions, %d starts, %d discs\n", actions, starts, discs);
+}

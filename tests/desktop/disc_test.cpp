@@ -173,8 +173,11 @@ TEST_F(DiscTest, EntryIsAddedThenEdited) {
     // At a start nothing has been looked up before; the tracks tell discs of one length apart.
     StartIn("cdplayer");
     EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
+    RemoveDisc();
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
     Insert("other", {35, 35});
-    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Add Entry"));
+    EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));
+    EXPECT_EQ(Shown(IDC_ENTRY_LABEL), "Add Entry");
     EXPECT_EQ(Shown(IDC_DISC_TITLE), "");
 }
 

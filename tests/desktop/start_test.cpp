@@ -200,13 +200,14 @@ TEST_F(StartTest, SettingsHaveTheirEffect) {
         PutSetting(player, "EntryFieldColorization", each.colorization);
         ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
         EXPECT_EQ(Shown(IDC_DIRECTORY), directory);
-        HWND field = Control(player.window, IDC_DIRECTORY);
-        const Picture picture = Photograph(field);
-        const uint32_t shown = picture.At(picture.width - 8, picture.height / 2);
         const DWORD ground = GetSysColor(each.ground);
-        EXPECT_EQ(shown, RGB(GetBValue(ground), GetGValue(ground), GetRValue(ground)));
+        const uint32_t color = RGB(GetBValue(ground), GetGValue(ground), GetRValue(ground));
+        EXPECT_TRUE(WaitUntil([&] {
+            const Picture list = Photograph(List());
+            return list.At(list.width / 2, list.height * 3 / 4) == color;
+        }));
 
-        ASSERT_TRUE(WaitForSilence());
+        ASSERT_TRUE(WaitUntil([] { return AudibleMs(1000) == 0; }));
         Command(player.window, IDC_STOP);
         const bool clicked = WaitUntil([] { return AudibleMs(1000) > 20; }, 1000);
         EXPECT_EQ(clicked, each.soundControls[1] == 'n');

@@ -8,6 +8,7 @@
 #include "app/modes.h"
 #include "app/shutdown.h"
 #include "base/program_state.h"
+#include "database_dialogs/database_menu.h"
 #include "database_dialogs/entry_dialog.h"
 #include "playback/cd_commands.h"
 #include "playback/cd_readouts.h"
@@ -36,6 +37,11 @@ static void OnEntry(HWND window) {
     RefreshDiscTitles(window);
 }
 
+static void OnGarnish(HWND window) {
+    ShowDatabaseMenu(window);
+    RefreshDiscTitles(window);
+}
+
 enum class CommandKind { kAnyMode, kFileModes, kCdMode };
 
 struct Command {
@@ -61,6 +67,7 @@ constexpr Command kCommands[] = {
     {IDC_NEXT_PAGE, CommandKind::kCdMode, OnNextPage},
     {IDC_PREVIOUS_PAGE, CommandKind::kCdMode, OnPreviousPage},
     {IDC_ENTRY, CommandKind::kCdMode, OnEntry},
+    {IDC_GARNISH, CommandKind::kCdMode, OnGarnish},
 };
 
 // The program itself moves the focus while a command runs; the directory field is not left by that.

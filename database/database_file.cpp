@@ -1,6 +1,7 @@
 // Questions to the disc database.
 #include "database/database_file.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "database/database_format.h"
@@ -21,6 +22,10 @@ static FileStatus OpenDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::k
     return whenHeld == WhenHeld::kTryAgain
                ? OpenPatiently(path.c_str(), FileMode::kReadShared, file)
                : FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle);
+}
+
+bool OpenDatabaseToRead(ScopedFile& file) {
+    return OpenDatabase(file, WhenHeld::kTryAgain) == FileStatus::kOk;
 }
 
 static FileStatus CreateEmptyDatabase() {
@@ -148,27 +153,39 @@ std::string ReadDiscName(uint32_t entryStart) {
     return discName;
 }
 
-// Reads on window by window until the entry is whole; EntrySize is not asked, because an entry
-// whose size is damaged can still be read.
+// EntrySize says how much is read at first, so that a walk over the entries goes straight on; an
+// entry whose size is damaged is read on window by window until it is whole.
+DecodeResult ReadEntry(WindowReader& reader, uint32_t entryStart, DiscToc& disc,
+                       EntryFields& fields) {
+    disc = {};
+    fields = {};
+    EntryHeader header;
+    if (!ReadEntryHeader(reader, entryStart, header)) return DecodeResult::kCutShort;
+    reader.position = entryStart;
+    std::vector<uint8_t> bytes;
+    DecodeResult result = DecodeResult::kCutShort;
+    uint32_t wanted =
+        std::clamp(kNextOffsetBytes + header.entrySize, kMinEntryBytes, kMaxEntryBytes);
+    uint32_t readBytes = wanted;
+    while (result == DecodeResult::kCutShort && readBytes == wanted) {
+        if (!bytes.empty()) wanted = kWindowBytes;
+        const size_t before = bytes.size();
+        bytes.resize(before + wanted);
+        readBytes = ReadUpTo(reader, bytes.data() + before, wanted);
+        bytes.resize(before + readBytes);
+        result = DecodeEntry(bytes.data(), bytes.size(), disc, fields);
+    }
+    return result;
+}
+
 static bool LoadEntry(uint32_t entryStart, DiscToc& disc, EntryFields& fields) {
     disc = {};
     fields = {};
     ScopedFile file;
-    if (OpenDatabase(file, WhenHeld::kTryAgain) != FileStatus::kOk) return false;
+    if (!OpenDatabaseToRead(file)) return false;
     WindowReader reader;
     StartReading(reader, file.handle);
-    reader.position = entryStart;
-    std::vector<uint8_t> bytes;
-    DecodeResult result = DecodeResult::kCutShort;
-    uint32_t readBytes = kWindowBytes;
-    while (result == DecodeResult::kCutShort && readBytes == kWindowBytes) {
-        const size_t before = bytes.size();
-        bytes.resize(before + kWindowBytes);
-        readBytes = ReadUpTo(reader, bytes.data() + before, kWindowBytes);
-        bytes.resize(before + readBytes);
-        result = DecodeEntry(bytes.data(), bytes.size(), disc, fields);
-    }
-    return result == DecodeResult::kWhole;
+    return ReadEntry(reader, entryStart, disc, fields) == DecodeResult::kWhole;
 }
 
 bool LoadEntryFields(uint32_t entryStart, EntryFields& fields) {
@@ -179,4 +196,38 @@ bool LoadEntryFields(uint32_t entryStart, EntryFields& fields) {
 bool LoadEntryDisc(uint32_t entryStart) {
     EntryFields fields;
     return LoadEntry(entryStart, DatabaseDisc, fields);
+}
+
+DatabaseResult LoadNumberedEntry(uint32_t entryIndex, NumberedEntry& entry) {
+    entry = {};
+    ScopedFile file;
+    const FileStatus opened = OpenDatabase(file, WhenHeld::kTryAgain);
+    if (opened != FileStatus::kOk) return OpenResult(opened);
+    WindowReader reader;
+    StartReading(reader, file.handle);
+    if (!StepToEntry(reader, entryIndex, entry.start) ||
+        ReadEntry(reader, entry.start, entry.disc, entry.fields) != DecodeResult::kWhole) {
+        return reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
+    }
+    return DatabaseResult::kOk;
+}
+
+DatabaseTotals SumDatabase() {
+    DatabaseTotals totals;
+    ScopedFile file;
+    if (!OpenDatabaseToRead(file)) return totals;
+    WindowReader reader;
+    StartReading(reader, file.handle);
+    ReadEntryCount(reader, totals.entries);
+    uint32_t entryStart = kHeaderBytes;
+    for (uint32_t i = 0; i < totals.entries; ++i) {
+        EntryHeader header;
+        uint8_t trackCount = 0;
+        if (!ReadEntryHeader(reader, entryStart, header) || !ReadU8(reader, trackCount)) break;
+        totals.seconds += header.totalSeconds;
+        totals.tracks += trackCount;
+        if (header.nextOffset <= entryStart) break;
+        entryStart = header.nextOffset;
+    }
+    return totals;
 }

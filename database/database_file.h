@@ -8,6 +8,7 @@
 #include "base/file_access.h"
 #include "database/database_result.h"
 #include "database/disc_entry.h"
+#include "database/window_reader.h"
 #include "disc/disc_toc.h"
 
 // The database's own copy of a table of contents: of the disc in the drive (CopyDiscToc) or of an
@@ -26,6 +27,9 @@ void EnsureDatabase();
 
 // EnsureDatabase, and the file stays open for reading.
 FileStatus OpenEnsuredDatabase(ScopedFile& file, WhenHeld whenHeld = WhenHeld::kGiveUp);
+
+// Opens an existing file for reading; one that another program holds is tried again.
+bool OpenDatabaseToRead(ScopedFile& file);
 
 // 0 when the file cannot be read.
 uint16_t DatabaseEntryCount();
@@ -50,3 +54,24 @@ bool LoadEntryFields(uint32_t entryStart, EntryFields& fields);
 
 // Fills DatabaseDisc from an entry; lengths it does not have are 0. False as above.
 bool LoadEntryDisc(uint32_t entryStart);
+
+// All of the entry that starts there; of one cut short, what can be read.
+DecodeResult ReadEntry(WindowReader& reader, uint32_t entryStart, DiscToc& disc,
+                       EntryFields& fields);
+
+struct NumberedEntry {
+    uint32_t start = 0;
+    DiscToc disc;
+    EntryFields fields;
+};
+// Entry number entryIndex (from 0). kDamaged when there is no such entry or it is not whole; entry
+// is then what could be read of it.
+DatabaseResult LoadNumberedEntry(uint32_t entryIndex, NumberedEntry& entry);
+
+struct DatabaseTotals {
+    uint16_t entries = 0;  // as the header says
+    uint32_t tracks = 0;
+    uint32_t seconds = 0;  // of the discs' stored totals, which are kept modulo 65,536
+};
+// What one walk over all entries gives; of a damaged file, what comes before the damage.
+DatabaseTotals SumDatabase();

@@ -52,6 +52,9 @@ const char* DatabaseResultText(DatabaseResult result) {
             return "Error! A disc without tracks can't be added. The database was not changed.";
         case DatabaseResult::kAddedMeanwhile:
             return "Another program has added this disc. Replace its entry?";
+        case DatabaseResult::kChangedMeanwhile:
+            return "Error! Another program has changed this entry or its number. Nothing was "
+                   "written.";
         case DatabaseResult::kNotTakenBack:
             return "Error! Writing the database failed, and so did taking it back. Please try "
                    "again!";

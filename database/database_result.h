@@ -15,8 +15,9 @@ enum class DatabaseResult {
     kDamaged,         // the entry is not there, or an entry behind it does not fit into the file
     kNoTracks,        // the disc has none: its entry would stand for every disc that cannot be read
     kAddedMeanwhile,  // another program has added the disc that was new when the user began
-    kNotTakenBack,    // writing failed, and taking back what was written failed too
-    kNoMemory,        // for the sort
+    kChangedMeanwhile,  // another program has changed or moved the entry that was shown
+    kNotTakenBack,      // writing failed, and taking back what was written failed too
+    kNoMemory,          // for the sort
 };
 
 // What a call that failed, or not, means for the change: one that opens or creates a file, and one

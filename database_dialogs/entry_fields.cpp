@@ -190,12 +190,18 @@ static void ShowLayout(const EntrySheet& sheet) {
 }
 
 static void ChooseLayout(EntrySheet& sheet, DatabaseLayout layout) {
-    PlayClickSound(IDS_SOUND_RADIO);
     KeepRows(sheet);
     SettingsValues changed = Settings;
     changed.databaseLayout = layout;
     ReplaceSettings(changed);
     ShowLayout(sheet);
+}
+
+void ShowFieldInLayout(EntrySheet& sheet, int controlId) {
+    const bool hidden =
+        !IsAdvancedLayout() &&
+        std::ranges::any_of(kAdvanced, [&](const auto& range) { return IsIn(range, controlId); });
+    if (hidden) ChooseLayout(sheet, DatabaseLayout::kAdvanced);
 }
 
 // Filling and reading
@@ -294,15 +300,19 @@ bool HandleEntryFieldCommand(EntrySheet& sheet, int controlId, int notification)
     }
     switch (controlId) {
         case IDC_ENTRY_PAGE_UP:
+            PlayClickSound(IDS_SOUND_RADIO);
             ShowTrackPage(sheet, PageAfter(sheet.page, sheet.pageCount));
             return true;
         case IDC_ENTRY_PAGE_DOWN:
+            PlayClickSound(IDS_SOUND_RADIO);
             ShowTrackPage(sheet, PageBefore(sheet.page, sheet.pageCount));
             return true;
         case IDC_ENTRY_SIMPLE:
+            PlayClickSound(IDS_SOUND_RADIO);
             ChooseLayout(sheet, DatabaseLayout::kSimple);
             return true;
         case IDC_ENTRY_ADVANCED:
+            PlayClickSound(IDS_SOUND_RADIO);
             ChooseLayout(sheet, DatabaseLayout::kAdvanced);
             return true;
         default:

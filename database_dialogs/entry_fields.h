@@ -39,6 +39,9 @@ EntryFields ReadEntry(EntrySheet& sheet);
 // Keeps the names typed into the page shown and shows another one, from 0.
 void ShowTrackPage(EntrySheet& sheet, int page);
 
+// Goes over to the advanced layout when the simple one hides this control.
+void ShowFieldInLayout(EntrySheet& sheet, int controlId);
+
 // What Enter means in a track name: the next one, over pages. False in the last name and elsewhere.
 bool MoveToNextName(EntrySheet& sheet);
 

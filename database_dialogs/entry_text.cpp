@@ -1,6 +1,8 @@
 // See entry_text.h.
 #include "database_dialogs/entry_text.h"
 
+#include <algorithm>
+
 #include "database/database_format.h"
 
 constexpr std::string_view kBlanks = " \t";
@@ -38,4 +40,15 @@ std::vector<std::string> SplitTrackNames(std::string_view text) {
         text.remove_prefix(end + 1);
     }
     return names;
+}
+
+uint32_t EntryIndexFromText(std::string_view text, uint32_t entryCount) {
+    text = Trim(text);
+    uint64_t number = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') break;
+        number = std::min<uint64_t>(number * 10 + static_cast<uint64_t>(c - '0'), UINT32_MAX);
+    }
+    number = std::clamp<uint64_t>(number, 1, std::max<uint32_t>(entryCount, 1));
+    return static_cast<uint32_t>(number - 1);
 }

@@ -1,6 +1,7 @@
 // Texts on their way into the fields of a catalogue entry.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,3 +10,7 @@
 // are dropped, and so is a number in front ("3. ", "03 - ", "3) ", "3: ", or set off by a tab).
 // Names are cut at 254 bytes.
 std::vector<std::string> SplitTrackNames(std::string_view text);
+
+// The index, from 0, of the entry whose number was typed: no number and numbers below 1 mean the
+// first entry, numbers beyond entryCount the last.
+uint32_t EntryIndexFromText(std::string_view text, uint32_t entryCount);

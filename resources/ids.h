@@ -13,6 +13,10 @@
 // Shared by several dialogs
 #define IDC_OK 326
 #define IDC_CANCEL 327
+#define IDC_SEARCH 328
+#define IDC_SEARCH_LABEL 333
+#define IDC_START 2010
+#define IDC_RUN_STATUS 2033
 
 // Dialog 100: the main window
 #define IDD_MAIN 100
@@ -239,9 +243,69 @@
 #define IDC_ENTRY_DISC_COUNT 1798
 #define IDC_ENTRY_DISC_COUNT_CAPTION 1799
 
-// The search dialog's radio buttons that the settings save
+// Dialog 2000: the export to a text file
+#define IDD_EXPORT 2000
+#define IDC_EXPORT_BROWSE 119
+#define IDC_EXPORT_PATH_GROUP 810
+#define IDC_EXPORT_PATH 820
+#define IDC_EXPORT_ITEM_FIRST 2020
+#define IDC_EXPORT_ITEM_LAST 2032
+#define IDC_EXPORT_ITEMS_GROUP 2040
+#define IDC_EXPORT_SORTING_GROUP 2041
+#define IDC_EXPORT_OUTPUT_GROUP 2042
+#define IDC_EXPORT_SORTED 2050
+#define IDC_EXPORT_FILE_ORDER 2051
+#define IDC_EXPORT_DELIMITED 2052
+#define IDC_EXPORT_PLAIN 2053
+
+// Dialog 2100: the database menu
+#define IDD_DATABASE_MENU 2100
+#define IDC_MENU_EDITOR 2110
+#define IDC_MENU_SORTER 2111
+#define IDC_MENU_INFORMATION 2112
+#define IDC_MENU_EXPORT 2113
+
+// Dialog 2200: the database editor
+#define IDD_EDITOR 2200
+#define IDC_EDITOR_SAVE 2220
+#define IDC_EDITOR_DELETE 2221
+
+// Dialog 2300: the database sorter
+#define IDD_SORTER 2300
+
+// Dialog 2400: the database information
+#define IDD_INFORMATION 2400
+#define IDC_INFORMATION_FILE 2410
+#define IDC_INFORMATION_CHANGED 2411
+#define IDC_INFORMATION_SIZE 2412
+#define IDC_INFORMATION_ENTRIES 2413
+#define IDC_INFORMATION_TRACKS 2414
+#define IDC_INFORMATION_DAYS 2415
+#define IDC_INFORMATION_HOURS 2416
+#define IDC_INFORMATION_MINUTES 2417
+#define IDC_INFORMATION_SECONDS 2418
+
+// Dialog 2500: the search; the editor uses the same numbers for its own entry number.
+#define IDD_SEARCH 2500
+#define IDC_SEARCH_IGNORE_CASE 1800
+#define IDC_SEARCH_MATCH_CASE 1801
+// The codes, which the settings save
 #define IDC_SEARCH_RADIO_FIRST 1802
 #define IDC_SEARCH_RADIO_LAST 1811
+#define IDC_SEARCH_FROM_ENTRY 1812
+#define IDC_SEARCH_ENTIRE 1813
+#define IDC_SEARCH_FIELD_FIRST 1820
+#define IDC_SEARCH_FIELD_LAST 1826
+#define IDC_SEARCH_TEXT 1830
+#define IDC_SEARCH_TEXT_GROUP 1831
+#define IDC_SEARCH_FIELDS_GROUP 1832
+#define IDC_SEARCH_KIND_GROUP 1833
+#define IDC_SEARCH_RANGE_GROUP 1834
+#define IDC_ENTRY_INDEX 1840
+#define IDC_ENTRY_INDEX_FORWARD 1841
+#define IDC_ENTRY_INDEX_BACK 1842
+#define IDC_ENTRY_INDEX_GROUP 1843
+#define IDC_SEARCH_RESULTS 1850
 
 // Skin bitmaps (RT_BITMAP). Pairs are the small and the large set.
 #define IDB_MAIN_BUTTONS 1

@@ -14,7 +14,7 @@
 #include "database/database_format.h"
 #include "database/disc_lookup.h"
 #include "resources/ids.h"
-#include "tests/database/sample_discs.h"
+#include "tests/database_dialogs/dialog_script.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
@@ -22,62 +22,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-static std::function<void(HWND)> Script;
-
 static DiscToc DiscOf(int tracks) {
     return SampleDisc(1, tracks).toc;
 }
 
-static BOOL CALLBACK TakeDialog(HWND window, LPARAM found) {
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (strcmp(name, "#32770") != 0) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
-// A dialog that has been ended is hidden until its message loop returns.
-static bool IsOpen(HWND dialog) {
-    return IsWindowVisible(dialog) != FALSE;
-}
-
-// Runs inside the dialog's own message loop, once it shows the dialog, and never leaves it open.
-static void CALLBACK RunScript(HWND, UINT, UINT_PTR timer, DWORD) {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), TakeDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (!IsOpen(dialog)) return;
-    KillTimer(nullptr, timer);
-    const auto script = std::exchange(Script, nullptr);
-    script(dialog);
-    if (IsOpen(dialog)) PostMessageA(dialog, WM_COMMAND, IDC_CANCEL, 0);
-}
-
 // Whether the dialog opened and ran the script.
 static bool Open(const DiscToc& disc, std::function<void(HWND)> script) {
-    Script = std::move(script);
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, RunScript);
-    ShowEntryDialog(MainWindow, disc);
-    KillTimer(nullptr, timer);
-    return Script == nullptr;
-}
-
-static void Press(HWND dialog, int id, int notification = BN_CLICKED) {
-    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, notification), 0);
-}
-
-static void Type(HWND dialog, int id, const std::string& text) {
-    SendDlgItemMessageA(dialog, id, EM_SETSEL, 0, -1);
-    for (char c : text)
-        SendDlgItemMessageA(dialog, id, WM_CHAR, static_cast<WPARAM>(c), 0);
-}
-
-static void PressEnterIn(HWND dialog, int id) {
-    SetFocus(GetDlgItem(dialog, id));
-    Press(dialog, IDOK);
-}
-
-static bool IsShown(HWND dialog, int id) {
-    return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) != 0;
+    return RunInDialog([&] { ShowEntryDialog(MainWindow, disc); }, std::move(script));
 }
 
 static int ShownRows(HWND dialog) {
@@ -104,11 +55,6 @@ static void Paste(HWND dialog, int id, const std::string& text) {
     SendDlgItemMessageA(dialog, id, WM_PASTE, 0, 0);
 }
 
-static HANDLE HoldDatabase() {
-    return CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_READ, 0, nullptr,
-                       OPEN_EXISTING, 0, nullptr);
-}
-
 static EntryFields Stored(const DiscToc& disc) {
     EntryFields fields;
     CopyDiscToc(disc);
@@ -123,24 +69,7 @@ static void Store(const Disc& disc) {
     ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
 }
 
-class EntryDialogTest : public testing::Test {
-protected:
-    void SetUp() override {
-        UseStandIns();
-        AppDirectory = FreshDirectory();
-        Settings.soundControls = false;
-        Settings.databaseLayout = DatabaseLayout::kAdvanced;
-        ProgramInstance = GetModuleHandleA(nullptr);
-        MainWindow =
-            CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-    }
-    void TearDown() override {
-        DestroyWindow(MainWindow);
-        MainWindow = nullptr;
-        DeleteFileA(InAppDirectory(kDatabaseName).c_str());
-        RemoveDirectoryA(AppDirectory.c_str());
-    }
-};
+using EntryDialogTest = DialogTest;
 
 TEST_F(EntryDialogTest, NewDiscIsAddedWithEverythingTyped) {
     Open(DiscOf(3), [](HWND dialog) {

@@ -25,3 +25,16 @@ TEST(EntryText, NumbersInFrontAreTakenOffButNamesKeepTheirDigits) {
         EXPECT_THAT(SplitTrackNames(name), ElementsAre(name));
     }
 }
+
+TEST(EntryText, TypedNumbersAreKeptWithinTheDatabase) {
+    struct Case {
+        const char* typed;
+        uint32_t index;
+    };
+    for (const Case& c : {Case{"2", 1}, Case{" 3 ", 2}, Case{"3x", 2}, Case{"4", 2},
+                          Case{"65537", 2}, Case{"4294967297", 2}, Case{"99999999999999999999", 2},
+                          Case{"0", 0}, Case{"-5", 0}, Case{"", 0}, Case{"abc", 0}, Case{"1", 0}}) {
+        EXPECT_EQ(EntryIndexFromText(c.typed, 3), c.index) << c.typed;
+    }
+    EXPECT_EQ(EntryIndexFromText("7", 0), 0u);
+}

@@ -7,7 +7,9 @@
 #include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_recovery.h"
+#include "database/database_search.h"
 #include "database/disc_lookup.h"
+#include "database/export_lines.h"
 #include "tests/database/memory_files.h"
 
 static void Require(bool holds) {
@@ -73,6 +75,31 @@ static void AskAbout(uint32_t entryStart) {
     Require(TrackNameText(DatabaseDisc.trackCount).size() <= 255);
 }
 
+// One result an entry, in fields that there are, and nothing written.
+static void SearchAndExport() {
+    const uint16_t entryCount = DatabaseEntryCount();
+    SearchQuery query;
+    query.text = "a";
+    for (const int code : {0, int{kFieldRecordingFirst}, int{kFieldFiveInch}}) {
+        query.code = code;
+        uint32_t steps = 0;
+        const auto hits = SearchDatabase(query, 0, [&](uint32_t, uint32_t) { ++steps; });
+        Require(hits.size() <= steps && steps <= entryCount);
+        for (const SearchHit& hit : hits)
+            Require(hit.entryIndex < entryCount && hit.field <= kFieldYearReleased &&
+                    hit.field != kMaxTracks);
+    }
+    Require(SumDatabase().tracks <= 255u * entryCount);
+    ExportItems items;
+    items.fill(true);
+    NumberedEntry entry;
+    for (const uint32_t index : {0u, 1u}) {
+        LoadNumberedEntry(index, entry);
+        Require(!PlainLines(entry.disc, entry.fields, items).empty());
+        Require(!DelimitedRecord(entry.disc, entry.fields, items).empty());
+    }
+}
+
 static void AskEverything(const MemorySnapshot& disk) {
     const size_t sizeBytes = disk.at(kDatabaseName).size();
     for (const uint32_t index : {0u, 1u, uint32_t{DatabaseEntryCount()}}) {
@@ -80,6 +107,7 @@ static void AskEverything(const MemorySnapshot& disk) {
         Require(entryStart < sizeBytes || entryStart == 0);
         AskAbout(entryStart);
     }
+    SearchAndExport();
     Require(ReadArtist(UINT32_MAX).empty() && ReadTrackName(UINT32_MAX, 1).empty());
     Require(DiskAfterEnd() == disk && CallsMade() < 3'000'000 && OpenHandles() == 0);
 }

@@ -1,0 +1,114 @@
+// See dialog_script.h.
+#include "tests/database_dialogs/dialog_script.h"
+
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "base/app_directory.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "database/database_format.h"
+#include "resources/ids.h"
+#include "tests/stand_ins.h"
+
+static std::function<void(HWND)> Script;
+
+// The one in front: a dialog with another one above it is disabled.
+static BOOL CALLBACK TakeDialog(HWND window, LPARAM found) {
+    char name[16] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (strcmp(name, "#32770") != 0 || !IsWindowEnabled(window)) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+bool IsOpen(HWND dialog) {
+    return IsWindowVisible(dialog) != FALSE;
+}
+
+static void CALLBACK RunScript(HWND, UINT, UINT_PTR timer, DWORD) {
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), TakeDialog, reinterpret_cast<LPARAM>(&dialog));
+    if (!IsOpen(dialog) || Script == nullptr) return;
+    KillTimer(nullptr, timer);
+    const auto script = std::exchange(Script, nullptr);
+    script(dialog);
+    if (IsOpen(dialog)) PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+}
+
+bool RunInDialog(const std::function<void()>& open, std::function<void(HWND)> script) {
+    Script = std::move(script);
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, RunScript);
+    open();
+    KillTimer(nullptr, timer);
+    return std::exchange(Script, nullptr) == nullptr;
+}
+
+void Press(HWND dialog, int id, int notification) {
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, notification), 0);
+}
+
+void Click(HWND dialog, int id) {
+    SendDlgItemMessageA(dialog, id, BM_CLICK, 0, 0);
+}
+
+void Type(HWND dialog, int id, const std::string& text) {
+    SendDlgItemMessageA(dialog, id, EM_SETSEL, 0, -1);
+    if (text.empty()) SendDlgItemMessageA(dialog, id, WM_CHAR, VK_BACK, 0);
+    for (char c : text)
+        SendDlgItemMessageA(dialog, id, WM_CHAR, static_cast<WPARAM>(c), 0);
+}
+
+void PressEnterIn(HWND dialog, int id) {
+    SetFocus(GetDlgItem(dialog, id));
+    Press(dialog, IDOK);
+}
+
+bool IsShown(HWND dialog, int id) {
+    return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+std::string DatabaseBytes() {
+    std::ifstream file(InAppDirectory(kDatabaseName), std::ios::binary);
+    std::stringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+void StoreBytes(const std::string& bytes) {
+    std::ofstream(InAppDirectory(kDatabaseName), std::ios::binary) << bytes;
+}
+
+void StoreDatabase(const std::vector<Disc>& discs) {
+    StoreBytes(DatabaseImage(discs));
+}
+
+HANDLE HoldDatabase() {
+    return CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_READ, 0, nullptr,
+                       OPEN_EXISTING, 0, nullptr);
+}
+
+void DialogTest::SetUp() {
+    UseStandIns();
+    AppDirectory = FreshDirectory();
+    SettingsPath = InAppDirectory("TARNWELL.INI");
+    Settings = {};
+    Settings.soundControls = false;
+    Settings.databaseLayout = DatabaseLayout::kAdvanced;
+    ProgramInstance = GetModuleHandleA(nullptr);
+    MainWindow =
+        CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+}
+
+void DialogTest::TearDown() {
+    DestroyWindow(MainWindow);
+    MainWindow = nullptr;
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA(InAppDirectory("*").c_str(), &found);
+    do {
+        DeleteFileA(InAppDirectory(found.cFileName).c_str());
+    } while (search != INVALID_HANDLE_VALUE && FindNextFileA(search, &found));
+    FindClose(search);
+    RemoveDirectoryA(AppDirectory.c_str());
+}

@@ -1,0 +1,283 @@
+// The real editor and its search on a database of their own: the entry that is shown is the one
+// that is written, in its place, and every other disc stays.
+#include "database_dialogs/editor_dialog.h"
+
+#include <gmock/gmock.h>
+
+#include "base/app_directory.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/database_format.h"
+#include "database/disc_lookup.h"
+#include "resources/ids.h"
+#include "tests/database_dialogs/dialog_script.h"
+#include "tests/stand_ins.h"
+#include "ui/dialog_helpers.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+static void Edit(const std::function<void(HWND)>& script) {
+    EXPECT_TRUE(RunInDialog([] { ShowEditorDialog(MainWindow); }, script));
+}
+
+static void Search(HWND editor, const std::function<void(HWND)>& script) {
+    EXPECT_TRUE(RunInDialog([=] { Press(editor, IDC_SEARCH); }, script));
+}
+
+static std::vector<Disc> ThreeDiscs() {
+    return {SampleDisc(1, 2), SampleDisc(2, 17), SampleDisc(3, 3)};
+}
+
+static std::string Number(HWND dialog) {
+    return ControlText(dialog, IDC_ENTRY_INDEX);
+}
+
+static std::string Artist(HWND dialog) {
+    return ControlText(dialog, IDC_ENTRY_ARTIST);
+}
+
+class EditorTest : public DialogTest {
+protected:
+    std::vector<Disc> discs = ThreeDiscs();
+    void SetUp() override {
+        DialogTest::SetUp();
+        StoreDatabase(discs);
+    }
+};
+
+TEST_F(EditorTest, BrowsingGoesAroundAndReadsTheFile) {
+    Edit([&](HWND dialog) {
+        EXPECT_EQ(Number(dialog), "1");
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "3");
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        EXPECT_EQ(Number(dialog), "3");
+        EXPECT_EQ(Artist(dialog), discs[2].fields.artist);
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD, BN_DOUBLECLICKED);
+        EXPECT_EQ(Number(dialog), "1");
+        Type(dialog, IDC_ENTRY_NAME_FIRST, "Dropped");
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        EXPECT_TRUE(IsShown(dialog, IDC_ENTRY_PAGE_UP));
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST), discs[0].fields.trackNames[0]);
+
+        // Enter takes the typed number and closes nothing.
+        Type(dialog, IDC_ENTRY_INDEX, "65537");
+        PressEnterIn(dialog, IDC_ENTRY_INDEX);
+        EXPECT_EQ(Number(dialog), "3");
+        EXPECT_EQ(Artist(dialog), discs[2].fields.artist);
+        PressEnterIn(dialog, IDC_ENTRY_ARTIST);
+        PressEnterIn(dialog, IDC_ENTRY_NAME_FIRST + 2);
+        EXPECT_TRUE(IsOpen(dialog));
+        // The number of the entry that is shown reads nothing anew, and neither does one that was
+        // only looked at.
+        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_INDEX));
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_YEAR));
+        Type(dialog, IDC_ENTRY_INDEX, " 003");
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_INDEX));
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_YEAR));
+        EXPECT_EQ(Number(dialog), "3");
+        EXPECT_EQ(Artist(dialog), "Typed");
+        Type(dialog, IDC_ENTRY_INDEX, "abc");
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_INDEX));
+        SetFocus(GetDlgItem(dialog, IDC_ENTRY_YEAR));
+        EXPECT_EQ(Artist(dialog), discs[0].fields.artist);
+    });
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+}
+
+TEST_F(EditorTest, SavingKeepsThePlaceAndTheOtherDiscs) {
+    Edit([&](HWND dialog) {
+        Press(dialog, IDC_EDITOR_SAVE);
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs)) << "nothing was changed";
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        Press(dialog, IDC_ENTRY_PAGE_UP);
+        Type(dialog, IDC_ENTRY_NAME_FIRST + 1, "Seventeenth, and longer than it was before");
+        Type(dialog, IDC_ENTRY_NOTES, "one\rtwo");
+        Click(dialog, IDC_ENTRY_TYPE_LAST);
+        // The player looks at its own disc meanwhile.
+        CopyDiscToc(SampleDisc(9, 9).toc);
+        Press(dialog, IDC_EDITOR_SAVE);
+        discs[1].fields.trackNames[16] = "Seventeenth, and longer than it was before";
+        discs[1].fields.notes = "one\r\ntwo";
+        discs[1].fields.discType = 3;
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
+        Type(dialog, IDC_ENTRY_ARTIST, "");
+        Press(dialog, IDC_EDITOR_SAVE);
+        discs[1].fields.artist = "";
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs)) << "saved twice";
+        Press(dialog, IDOK);
+        EXPECT_TRUE(IsOpen(dialog));
+    });
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+}
+
+TEST_F(EditorTest, DeletesWhatIsShownDownToTheLast) {
+    Edit([&](HWND dialog) {
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        TheBoxes.answerOk = false;
+        Press(dialog, IDC_EDITOR_DELETE);
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
+        TheBoxes.answerOk = true;
+        Press(dialog, IDC_EDITOR_DELETE);
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage({discs[0], discs[1]}));
+        EXPECT_EQ(Number(dialog), "2");
+        EXPECT_EQ(Artist(dialog), discs[1].fields.artist);
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "2");
+        Press(dialog, IDC_EDITOR_DELETE);
+        EXPECT_TRUE(IsOpen(dialog));
+        Press(dialog, IDC_EDITOR_DELETE);
+        EXPECT_FALSE(IsOpen(dialog));
+    });
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({}));
+    EXPECT_EQ(TheBoxes.shown.back(), "Database Empty. Nothing to edit!");
+    EXPECT_EQ(TheBoxes.shown.front(), "? Delete this item from the database?");
+}
+
+TEST_F(EditorTest, WhatAnotherProgramChangedIsNotOverwritten) {
+    Edit([&](HWND dialog) {
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        // Its number is now that of another disc.
+        StoreDatabase({discs[1], discs[2]});
+        const std::string before = DatabaseBytes();
+        Press(dialog, IDC_EDITOR_SAVE);
+        Press(dialog, IDC_EDITOR_DELETE);
+        EXPECT_EQ(DatabaseBytes(), before);
+        EXPECT_EQ(Artist(dialog), "Typed");
+        EXPECT_THAT(TheBoxes.shown,
+                    ElementsAre(HasSubstr("Another program has changed"), HasSubstr("? Delete"),
+                                HasSubstr("Another program has changed")));
+        // A file that was only written anew is no reason.
+        StoreDatabase(discs);
+        HANDLE holder = HoldDatabase();
+        Press(dialog, IDC_EDITOR_SAVE);
+        CloseHandle(holder);
+        EXPECT_EQ(TheBoxes.shown.size(), 3u) << "a file that cannot be opened is no message";
+        Press(dialog, IDC_EDITOR_SAVE);
+        discs[1].fields.artist = "Typed";
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
+    });
+    EXPECT_EQ(TheBoxes.shown.size(), 3u);
+}
+
+TEST_F(EditorTest, DamageIsToldOnceAndNotWrittenOver) {
+    std::string cut = DatabaseImage(discs);
+    cut.resize(cut.size() - 20);
+    StoreDatabase(discs);
+    HANDLE file = HoldDatabase();
+    CloseHandle(file);
+    file = CreateFileA((InAppDirectory(kDatabaseName)).c_str(), GENERIC_WRITE, 0, nullptr,
+                       OPEN_EXISTING, 0, nullptr);
+    SetFilePointer(file, -20, nullptr, FILE_END);
+    SetEndOfFile(file);
+    CloseHandle(file);
+    Edit([&](HWND dialog) {
+        EXPECT_THAT(TheBoxes.shown, IsEmpty());
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        EXPECT_EQ(Artist(dialog), discs[2].fields.artist) << "what can be read is shown";
+        EXPECT_EQ(TheBoxes.shown.size(), 1u);
+        Press(dialog, IDC_EDITOR_SAVE);
+        EXPECT_EQ(TheBoxes.shown.size(), 2u);
+    });
+    EXPECT_EQ(DatabaseBytes(), cut);
+}
+
+TEST_F(EditorTest, ASearchLandsOnTheFieldThatMatches) {
+    discs[1].fields.trackNames[15] = "Needle here";
+    discs[2].fields.label = "needle label";
+    discs[2].fields.recordingCode = 2;
+    StoreDatabase(discs);
+    Settings.databaseLayout = DatabaseLayout::kSimple;
+    Edit([&](HWND editor) {
+        Search(editor, [](HWND dialog) {
+            Type(dialog, IDC_SEARCH_TEXT, "NEEDLE");
+            PressEnterIn(dialog, IDC_SEARCH_TEXT);
+            EXPECT_EQ(ControlText(dialog, IDC_RUN_STATUS), "2 items found");
+            SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_SETCURSEL, 0, 0);
+            Press(dialog, IDC_SEARCH_RESULTS, LBN_DBLCLK);
+            EXPECT_FALSE(IsOpen(dialog));
+        });
+        EXPECT_EQ(Number(editor), "2");
+        EXPECT_EQ(ControlText(editor, IDC_ENTRY_NUMBER_FIRST), "16");
+        EXPECT_EQ(GetFocus(), GetDlgItem(editor, IDC_ENTRY_NAME_FIRST));
+        EXPECT_EQ(SendMessageA(GetFocus(), EM_GETSEL, 0, 0), MAKELRESULT(0, 11));
+        EXPECT_FALSE(IsShown(editor, IDC_ENTRY_LABEL_FIELD));
+
+        Search(editor, [](HWND dialog) {
+            // The list is still there.
+            EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_GETCOUNT, 0, 0), 2);
+            EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_GETITEMDATA, 1, 0),
+                      MAKELONG(2, 103));
+            SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_SETCURSEL, 1, 0);
+            Press(dialog, IDC_OK);
+        });
+        EXPECT_EQ(Number(editor), "3");
+        EXPECT_TRUE(IsShown(editor, IDC_ENTRY_LABEL_FIELD));
+        EXPECT_TRUE(IsDlgButtonChecked(editor, IDC_ENTRY_ADVANCED));
+        EXPECT_EQ(GetFocus(), GetDlgItem(editor, IDC_ENTRY_LABEL_FIELD));
+        EXPECT_EQ(Settings.databaseLayout, DatabaseLayout::kAdvanced);
+
+        Press(editor, IDC_EDITOR_SAVE);
+        Search(editor, [](HWND dialog) {
+            EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_GETCOUNT, 0, 0), 0)
+                << "of a file that has been written since";
+            Click(dialog, IDC_SEARCH_RADIO_FIRST + 2);
+            EXPECT_FALSE(IsShown(dialog, IDC_SEARCH_TEXT));
+            Press(dialog, IDC_START);
+            SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_SETCURSEL, 0, 0);
+            Press(dialog, IDC_OK);
+        });
+        EXPECT_EQ(GetFocus(), GetDlgItem(editor, IDC_ENTRY_RECORDING_FIRST + 2));
+    });
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+}
+
+TEST_F(EditorTest, ASearchWithoutAResultChangesNothing) {
+    Settings.search.entireDatabase = false;
+    Settings.search.caseSensitive = true;
+    Settings.search.radioId = IDC_SEARCH_RADIO_LAST;
+    Settings.search.track = false;
+    Edit([&](HWND editor) {
+        Press(editor, IDC_ENTRY_INDEX_FORWARD);
+        Type(editor, IDC_ENTRY_ARTIST, "Typed");
+        Search(editor, [&](HWND dialog) {
+            EXPECT_EQ(Number(dialog), "2");
+            EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_SEARCH_MATCH_CASE));
+            EXPECT_FALSE(IsDlgButtonChecked(dialog, IDC_SEARCH_FIELD_FIRST));
+            Type(dialog, IDC_SEARCH_TEXT, discs[0].fields.artist);
+            // The number that was typed counts without being left, and lies behind the first disc.
+            Type(dialog, IDC_ENTRY_INDEX, "3");
+            PressEnterIn(dialog, IDC_ENTRY_INDEX);
+            EXPECT_EQ(ControlText(dialog, IDC_RUN_STATUS), "0 items found");
+            EXPECT_THAT(TheBoxes.shown, ElementsAre("No match!"));
+            Click(dialog, IDC_SEARCH_ENTIRE);
+            EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_INDEX));
+            Press(dialog, IDC_START);
+            EXPECT_EQ(ControlText(dialog, IDC_RUN_STATUS), "1 items found");
+            Click(dialog, IDC_SEARCH_FIELD_FIRST);
+            Click(dialog, IDC_SEARCH_RADIO_FIRST + 4);
+            Press(dialog, IDCANCEL);
+            EXPECT_FALSE(IsOpen(dialog));
+        });
+        EXPECT_EQ(Number(editor), "2");
+        EXPECT_EQ(Artist(editor), "Typed");
+        // Cancel keeps the options too; those of the kind that is not chosen stay as they were.
+        const SearchSettings& kept = Settings.search;
+        EXPECT_TRUE(kept.track && kept.entireDatabase && !kept.textSearch && kept.caseSensitive);
+        EXPECT_EQ(kept.radioId, IDC_SEARCH_RADIO_FIRST + 4);
+        EXPECT_EQ(kept.text, discs[0].fields.artist);
+        Search(editor, [](HWND dialog) {
+            EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_GETCOUNT, 0, 0), 1);
+            Press(dialog, IDC_OK);  // nothing is selected
+        });
+        EXPECT_EQ(Number(editor), "2");
+    });
+}

@@ -1,0 +1,154 @@
+// The real export dialog: where it writes and where it does not, what is in the file, and that a
+// failure is told.
+#include "database_dialogs/export_dialog.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "base/app_directory.h"
+#include "base/file_access.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "database/export_lines.h"
+#include "database_dialogs/export_path.h"
+#include "resources/ids.h"
+#include "tests/database_dialogs/dialog_script.h"
+#include "tests/stand_ins.h"
+#include "ui/dialog_helpers.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+static void Export(const std::function<void(HWND)>& script) {
+    EXPECT_TRUE(RunInDialog([] { ShowExportDialog(MainWindow); }, script));
+}
+
+static void Start(HWND dialog, const std::string& path) {
+    SetControlText(dialog, IDC_EXPORT_PATH, path);
+    Press(dialog, IDC_START);
+}
+
+static std::string BytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::stringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+class ExportTest : public DialogTest {
+protected:
+    std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 1), SampleDisc(3, 1)};
+    ExportItems all;
+    void SetUp() override {
+        DialogTest::SetUp();
+        discs[0].fields.artist = "b";
+        discs[1].fields.artist = "";
+        discs[2].fields.artist = "A";
+        StoreDatabase(discs);
+        all.fill(true);
+    }
+    std::string Expected(std::initializer_list<size_t> order,
+                         std::string (*lines)(const DiscToc&, const EntryFields&,
+                                              const ExportItems&)) {
+        std::string text;
+        for (const size_t i : order)
+            text += lines(discs[i].toc, discs[i].fields, all);
+        return text;
+    }
+};
+
+TEST_F(ExportTest, WritesEveryDiscInBothFormsAndOrders) {
+    const std::string path = InAppDirectory("out.txt");
+    Export([&](HWND dialog) {
+        Start(dialog, path);
+        EXPECT_EQ(ControlText(dialog, IDC_RUN_STATUS), "Done!");
+        EXPECT_EQ(BytesOf(path), Expected({0, 1, 2}, PlainLines));
+        EXPECT_THAT(TheBoxes.shown, IsEmpty());
+        Click(dialog, IDC_EXPORT_SORTED);
+        Click(dialog, IDC_EXPORT_DELIMITED);
+        TheBoxes.answerOk = false;
+        Press(dialog, IDC_START);
+        EXPECT_EQ(BytesOf(path), Expected({0, 1, 2}, PlainLines)) << "not to be overwritten";
+        TheBoxes.answerOk = true;
+        PressEnterIn(dialog, IDC_EXPORT_PATH);
+        EXPECT_EQ(BytesOf(path), Expected({1, 2, 0}, DelimitedRecord));
+    });
+    // The choices are kept.
+    Export([&](HWND dialog) {
+        EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_EXPORT_SORTED));
+        EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_EXPORT_DELIMITED));
+        EXPECT_EQ(ControlText(dialog, IDC_EXPORT_PATH), path);
+        Click(dialog, IDC_EXPORT_FILE_ORDER);
+        Click(dialog, IDC_EXPORT_PLAIN);
+    });
+}
+
+TEST_F(ExportTest, TellsWhatCannotBeDone) {
+    Export([&](HWND dialog) {
+        const FileAccess system = FileCalls;
+        FileCalls.write = [](FileHandle, const void*, uint32_t sizeBytes, uint32_t& writtenBytes) {
+            writtenBytes = sizeBytes - 1;
+            return FileStatus::kOk;
+        };
+        Start(dialog, InAppDirectory("short.txt"));
+        FileCalls = system;
+        EXPECT_EQ(ControlText(dialog, IDC_RUN_STATUS), "");
+        Start(dialog, InAppDirectory("no such folder\\a.txt"));
+        for (int id = IDC_EXPORT_ITEM_FIRST; id <= IDC_EXPORT_ITEM_LAST; ++id)
+            CheckDlgButton(dialog, id, BST_UNCHECKED);
+        Press(dialog, IDC_START);
+        for (int id = IDC_EXPORT_ITEM_FIRST; id <= IDC_EXPORT_ITEM_LAST; ++id)
+            CheckDlgButton(dialog, id, BST_CHECKED);
+        StoreDatabase({});
+        Start(dialog, InAppDirectory("empty.txt"));
+    });
+    EXPECT_THAT(TheBoxes.shown,
+                ElementsAre("Error! Can't write export file.", "Invalid path!",
+                            "Error: nothing to export!", "Error: nothing to export!"));
+}
+
+TEST_F(ExportTest, PathsThatNothingIsWrittenTo) {
+    const std::string inside = "c" + AppDirectory.substr(1);
+    const std::string upper = "C";
+    CreateDirectoryA(InAppDirectory("folder").c_str(), nullptr);
+    ASSERT_TRUE(CreateHardLinkA(InAppDirectory("other.txt").c_str(),
+                                InAppDirectory("tarnwell.dat").c_str(), nullptr));
+    struct Case {
+        std::string typed;
+        std::string checked;  // empty when it is refused
+    };
+    const Case cases[] = {
+        {inside + "Out.TXT", inside + "Out.TXT"},
+        {upper + inside.substr(1) + "out.txt", inside + "out.txt"},
+        {inside, inside + "export.txt"},
+        {inside + "folder\\", inside + "folder\\export.txt"},
+        {"", ""},
+        {"out.txt", ""},
+        {"c:out.txt", ""},
+        {"\\out.txt", ""},
+        {"1:\\out.txt", ""},
+        {inside + "missing\\out.txt", ""},
+        {inside + "folder", ""},
+        {inside + "out?.txt", ""},
+        {inside + "out.txt:stream", ""},
+        {inside + "nul", ""},
+        {inside + "tarnwell.dat", ""},
+        {inside + "TARNWELL.new", ""},
+        {inside + "tarnwell.dbk", ""},
+        {inside + "tarnwell.ini", ""},
+        {inside + "tarnwell.dat.", ""},
+        {inside + "folder\\..\\tarnwell.dat", ""},
+        {inside + "other.txt", ""},
+    };
+    for (const Case& c : cases) {
+        std::string path;
+        EXPECT_EQ(CheckExportPath(c.typed, path), !c.checked.empty()) << c.typed;
+        EXPECT_EQ(path, c.checked) << c.typed;
+    }
+    RemoveDirectoryA(InAppDirectory("folder").c_str());
+    EXPECT_EQ(WithDirectory("d:\\new\\", "c:\\old\\name.txt"), "d:\\new\\name.txt");
+    EXPECT_EQ(WithDirectory("d:\\", "c:\\old\\"), "d:\\export.txt");
+}

@@ -1,0 +1,165 @@
+// The database menu of the real program and what it opens, while a disc plays underneath.
+#include "tests/database/sample_discs.h"
+#include "tests/desktop/desktop_test.h"
+
+class CatalogueTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        if (!HasVirtualDrive()) GTEST_SKIP() << "the virtual drive is not registered here";
+        DesktopTest::SetUp();
+        PutSetting(player, "SoundControls", "Off");
+        PutSetting(player, "CDDatabaseMode", "Simple");
+        for (int number = 1; number <= 9; ++number)
+            discs.push_back(SampleDisc(number, number == 5 ? 17 : 2));
+        discs[4].fields.trackNames[16] = "The last of seventeen";
+        // The disc in the drive, of short tracks that follow one another while the dialogs are
+        // open.
+        discs[1].toc = {3, 24, {2, 2, 20}};
+        discs[1].fields.artist = "zebra";
+        WriteFileBytes(player.directory + "tarnwell.dat", DatabaseImage(discs));
+        InsertSheet("short",
+                    "TRACK 1 AUDIO\nREM LENGTH 0:02:00\nTRACK 2 AUDIO\nREM LENGTH 0:02:00\n"
+                    "TRACK 3 AUDIO\nREM LENGTH 0:20:00\n");
+    }
+
+    // The next dialog in front, once a key or a command has brought it.
+    HWND InFront(const std::string& title) {
+        HWND dialog = nullptr;
+        EXPECT_TRUE(WaitUntil([&] {
+            dialog = WaitForPopup(player);
+            return dialog != nullptr && Title(dialog) == title && IsWindowEnabled(dialog);
+        })) << title;
+        return dialog;
+    }
+    static void TypeInto(HWND dialog, int id, const std::string& text) {
+        PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, id)), TRUE);
+        for (const char c : text)
+            PostMessageA(Control(dialog, id), WM_CHAR, static_cast<WPARAM>(c), 0);
+        EXPECT_TRUE(WaitForText(dialog, id, text));
+    }
+    std::string FileBytes(const std::string& name) {
+        std::string bytes;
+        FILE* file = fopen((player.directory + name).c_str(), "rb");
+        if (file == nullptr) return "no file";
+        for (int c = fgetc(file); c != EOF; c = fgetc(file))
+            bytes.push_back(static_cast<char>(c));
+        fclose(file);
+        return bytes;
+    }
+    bool WaitForDatabase() {
+        return WaitUntil([&] { return FileBytes("tarnwell.dat") == DatabaseImage(discs); });
+    }
+
+    void EditAndSearch(HWND menu);
+    void SortAndExport(HWND menu);
+
+    std::vector<Disc> discs;
+};
+
+void CatalogueTest::EditAndSearch(HWND menu) {
+    PressKey('E', VK_MENU);
+    HWND editor = InFront("Compact Disc Database Editor");
+    TypeInto(editor, IDC_ENTRY_INDEX, "2");
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(WaitForText(editor, IDC_ENTRY_ARTIST, "zebra"));
+    TypeInto(editor, IDC_ENTRY_ARTIST, "Aardvark");
+    // Held by another program: nothing happens, nothing is said, nothing is lost.
+    HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    Command(editor, IDC_EDITOR_SAVE);
+    EXPECT_TRUE(Settle(player));
+    EXPECT_EQ(InFront("Compact Disc Database Editor"), editor);
+    EXPECT_EQ(Text(editor, IDC_ENTRY_ARTIST), "Aardvark");
+    CloseHandle(lock);
+    // The player has gone on to the next track meanwhile.
+    ASSERT_TRUE(WaitForShown(IDC_TRACK_NUMBER, "2"));
+    PressKey('V', VK_MENU);
+    discs[1].fields.artist = "Aardvark";
+    EXPECT_TRUE(WaitForDatabase());
+
+    PressKey('S', VK_MENU);
+    HWND search = InFront("Search Database");
+    TypeInto(search, IDC_SEARCH_TEXT, "SEVENTEEN");
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(WaitForText(search, IDC_RUN_STATUS, "1 items found"));
+    SendMessageA(Control(search, IDC_SEARCH_RESULTS), LB_SETCURSEL, 0, 0);
+    PressKey('K', VK_MENU);
+    EXPECT_TRUE(WaitForText(editor, IDC_ENTRY_INDEX, "5"));
+    EXPECT_TRUE(WaitForText(editor, IDC_ENTRY_NUMBER_FIRST + 1, "17"));
+
+    // Enter on the Cancel that has the focus deletes nothing.
+    Command(editor, IDC_EDITOR_DELETE);
+    InFront("Tarnwell Question!");
+    PressKey(VK_TAB);
+    PressKey(VK_RETURN);
+    EXPECT_EQ(InFront("Compact Disc Database Editor"), editor);
+    EXPECT_TRUE(WaitForDatabase());
+    Command(editor, IDC_EDITOR_DELETE);
+    Command(InFront("Tarnwell Question!"), IDC_QUESTION_OK);
+    discs.erase(discs.begin() + 4);
+    EXPECT_TRUE(WaitForText(editor, IDC_ENTRY_DISC_COUNT, "8"));
+    EXPECT_TRUE(WaitForDatabase());
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(InFront("Garnish"), menu);
+}
+
+void CatalogueTest::SortAndExport(HWND menu) {
+    PressKey('S', VK_MENU);
+    HWND sorter = InFront("Database Sorter");
+    PressKey('S', VK_MENU);
+    EXPECT_TRUE(WaitForText(sorter, IDC_RUN_STATUS, "Done!"));
+    std::swap(discs[0], discs[1]);
+    EXPECT_TRUE(WaitForDatabase());
+    PressKey('O', VK_MENU);
+
+    EXPECT_EQ(InFront("Garnish"), menu);
+    PressKey('X', VK_MENU);
+    HWND exporter = InFront("Export to Text File");
+    EXPECT_EQ(Text(exporter, IDC_EXPORT_PATH), player.directory + "export.txt");
+    for (int item = 1; item < 13; ++item) {
+        SendMessageA(Control(exporter, IDC_EXPORT_ITEM_FIRST + item), BM_SETCHECK, BST_UNCHECKED,
+                     0);
+    }
+    PressKey('S', VK_MENU);
+    ASSERT_TRUE(WaitForText(exporter, IDC_RUN_STATUS, "Done!"));
+    EXPECT_TRUE(
+        FileBytes("export.txt").starts_with("Aardvark\r\n\r\nArtist 1\r\n\r\nArtist 3\r\n"));
+    SendMessageA(Control(exporter, IDC_EXPORT_DELIMITED), BM_CLICK, 0, 0);
+    PressKey('S', VK_MENU);
+    Command(InFront("Tarnwell Question!"), IDC_QUESTION_OK);
+    EXPECT_TRUE(WaitUntil([&] {
+        return FileBytes("export.txt").starts_with("\"Aardvark\"\r\n\"Artist 1\"\r\n\"Artist 3\"");
+    }));
+    // The program's own files are no destination, by whatever name.
+    TypeInto(exporter, IDC_EXPORT_PATH, player.directory + "TARNWELL.dat");
+    PressKey('S', VK_MENU);
+    Command(InFront("Tarnwell Message!"), IDC_OK);
+    EXPECT_TRUE(WaitForDatabase());
+    InFront("Export to Text File");
+    PressKey(VK_ESCAPE);
+}
+
+TEST_F(CatalogueTest, EverythingOfTheMenuWhileADiscPlays) {
+    StartIn("cdplayer");
+    ASSERT_TRUE(WaitForShown(IDC_DISC_TITLE, "zebra - Disc 2"));
+    Command(player.window, IDC_CD_PLAY);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Playing"));
+    Command(player.window, IDC_GARNISH);
+    HWND menu = InFront("Garnish");
+    EditAndSearch(menu);
+    SortAndExport(menu);
+
+    EXPECT_EQ(InFront("Garnish"), menu);
+    PressKey('I', VK_MENU);
+    HWND information = InFront("Database Information");
+    EXPECT_EQ(Text(information, IDC_INFORMATION_ENTRIES), "8");
+    EXPECT_EQ(Text(information, IDC_INFORMATION_TRACKS), "17");
+    EXPECT_EQ(Text(information, IDC_INFORMATION_SIZE),
+              std::to_string(DatabaseImage(discs).size()) + " bytes ");
+    PressKey(VK_RETURN);
+    InFront("Garnish");
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(WaitForNoPopup(player));
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Aardvark - Disc 2"));
+    EXPECT_EQ(Shown(IDC_CD_STATUS), "Playing");
+}

@@ -67,10 +67,14 @@ static bool IsPureFocusChange(const DRAWITEMSTRUCT& item) {
 
 bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                    std::span<const DialogButton> buttons, INT_PTR& result) {
-    if (message == WM_DRAWITEM &&
-        IsPureFocusChange(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam))) {
-        result = TRUE;
-        return true;
+    if (message == WM_DRAWITEM) {
+        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+        const DialogButton* button = FindButton(buttons, static_cast<int>(wParam));
+        if (button != nullptr && IsPureFocusChange(item)) {
+            DrawSkinFace(item, button->face);
+            result = TRUE;
+            return true;
+        }
     }
     return HandleDialogLook(dialog, message, wParam, lParam, buttons, result);
 }

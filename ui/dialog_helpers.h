@@ -27,8 +27,8 @@ void PrepareDialog(HWND dialog, std::span<const DialogButton> buttons);
 bool HandleDialogLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                       std::span<const DialogButton> buttons, INT_PTR& result);
 
-// The same for the message, question and About boxes, whose buttons are not drawn anew when only
-// the focus moves.
+// The same for the message, question and About boxes, whose edges are not drawn anew when only the
+// focus moves.
 bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                    std::span<const DialogButton> buttons, INT_PTR& result);
 

@@ -1,6 +1,8 @@
 // Owner-drawn push buttons with pictures for faces, and the frame corners.
 #include "ui/skin_buttons.h"
 
+#include <algorithm>
+
 #include "ui/handles.h"
 #include "ui/skin.h"
 
@@ -28,15 +30,45 @@ static void DrawRaisedEdge(HDC dc, const RECT& edge) {
     LineTo(dc, edge.left, edge.bottom - 1);
 }
 
+// From when a key moves the focus until the mouse does; where the focus is concerns nobody else.
+// The system has cues of its own for that, but not every platform has.
+static bool KeyboardInUse;
+
+static void NoteWhatMovesFocus(const DRAWITEMSTRUCT& item) {
+    if (!(item.itemAction & ODA_FOCUS)) return;
+    const auto isDown = [](int key) { return GetKeyState(key) < 0; };
+    constexpr int keys[] = {VK_TAB, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, VK_MENU};
+    if (std::any_of(std::begin(keys), std::end(keys), isDown)) KeyboardInUse = true;
+    if (isDown(VK_LBUTTON)) KeyboardInUse = false;
+}
+
+static bool ShowsFocus(const DRAWITEMSTRUCT& item) {
+    return KeyboardInUse && (item.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS;
+}
+
+static void DrawFocus(const DRAWITEMSTRUCT& item) {
+    constexpr int inset = 3;
+    RECT place = item.rcItem;
+    InflateRect(&place, -inset, -inset);
+    SetTextColor(item.hDC, RGB(0, 0, 0));
+    SetBkColor(item.hDC, RGB(255, 255, 255));
+    DrawFocusRect(item.hDC, &place);
+}
+
+void DrawSkinFace(const DRAWITEMSTRUCT& item, const SkinFace& face) {
+    const SkinRect source = FaceRect(face, (item.itemState & ODS_SELECTED) != 0, LargeSkin != 0);
+    CopyFromSkin(item.hDC, 1, 1, face.grid->slot, source);
+    NoteWhatMovesFocus(item);
+    if (ShowsFocus(item)) DrawFocus(item);
+}
+
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face) {
-    const UINT state = item.itemState & ~kCueBits;
-    if (HasFlatFrame(item.itemAction, state)) {
+    if (HasFlatFrame(item.itemAction, item.itemState & ~kCueBits)) {
         FrameRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
     } else {
         DrawRaisedEdge(item.hDC, item.rcItem);
     }
-    const SkinRect source = FaceRect(face, (state & ODS_SELECTED) != 0, LargeSkin != 0);
-    CopyFromSkin(item.hDC, 1, 1, face.grid->slot, source);
+    DrawSkinFace(item, face);
 }
 
 // The large buttons have their label below and stand right above it; the others have it beside

@@ -5,7 +5,9 @@
 
 #include "resources/skin_map.h"
 
-// Draws edge and face for a WM_DRAWITEM.
+// Draws the face alone for a WM_DRAWITEM, and where the focus is while the keyboard is in use.
+void DrawSkinFace(const DRAWITEMSTRUCT& item, const SkinFace& face);
+// The edge too.
 void DrawSkinButton(const DRAWITEMSTRUCT& item, const SkinFace& face);
 
 // Makes the button as large as its face and edge, centred in the place that the template gave it, a

@@ -1,6 +1,7 @@
 // Buttons drawn into a bitmap in memory: both frame rules, recolouring, and no handle left behind.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "base/program_state.h"
@@ -50,6 +51,16 @@ protected:
                GetPixel(dc, 52, 20) == GetSysColor(COLOR_BTNFACE);
     }
 
+    // Everything inside the edge.
+    std::vector<COLORREF> Picture() const {
+        std::vector<COLORREF> pixels;
+        for (int y = 1; y < 48; ++y) {
+            for (int x = 1; x < 52; ++x)
+                pixels.push_back(GetPixel(dc, x, y));
+        }
+        return pixels;
+    }
+
     HDC dc = nullptr;
     HBITMAP bitmap = nullptr;
     HGDIOBJ old = nullptr;
@@ -79,22 +90,33 @@ TEST_F(SkinDrawing, ChangesLookAtSelectedAndWholeDrawingsAtAnyState) {
 }
 
 TEST_F(SkinDrawing, PressedFaceDiffersAndIsCopiedToTheSamePlace) {
-    const auto picture = [this] {
-        std::vector<COLORREF> pixels;
-        for (int y = 1; y < 48; ++y) {
-            for (int x = 1; x < 52; ++x)
-                pixels.push_back(GetPixel(dc, x, y));
-        }
-        return pixels;
-    };
     Draw(ODA_SELECT, 0);
-    const auto up = picture();
+    const auto up = Picture();
     Draw(ODA_SELECT, ODS_SELECTED);
-    const auto pressed = picture();
+    const auto pressed = Picture();
     EXPECT_NE(up, pressed);
     Draw(ODA_SELECT, 0);
-    EXPECT_EQ(picture(), up);
+    EXPECT_EQ(Picture(), up);
     EXPECT_EQ(GetPixel(dc, 55, 20), RGB(0, 0, 0)) << "drawn beyond the item";
+}
+
+TEST_F(SkinDrawing, FocusIsSeenOnceTheKeyboardIsUsed) {
+    const auto drawWhileHeld = [this](int key, UINT state) {
+        BYTE keys[256] = {};
+        keys[key] = 0x80;
+        SetKeyboardState(keys);
+        Draw(ODA_FOCUS, state);
+        SetKeyboardState(std::array<BYTE, 256>{}.data());
+        return Picture();
+    };
+    const auto without = drawWhileHeld(VK_LBUTTON, ODS_FOCUS);
+    EXPECT_EQ(drawWhileHeld(VK_TAB, 0), without);
+    EXPECT_EQ(drawWhileHeld(VK_TAB, ODS_FOCUS | ODS_NOFOCUSRECT), without);
+    const auto with = drawWhileHeld(VK_TAB, ODS_FOCUS);
+    EXPECT_NE(with, without);
+    EXPECT_TRUE(IsRaised());
+    EXPECT_EQ(drawWhileHeld(0, ODS_FOCUS), with) << "a box that opens later";
+    EXPECT_EQ(drawWhileHeld(VK_LBUTTON, ODS_FOCUS), without);
 }
 
 static void ChangeSystemColour(int element, COLORREF colour) {

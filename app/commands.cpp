@@ -11,8 +11,10 @@
 #include "database_dialogs/database_menu.h"
 #include "database_dialogs/entry_dialog.h"
 #include "playback/cd_commands.h"
+#include "playback/cd_player.h"
 #include "playback/cd_readouts.h"
 #include "playback/file_player.h"
+#include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/about_box.h"
 #include "ui/click_sounds.h"
@@ -159,5 +161,44 @@ void OnCommand(HWND window, WPARAM wParam, LPARAM lParam, bool blocked) {
         if (!ShuttingDown) OnDiscRequest(window, track, blocked);
     } else if (!blocked) {
         OnControl(window, LOWORD(wParam), HIWORD(wParam));
+    }
+}
+
+static void OnPlayPauseKey(HWND window) {
+    if (InCdMode()) {
+        DWORD mode = 0;
+        const bool plays = QueryDriveMode(window, mode) && mode == MCI_MODE_PLAY;
+        GuardedCommand(window, plays ? IDC_CD_PAUSE : IDC_CD_PLAY);
+    } else {
+        // A file that has come to its end is open still, but nothing watches it any more.
+        GuardedCommand(window, IsPositionTimerRunning(window) ? IDC_PAUSE : IDC_PLAY);
+    }
+}
+
+bool OnMediaKey(HWND window, int appCommand) {
+    switch (appCommand) {
+        case APPCOMMAND_MEDIA_PLAY_PAUSE:
+            OnPlayPauseKey(window);
+            return true;
+        case APPCOMMAND_MEDIA_STOP:
+            GuardedCommand(window, InCdMode() ? IDC_CD_STOP : IDC_STOP);
+            return true;
+        case APPCOMMAND_MEDIA_NEXTTRACK:
+            if (InCdMode()) {
+                GuardedCommand(window, IDC_SKIP_FORWARD);
+            } else {
+                OnNextFile(window);
+            }
+            return true;
+        case APPCOMMAND_MEDIA_PREVIOUSTRACK:
+            if (InCdMode()) {
+                GuardedCommand(window, IDC_SKIP_BACK);
+            } else {
+                // The start of the file that plays.
+                OnFileScroll(window, SB_LEFT, 0);
+            }
+            return true;
+        default:
+            return false;
     }
 }

@@ -3,6 +3,7 @@
 
 #include "app/commands.h"
 #include "app/directory_field.h"
+#include "app/drop_target.h"
 #include "app/instance.h"
 #include "app/layout.h"
 #include "app/main_buttons.h"
@@ -45,6 +46,7 @@ static BOOL OnInitDialog(HWND window) {
     ResetCdPlayer();
     LoadSkin(window);
     CenterOnScreen(window);
+    AcceptDrops(window);
     if (!StartFileGiven) ReadSettings();
     if (PlayOnStart) SetPlayMode(IDC_MODE_CDPLAYER);
     PrepareLayout(window);
@@ -121,6 +123,13 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
     switch (message) {
         case WM_COMMAND:
             OnCommand(window, wParam, lParam, IsBlocked(window));
+            return 0;
+        case WM_APPCOMMAND:
+            if (IsBlocked(window)) return 0;
+            if (OnMediaKey(window, GET_APPCOMMAND_LPARAM(lParam))) return TRUE;
+            return DefDlgProcA(window, message, wParam, lParam);
+        case WM_DROPFILES:
+            OnDropFiles(window, wParam, IsBlocked(window));
             return 0;
         case WM_HSCROLL:
             if (!IsBlocked(window)) OnScroll(window, wParam);

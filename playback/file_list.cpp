@@ -115,6 +115,14 @@ std::string DisplayName(const std::string& path, const std::string& name) {
     return found.cFileName;
 }
 
+void SelectFiles(HWND window, const std::vector<std::string>& names) {
+    SendMessageA(FileList(window), LB_SETSEL, names.empty(), -1);
+    for (const std::string& name : names) {
+        const int index = FindEntry(window, name);
+        if (index != LB_ERR) SendMessageA(FileList(window), LB_SETSEL, TRUE, index);
+    }
+}
+
 bool SelectFileByName(HWND window, const std::string& name) {
     int index = FindEntry(window, name);
     if (index == LB_ERR && ModeDirectory() != nullptr) {

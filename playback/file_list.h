@@ -24,6 +24,9 @@ int SelectedFileCount(HWND window);
 // The name under which the file system finds the path, or the given name when it finds none.
 std::string DisplayName(const std::string& path, const std::string& name);
 
+// Selects the entries with these names, or all when there are no names.
+void SelectFiles(HWND window, const std::vector<std::string>& names);
+
 // Selects the entry with this name alone, case ignored; an 8.3 name matches by its long name. False
 // when there is none.
 bool SelectFileByName(HWND window, const std::string& name);

@@ -100,6 +100,15 @@ void OnRepeat(HWND window) {
     SetRepeat(window, !PlayQueue.repeat);
 }
 
+void OnNextFile(HWND window) {
+    MCI_GENERIC_PARMS generic = {};
+    if (!MediaDevice.open || PlayQueue.filesLeft == 0) return;
+    if (!SendToDevice(window, MCI_STOP, MCI_WAIT, &generic) || !CloseIfStopped(window)) return;
+    ShowStatus(window, "Playing");
+    OpenNextFile(window);
+    StartPlayTimers(window);
+}
+
 void CutPlayQueue(HWND window) {
     MediaDevice.playAndExit = false;
     CutQueue(PlayQueue);

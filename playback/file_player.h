@@ -14,6 +14,8 @@ void OnPlay(HWND window);
 void OnStop(HWND window);
 void OnPause(HWND window);
 void OnRepeat(HWND window);
+// The queue's next file, while one is open and there is another.
+void OnNextFile(HWND window);
 
 // Selects the file that the program was started for: the program ends when it has been played.
 // False when the list does not have it.

@@ -1,0 +1,111 @@
+// What reaches the main window from outside its buttons: media keys and dropped files.
+#include <gmock/gmock.h>
+#include <shlobj.h>
+
+#include "base/app_directory.h"
+#include "base/modes.h"
+#include "base/program_state.h"
+#include "playback/media_device.h"
+#include "resources/ids.h"
+#include "tests/fake_drive.h"
+#include "tests/stand_ins.h"
+#include "ui/boxes.h"
+
+using testing::Contains;
+
+class MainWindowTest : public testing::Test {
+protected:
+    void SetUp() override {
+        UseStandIns();
+        TheMci.status[MCI_STATUS_LENGTH] = 2000;
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+    }
+    void TearDown() override { CloseTestWindow(); }
+
+    static LRESULT MediaKey(int key) {
+        return SendMessageA(MainWindow, WM_APPCOMMAND, reinterpret_cast<WPARAM>(MainWindow),
+                            MAKELPARAM(0, key));
+    }
+    static void Drop(const std::vector<std::string>& paths) {
+        std::string list;
+        for (const std::string& path : paths)
+            list += path + '\0';
+        list += '\0';
+        HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + list.size());
+        auto* header = static_cast<DROPFILES*>(GlobalLock(block));
+        header->pFiles = sizeof *header;
+        memcpy(header + 1, list.data(), list.size());
+        GlobalUnlock(block);
+        SendMessageA(MainWindow, WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
+    }
+    static std::string OpenedFile() {
+        for (const std::string& line : TakeLog()) {
+            if (line.starts_with("open ")) return line.substr(5);
+        }
+        return "nothing";
+    }
+};
+
+TEST_F(MainWindowTest, MediaKeysDriveTheQueue) {
+    OpenTestWindow(IDC_MODE_WAVE, {"a.wav", "b.wav"});
+    SendMessageA(GetDlgItem(MainWindow, IDC_FILE_LIST), LB_SETSEL, TRUE, -1);
+    EXPECT_TRUE(MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE));
+    EXPECT_EQ(OpenedFile(), AppDirectory + "a.wav");
+    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
+    EXPECT_EQ(Text(IDC_STATUS), "Paused");
+    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
+    EXPECT_EQ(Text(IDC_STATUS), "Playing");
+    TakeLog();
+    MediaKey(APPCOMMAND_MEDIA_PREVIOUSTRACK);
+    EXPECT_EQ(TakeLog(), Log{"play from 0"});
+    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
+    EXPECT_EQ(OpenedFile(), AppDirectory + "b.wav");
+    EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
+    MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
+    EXPECT_EQ(TakeLog(), Log{}) << "there is no next file";
+    MediaKey(APPCOMMAND_MEDIA_STOP);
+    EXPECT_FALSE(MediaDevice.open);
+    EXPECT_FALSE(MediaKey(APPCOMMAND_VOLUME_UP));
+
+    TheBoxes.whileOpen = [] { MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE); };
+    ShowMessage("box");
+    EXPECT_FALSE(MediaDevice.open);
+}
+
+TEST_F(MainWindowTest, MediaKeysDriveTheDisc) {
+    InstallFakeDrive({60, 70});
+    OpenTestWindow(IDC_MODE_CDPLAYER, {});
+    TakeLog();
+    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
+    EXPECT_THAT(TakeLog(), Contains("play 1 0:00.00"));
+    MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
+    EXPECT_THAT(TakeLog(), Contains("play 2 0:00.00"));
+    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
+    EXPECT_THAT(TakeLog(), Contains("pause"));
+    MediaKey(APPCOMMAND_MEDIA_STOP);
+    EXPECT_THAT(TakeLog(), Contains("stop"));
+}
+
+TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
+    OpenTestWindow(IDC_MODE_CDPLAYER, {"one.wav", "two.wav", "three.wav", "song.mid", "notes.txt"});
+    const std::string files = AppDirectory;
+    Drop({files + "notes.txt", files + "two.wav", files + "song.mid", files + "one.wav"});
+    EXPECT_EQ(PlayMode, IDC_MODE_WAVE);
+    EXPECT_EQ(Text(IDC_SELECTED_COUNT), "2");
+    EXPECT_EQ(OpenedFile(), files + "one.wav");
+
+    const std::string empty = FreshDirectory();
+    WaveFilesPath = empty;
+    Drop({empty.substr(0, empty.size() - 1), files.substr(0, files.size() - 1)});
+    EXPECT_EQ(Text(IDC_SELECTED_COUNT), "3");
+    EXPECT_EQ(WaveFilesPath, files);
+    EXPECT_TRUE(MediaDevice.open);
+
+    TakeLog();
+    TheBoxes.whileOpen = [&] { Drop({files + "song.mid"}); };
+    ShowMessage("box");
+    Drop({files + "notes.txt", files + std::string(400, 'x') + ".wav"});
+    EXPECT_EQ(PlayMode, IDC_MODE_WAVE);
+    EXPECT_EQ(TakeLog(), Log{}) << "what plays was disturbed";
+}

@@ -5,6 +5,15 @@
 
 #include "base/file_texts.h"
 
+std::string DisplayName(const std::string& path, const std::string& name) {
+    if (path.find_first_of("?*") != std::string::npos) return name;
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return name;
+    FindClose(search);
+    return found.cFileName;
+}
+
 // Null when the file cannot be opened.
 static HANDLE OpenToLook(const std::string& path) {
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ,

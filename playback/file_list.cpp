@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "base/file_description.h"
 #include "base/program_state.h"
 #include "base/settings.h"
 #include "resources/ids.h"
@@ -105,14 +106,6 @@ void FillModeList(HWND window, bool keepSelection) {
     const LRESULT count = SendMessageA(FileList(window), LB_GETCOUNT, 0, 0);
     SetControlText(window, IDC_LIST_COUNT,
                    std::to_string(count) + " " + CurrentMode().label + " Files:");
-}
-
-std::string DisplayName(const std::string& path, const std::string& name) {
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA(path.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return name;
-    FindClose(search);
-    return found.cFileName;
 }
 
 void SelectFiles(HWND window, const std::vector<std::string>& names) {

@@ -21,9 +21,6 @@ std::string ListEntryText(HWND window, int index);
 std::vector<std::string> SelectedFileNames(HWND window, size_t limit);
 int SelectedFileCount(HWND window);
 
-// The name under which the file system finds the path, or the given name when it finds none.
-std::string DisplayName(const std::string& path, const std::string& name);
-
 // Selects the entries with these names, or all when there are no names.
 void SelectFiles(HWND window, const std::vector<std::string>& names);
 

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/file_description.h"
 #include "base/program_state.h"
 #include "base/settings.h"
 #include "playback/file_list.h"

@@ -10,6 +10,7 @@
 #include "base/program_state.h"
 #include "database_dialogs/database_menu.h"
 #include "database_dialogs/entry_dialog.h"
+#include "files/program_commands.h"
 #include "playback/cd_commands.h"
 #include "playback/cd_player.h"
 #include "playback/cd_readouts.h"
@@ -56,6 +57,7 @@ struct Command {
 constexpr Command kCommands[] = {
     {IDC_ABOUT, CommandKind::kAnyMode, OnAbout, IDS_SOUND_ABOUT},
     {IDC_EXIT, CommandKind::kAnyMode, OnExit},
+    {IDC_VOLUME, CommandKind::kAnyMode, StartMixer, IDS_SOUND_EDITOR},
     {IDC_PLAY, CommandKind::kFileModes, OnPlay},
     {IDC_STOP, CommandKind::kFileModes, OnStop},
     {IDC_PAUSE, CommandKind::kFileModes, OnPause},

@@ -5,7 +5,11 @@
 #include <vector>
 
 #include "base/modes.h"
+#include "files/copy_dialog.h"
+#include "files/delete_dialog.h"
 #include "files/path_dialog.h"
+#include "files/program_commands.h"
+#include "files/rename_dialog.h"
 #include "playback/file_info_dialog.h"
 #include "playback/file_list.h"
 #include "playback/file_player.h"
@@ -38,15 +42,19 @@ struct FileCommand {
     bool refill;  // whether the files may be others afterwards
 };
 
+static void OnDelete(HWND window, const FileNames& names) {
+    if (ShowDeleteDialog(window, names)) FillModeList(window);
+}
+
 // The names come in list order, at most as many as a queue takes.
 constexpr FileCommand kFileCommands[] = {
     {IDC_BROWSE, false, nullptr, IDS_SOUND_BROWSE, OnBrowse, false},
-    {IDC_COPY, false, "No files to copy!", IDS_SOUND_COPY, nullptr, false},
-    {IDC_MOVE, false, "No files to move!", IDS_SOUND_MOVE, nullptr, true},
-    {IDC_RENAME, false, "No files to rename!", 0, nullptr, true},
-    {IDC_DELETE, false, "No files to delete!", IDS_SOUND_DELETE, nullptr, true},
+    {IDC_COPY, false, "No files to copy!", IDS_SOUND_COPY, ShowCopyDialog, false},
+    {IDC_MOVE, false, "No files to move!", IDS_SOUND_MOVE, ShowMoveDialog, true},
+    {IDC_RENAME, false, "No files to rename!", 0, ShowRenameDialogs, true},
+    {IDC_DELETE, false, "No files to delete!", IDS_SOUND_DELETE, OnDelete, false},
     {IDC_INFO, false, "No files to get information!", 0, ShowFileInformation, false},
-    {IDC_EDITOR, false, "No files to send to an editor!", IDS_SOUND_EDITOR, nullptr, false},
+    {IDC_EDITOR, false, "No files to send to an editor!", IDS_SOUND_EDITOR, EditFirstFile, false},
     {IDC_SETUP, true, nullptr, IDS_SOUND_SETUP, nullptr, false},
 };
 

@@ -3,8 +3,15 @@
 
 #include <windows.h>
 
-#include "files/editor_types.h"
+#include <string>
 
-// Opens on one kind of file; nothing is written before OK. The main window is disabled meanwhile
-// and enabled afterwards, unless it was disabled before.
-void ShowEditorDialog(HWND owner, EditorType type);
+#include "base/modes.h"
+
+// "*.WAV"
+std::string FilePattern(const MediaType& type);
+
+// Opens on one kind of file; nothing is written before OK. The owner is disabled meanwhile and
+// enabled afterwards, unless it was disabled before.
+void ShowEditorDialog(HWND owner, const MediaType& type);
+// Opens on the current mode's first kind; on wave files in cdplayer mode.
+void ShowEditorDialog(HWND owner);

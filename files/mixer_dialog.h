@@ -3,6 +3,6 @@
 
 #include <windows.h>
 
-// Nothing is written before OK. The main window is disabled meanwhile and enabled afterwards,
-// unless it was disabled before.
+// Nothing is written before OK. The owner is disabled meanwhile and enabled afterwards, unless it
+// was disabled before.
 void ShowMixerDialog(HWND owner);

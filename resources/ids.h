@@ -141,11 +141,44 @@
 #define IDC_PATH_LEGEND_FIRST 340
 #define IDC_PATH_LEGEND_LAST 344
 
+// Dialog 500: deleting files
+#define IDD_DELETE 500
+#define IDC_DELETE_OK 510
+#define IDC_DELETE_CANCEL 511
+#define IDC_DELETE_QUESTION 520
+
 // Dialog 600: the message box
 #define IDD_MESSAGE 600
 #define IDC_MESSAGE_TEXT 610
 #define IDC_MESSAGE_FRAME 611
 #define IDC_OK_LABEL 612
+
+// Dialog 700: renaming files
+#define IDD_RENAME 700
+#define IDC_RENAME_NAME 720
+
+// Dialog 800: copying and moving files
+#define IDD_COPY 800
+#define IDC_COPY_BROWSE 119
+#define IDC_COPY_OK 510
+#define IDC_COPY_CANCEL 511
+#define IDC_COPY_DESTINATION 820
+#define IDC_COPY_STATUS 830
+#define IDC_COPY_QUESTION 831
+#define IDC_COPY_PERCENT 832
+#define IDC_COPY_NEEDED 833
+#define IDC_COPY_AVAILABLE 834
+#define IDC_COPY_ANIMATION 835
+
+// Dialog 900: a file that is in the way of a copy
+#define IDD_OVERWRITE 900
+#define IDC_OVERWRITE_OK 510
+#define IDC_OVERWRITE_CANCEL 511
+#define IDC_OVERWRITE_ALL 910
+#define IDC_OVERWRITE_TARGET 925
+#define IDC_OVERWRITE_TARGET_SIZE 926
+#define IDC_OVERWRITE_SOURCE 927
+#define IDC_OVERWRITE_SOURCE_SIZE 928
 
 // Dialog 1000: the question box
 #define IDD_QUESTION 1000
@@ -206,6 +239,19 @@
 // Dialog 2700: the credits
 #define IDD_CREDITS 2700
 #define IDC_CREDITS_TEXT 2710
+
+// Dialog 1600: the editors. The mixer dialog uses the same field numbers.
+#define IDD_EDITOR 1600
+#define IDC_PROGRAM_BROWSE 119
+#define IDC_PROGRAM_LIST 1610
+#define IDC_EDITOR_TYPE_FIRST 1620
+#define IDC_EDITOR_TYPE_LAST 1624
+#define IDC_PROGRAM_SELECT 1630
+#define IDC_PROGRAM_NONE 1631
+#define IDC_PROGRAM_NAME 1640
+#define IDC_PROGRAM_DESCRIPTION 1641
+#define IDC_PROGRAM_LOCATION 1650
+#define ID_PROGRAM_TIMER 1
 
 // Dialog 1700: the entry dialog; the database editor uses the same field numbers.
 #define IDD_ENTRY 1700
@@ -306,6 +352,9 @@
 #define IDC_ENTRY_INDEX_BACK 1842
 #define IDC_ENTRY_INDEX_GROUP 1843
 #define IDC_SEARCH_RESULTS 1850
+
+// Dialog 1900: the volume mixer
+#define IDD_MIXER 1900
 
 // Skin bitmaps (RT_BITMAP). Pairs are the small and the large set.
 #define IDB_MAIN_BUTTONS 1

@@ -234,6 +234,37 @@ TEST_F(ModesTest, AboutBoxAndItsCreditsByKeyboard) {
     EXPECT_TRUE(WaitForNoPopup(player));
 }
 
+TEST_F(ModesTest, DialogsOverTheFilesAreWholeAndApart) {
+    AddMedia("a.wav", WaveFile(500));
+    WriteFileBytes(player.directory + "a.wav", WaveFile(100));
+    PutSetting(player, "WaveCopyToPath", player.directory.c_str());
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    const struct {
+        int command;
+        int answerOfFirst;  // opens another dialog; 0: none
+    } cases[] = {{IDC_COPY, 0},   {IDC_COPY, IDC_COPY_OK},       {IDC_RENAME, 0},
+                 {IDC_DELETE, 0}, {IDC_EDITOR, IDC_QUESTION_OK}, {IDC_VOLUME, IDC_QUESTION_OK}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.command) + ", " + std::to_string(c.answerOfFirst));
+        SelectAll(List(), true);
+        Command(player.window, c.command);
+        HWND dialog = WaitForPopup(player);
+        ASSERT_NE(dialog, nullptr);
+        if (c.answerOfFirst != 0) {
+            HWND first = dialog;
+            Command(first, c.answerOfFirst);
+            ASSERT_TRUE(WaitUntil([&] {
+                dialog = WaitForPopup(player, 0);
+                return dialog && dialog != first;
+            }));
+        }
+        ASSERT_TRUE(Settle(player));
+        ExpectComposed(dialog);
+        PostMessageA(dialog, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(WaitForNoPopup(player));
+    }
+}
+
 TEST_F(ModesTest, TabKeyReachesEveryShownButton) {
     for (const char* mode : {"wave", "cdplayer"}) {
         SCOPED_TRACE(mode);

@@ -1,0 +1,258 @@
+// Copying, moving, renaming and deleting files and handing them to other programs, in the real
+// program.
+#include <gmock/gmock.h>
+
+#include "tests/desktop/desktop_test.h"
+
+using testing::ElementsAre;
+
+static std::string FileText(const std::string& path) {
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                              0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return "(no file)";
+    char text[1000];
+    DWORD count = 0;
+    ReadFile(file, text, sizeof text, &count, nullptr);
+    CloseHandle(file);
+    return {text, count};
+}
+
+static std::string StubProgram() {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::string own = path;
+    return own.substr(0, own.rfind('\\') + 1) + "command_line_stub.exe";
+}
+
+class FileToolsTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        target = player.directory + "target\\";
+        CreateDirectoryA(target.c_str(), nullptr);
+        PutSetting(player, "WaveCopyToPath", target.c_str());
+        for (const char* name : {"a.wav", "b.wav", "c.wav"})
+            AddMedia(name, std::string("new ") + name);
+        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    }
+
+    // The dialog of this title in front, null when it does not come.
+    HWND Dialog(const std::string& title) {
+        HWND dialog = nullptr;
+        WaitUntil([&] {
+            dialog = WaitForPopup(player, 0);
+            return dialog && Title(dialog) == title;
+        });
+        return dialog && Title(dialog) == title ? dialog : nullptr;
+    }
+    void Open(int command, const std::vector<std::string>& names) {
+        SelectAll(List(), false);
+        for (const std::string& name : names)
+            ASSERT_TRUE(Select(List(), name)) << name;
+        Command(player.window, command);
+    }
+    // The message box shows this text; closes it.
+    void ExpectMessage(const std::string& text) {
+        HWND box = Dialog("Tarnwell Message!");
+        ASSERT_NE(box, nullptr) << text;
+        EXPECT_TRUE(WaitForText(box, IDC_MESSAGE_TEXT, text)) << Text(box, IDC_MESSAGE_TEXT);
+        Command(box, IDC_OK);
+        EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }));
+    }
+    static void Type(HWND dialog, int id, const std::string& text) {
+        SendMessageA(Control(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+    static void PressIn(HWND dialog, uint8_t key) {
+        SetForegroundWindow(dialog);
+        PressKey(key);
+    }
+
+    std::string target;
+};
+
+TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
+    const struct {
+        int firstAnswer;
+        int secondAnswer;  // 0: not asked
+        const char *a, *b;
+    } cases[] = {
+        {IDC_OVERWRITE_OK, IDC_OVERWRITE_CANCEL, "new a.wav", "old"},
+        {IDC_OVERWRITE_CANCEL, IDC_OVERWRITE_OK, "old", "new b.wav"},
+        {IDC_OVERWRITE_ALL, 0, "new a.wav", "new b.wav"},
+    };
+    for (const auto& c : cases) {
+        WriteFileBytes(target + "a.wav", "old");
+        WriteFileBytes(target + "b.wav", "old");
+        ASSERT_NO_FATAL_FAILURE(Open(IDC_COPY, {"a.wav", "b.wav"}));
+        HWND copy = Dialog("Copy files");
+        ASSERT_NE(copy, nullptr);
+        EXPECT_EQ(Text(copy, IDC_COPY_QUESTION), "Copy selected files?");
+        EXPECT_EQ(Text(copy, IDC_COPY_DESTINATION), target);
+        EXPECT_EQ(Text(copy, IDC_COPY_NEEDED), "18 bytes ");
+        ClickMouse(CentreOf(Control(copy, IDC_COPY_OK)));
+        HWND question = Dialog("File Already Exists");
+        ASSERT_NE(question, nullptr);
+        EXPECT_EQ(Text(question, IDC_OVERWRITE_SOURCE), MediaDirectory() + "a.wav");
+        EXPECT_EQ(Text(question, IDC_OVERWRITE_TARGET), target + "a.wav");
+        EXPECT_THAT(Text(question, IDC_OVERWRITE_SOURCE_SIZE), testing::StartsWith("9 bytes "));
+        EXPECT_THAT(Text(question, IDC_OVERWRITE_TARGET_SIZE), testing::StartsWith("3 bytes "));
+        ClickMouse(CentreOf(Control(question, c.firstAnswer)));
+        if (c.secondAnswer != 0) {
+            HWND second = nullptr;
+            ASSERT_TRUE(WaitUntil([&] {
+                second = Dialog("File Already Exists");
+                return second && second != question;
+            }));
+            EXPECT_TRUE(WaitForText(second, IDC_OVERWRITE_TARGET, target + "b.wav"));
+            Command(second, c.secondAnswer);
+        }
+        EXPECT_TRUE(WaitForNoPopup(player));
+        EXPECT_EQ(FileText(target + "a.wav"), c.a);
+        EXPECT_EQ(FileText(target + "b.wav"), c.b);
+    }
+    EXPECT_EQ(ListTexts(List()).size(), 3u);
+}
+
+TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
+    // Another spelling of the very same file.
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_MOVE, {"a.wav"}));
+    HWND move = Dialog("Move files");
+    ASSERT_NE(move, nullptr);
+    EXPECT_EQ(Text(move, IDC_COPY_DESTINATION), "c:\\a.wav");
+    Type(move, IDC_COPY_DESTINATION, target + "../media/a.wav");
+    PressIn(move, VK_RETURN);
+    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Error: Can't copy file over itself!"));
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_EQ(FileText(MediaDirectory() + "a.wav"), "new a.wav");
+
+    // A directory that is not there, refused first.
+    const std::string deep = player.directory + "new\\deep\\";
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_MOVE, {"a.wav"}));
+    move = Dialog("Move files");
+    ASSERT_NE(move, nullptr);
+    for (const char* wrong : {"C:\\x\\a.wav", "c:\\a?.wav"}) {
+        Type(move, IDC_COPY_DESTINATION, wrong);
+        PressIn(move, VK_RETURN);
+        ASSERT_NO_FATAL_FAILURE(ExpectMessage("Invalid destination path!"));
+    }
+    Type(move, IDC_COPY_DESTINATION, deep + "other.wav");
+    PressIn(move, VK_RETURN);
+    HWND question = Dialog("Tarnwell Question!");
+    ASSERT_NE(question, nullptr);
+    std::string missing = player.directory + "new";
+    CharUpperA(missing.data());
+    EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
+              "Directory " + missing + " does not exist, create?");
+    Command(question, IDC_QUESTION_CANCEL);
+    EXPECT_TRUE(WaitForText(move, IDC_COPY_STATUS, "Aborted!"));
+    EXPECT_NE(GetSetting(player, "WaveMoveToPath"), deep);
+    PressIn(move, VK_RETURN);
+    for (int created = 0; created < 2; ++created) {
+        question = Dialog("Tarnwell Question!");
+        ASSERT_NE(question, nullptr);
+        Command(question, IDC_QUESTION_OK);
+        EXPECT_TRUE(WaitUntil([&] { return !IsWindow(question); }));
+    }
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_EQ(FileText(deep + "other.wav"), "new a.wav");
+    EXPECT_EQ(GetSetting(player, "WaveMoveToPath"), deep);
+    EXPECT_THAT(ListTexts(List()), ElementsAre("b.wav", "c.wav"));
+}
+
+TEST_F(FileToolsTest, RenameGoesOnAfterACancelAndDeleteAsksFirst) {
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_RENAME, {"a.wav", "b.wav", "c.wav"}));
+    const struct {
+        const char* name;
+        const char* typed;  // null: cancelled
+    } steps[] = {{"a.wav", "A new.wav"}, {"b.wav", nullptr}, {"c.wav", "b.wav"}};
+    for (const auto& step : steps) {
+        HWND rename = nullptr;
+        ASSERT_TRUE(WaitUntil([&] {
+            rename = WaitForPopup(player, 0);
+            return rename && Text(rename, IDC_RENAME_NAME) == step.name;
+        })) << step.name;
+        if (step.typed != nullptr) Type(rename, IDC_RENAME_NAME, step.typed);
+        PressIn(rename, step.typed != nullptr ? VK_RETURN : VK_ESCAPE);
+    }
+    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't rename file c.wav"));
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_THAT(ListTexts(List()), ElementsAre("A new.wav", "b.wav", "c.wav"));
+
+    for (const auto& refuse :
+         {std::function<void(HWND)>([](HWND dialog) {
+              PressIn(dialog, VK_TAB);
+              PressKey(VK_RETURN);  // the focused Cancel
+          }),
+          std::function<void(HWND)>([](HWND dialog) { PostMessageA(dialog, WM_CLOSE, 0, 0); })}) {
+        ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"b.wav"}));
+        HWND dialog = Dialog("Delete Files");
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(Text(dialog, IDC_DELETE_QUESTION), "Delete b.wav?");
+        refuse(dialog);
+        EXPECT_TRUE(WaitForNoPopup(player));
+        EXPECT_EQ(FileText(MediaDirectory() + "b.wav"), "new b.wav");
+    }
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"A new.wav", "b.wav"}));
+    HWND dialog = Dialog("Delete Files");
+    ASSERT_NE(dialog, nullptr);
+    DeleteFileA((MediaDirectory() + "A new.wav").c_str());
+    PressIn(dialog, VK_RETURN);
+    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't delete file: A new.wav"));
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_THAT(ListTexts(List()), ElementsAre("c.wav"));
+}
+
+TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
+    const std::string tools = player.directory + "tools\\";
+    CreateDirectoryA(tools.c_str(), nullptr);
+    ASSERT_TRUE(CopyFileA(StubProgram().c_str(), (tools + "waved.exe").c_str(), TRUE));
+    const auto openDialog = [&] {
+        Open(IDC_EDITOR, {"b.wav", "c.wav"});
+        HWND question = Dialog("Tarnwell Question!");
+        EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
+                  "No editor selected for *.WAV files. Do you want to select one?");
+        PressIn(question, VK_RETURN);
+        return Dialog("Select editor for *.WAV files");
+    };
+    HWND dialog = openDialog();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(Text(dialog, IDC_PROGRAM_NAME), "None selected");
+    Type(dialog, IDC_PROGRAM_LOCATION, tools);
+    SetForegroundWindow(dialog);
+    ClickMouse(CentreOf(Control(dialog, IDC_PROGRAM_LOCATION)));
+    PressKey(VK_TAB);
+    HWND programs = Control(dialog, IDC_PROGRAM_LIST);
+    EXPECT_TRUE(WaitUntil([&] { return ListTexts(programs).size() == 1; }));
+    EXPECT_THAT(ListTexts(programs), ElementsAre("waved.exe"));
+    SendMessageA(programs, LB_SETCURSEL, 0, 0);
+    Command(dialog, IDC_PROGRAM_SELECT);
+    EXPECT_TRUE(WaitForText(dialog, IDC_PROGRAM_NAME, "WAVED.EXE"));
+    Command(dialog, IDC_OK);
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_EQ(GetSetting(player, "WavEditorPath") + GetSetting(player, "WavEditorName"),
+              tools + "waved.exe");
+
+    Command(player.window, IDC_EDITOR);
+    const std::string expected = tools + "waved.exe " + MediaDirectory() + "b.wav";
+    EXPECT_TRUE(WaitUntil([&] { return FileText(tools + "waved.exe.txt") == expected; }))
+        << FileText(tools + "waved.exe.txt");
+
+    PutSetting(player, "WavEditorName", "gone.exe");
+    Command(player.window, IDC_EDITOR);
+    ASSERT_NO_FATAL_FAILURE(
+        ExpectMessage("CreateProcess failed! Can't load " + tools + "gone.exe"));
+    PutSetting(player, "WavEditorName", "0");
+    dialog = openDialog();
+    ASSERT_NE(dialog, nullptr);
+    Command(dialog, IDC_PROGRAM_NONE);
+    Command(dialog, IDC_OK);
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_EQ(GetSetting(player, "WavEditorPath"), "(missing)");
+
+    PutSetting(player, "VolumeApplicationPath", tools.c_str());
+    PutSetting(player, "VolumeApplicationName", "waved.exe");
+    DeleteFileA((tools + "waved.exe.txt").c_str());
+    Command(player.window, IDC_VOLUME);
+    EXPECT_TRUE(
+        WaitUntil([&] { return FileText(tools + "waved.exe.txt") == tools + "waved.exe"; }));
+}

@@ -15,7 +15,7 @@ void ShowEditorDialog(HWND owner, const MediaType& type) {
     for (const MediaType& each : MediaTypes()) {
         purposes.push_back({"Select editor for " + FilePattern(each) + " files", EditorSlot(each)});
     }
-    ShowProgramDialog(owner, IDD_EDITOR, purposes, static_cast<size_t>(&type - MediaTypes().data()),
+    ShowProgramDialog(owner, IDD_EDITORS, purposes, static_cast<size_t>(&type - MediaTypes().data()),
                       WhenNone::kRemoveKeys);
 }
 

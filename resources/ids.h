@@ -241,7 +241,7 @@
 #define IDC_CREDITS_TEXT 2710
 
 // Dialog 1600: the editors. The mixer dialog uses the same field numbers.
-#define IDD_EDITOR 1600
+#define IDD_EDITORS 1600
 #define IDC_PROGRAM_BROWSE 119
 #define IDC_PROGRAM_LIST 1610
 #define IDC_EDITOR_TYPE_FIRST 1620

@@ -2,7 +2,7 @@
 #include "files/program_commands.h"
 
 #include "base/modes.h"
-#include "files/editor_dialog.h"
+#include "files/editors_dialog.h"
 #include "files/mixer_dialog.h"
 #include "files/programs.h"
 #include "ui/boxes.h"
@@ -20,7 +20,7 @@ void EditFirstFile(HWND owner, const std::vector<std::string>& names) {
         StartOrTell(editor, " " + *ModeDirectory() + names[0]);
     } else if (AskQuestion("No editor selected for " + FilePattern(type) +
                            " files. Do you want to select one?")) {
-        ShowEditorDialog(owner, type);
+        ShowEditorsDialog(owner, type);
     }
 }
 

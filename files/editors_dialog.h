@@ -12,6 +12,6 @@ std::string FilePattern(const MediaType& type);
 
 // Opens on one kind of file; nothing is written before OK. The owner is disabled meanwhile and
 // enabled afterwards, unless it was disabled before.
-void ShowEditorDialog(HWND owner, const MediaType& type);
+void ShowEditorsDialog(HWND owner, const MediaType& type);
 // Opens on the current mode's first kind; on wave files in cdplayer mode.
-void ShowEditorDialog(HWND owner);
+void ShowEditorsDialog(HWND owner);

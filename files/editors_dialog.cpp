@@ -1,5 +1,5 @@
 // Dialog 1600: which program edits the files of each kind.
-#include "files/editor_dialog.h"
+#include "files/editors_dialog.h"
 
 #include "files/program_dialog.h"
 #include "resources/ids.h"
@@ -10,15 +10,15 @@ std::string FilePattern(const MediaType& type) {
     return "*." + extension;
 }
 
-void ShowEditorDialog(HWND owner, const MediaType& type) {
+void ShowEditorsDialog(HWND owner, const MediaType& type) {
     std::vector<ProgramPurpose> purposes;
     for (const MediaType& each : MediaTypes()) {
         purposes.push_back({"Select editor for " + FilePattern(each) + " files", EditorSlot(each)});
     }
-    ShowProgramDialog(owner, IDD_EDITORS, purposes, static_cast<size_t>(&type - MediaTypes().data()),
-                      WhenNone::kRemoveKeys);
+    ShowProgramDialog(owner, IDD_EDITORS, purposes,
+                      static_cast<size_t>(&type - MediaTypes().data()), WhenNone::kRemoveKeys);
 }
 
-void ShowEditorDialog(HWND owner) {
-    ShowEditorDialog(owner, InCdMode() ? MediaTypes()[0] : CurrentMode().types[0]);
+void ShowEditorsDialog(HWND owner) {
+    ShowEditorsDialog(owner, InCdMode() ? MediaTypes()[0] : CurrentMode().types[0]);
 }

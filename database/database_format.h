@@ -8,6 +8,7 @@
 constexpr const char* kDatabaseName = "tarnwell.dat";
 constexpr const char* kNewDatabaseName = "tarnwell.new";
 constexpr const char* kBackupName = "tarnwell.dbk";
+constexpr const char* kDamagedName = "TARNWELL.BAD";
 
 constexpr uint8_t kHeaderMark[6] = {0xFF, 'Q', 'M', 'R', 0x00, 0x0A};
 constexpr uint32_t kCountOffset = 6;

@@ -24,6 +24,10 @@ std::string BackupPath() {
     return PathBeside(kBackupName, ".dbk");
 }
 
+std::string DamagedPath() {
+    return PathBeside(kDamagedName, ".BAD");
+}
+
 void UseDatabaseFile(const std::string& path) {
     ChosenPath = path;
 }

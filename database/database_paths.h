@@ -1,4 +1,4 @@
-// Where the catalogue lies, and the two files that stand beside it for moments.
+// Where the catalogue lies, and the files that may stand beside it.
 #pragma once
 
 #include <string>
@@ -9,7 +9,10 @@ std::string DatabasePath();
 std::string NewDatabasePath();
 // The catalogue from before a rewrite: tarnwell.dbk.
 std::string BackupPath();
+// A copy of a damaged catalogue from before it was rebuilt: TARNWELL.BAD.
+std::string DamagedPath();
 
-// Another catalogue from now on; the empty path means the program's own again. Its new file and its
-// backup bear its name with .new and .dbk in place of .dat, or behind a name that ends otherwise.
+// Another catalogue from now on; the empty path means the program's own again. The files
+// beside it bear its name with .new, .dbk and .BAD in place of .dat, or behind a name that ends
+// otherwise.
 void UseDatabaseFile(const std::string& path);

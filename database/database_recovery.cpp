@@ -94,25 +94,67 @@ static RecoveryResult RestoreDatabase(const std::string& database) {
     if (RenamePatiently(source.c_str(), database.c_str()) != FileStatus::kOk) {
         return RecoveryResult::kFailed;
     }
-    // A backup that stays behind does no harm: the next rewrite removes it.
-    if (takeRewritten) RemovePatiently(backup.c_str());
     return RecoveryResult::kRestored;
+}
+
+static FileStatus HasHeader(const std::string& path, bool& hasHeader) {
+    ScopedFile file;
+    uint64_t sizeBytes = 0;
+    FileStatus status = OpenPatiently(path.c_str(), FileMode::kReadShared, file);
+    if (status == FileStatus::kOk) status = FileCalls.size(file.handle, sizeBytes);
+    if (status == FileStatus::kOk) hasHeader = sizeBytes >= kHeaderBytes;
+    return status;
+}
+
+// No disc is in a file that ends before its header does, and a copy that has some may lie beside
+// it. Clears the name for RestoreDatabase: the rest is removed when there is a backup, and becomes
+// the backup when there is none, because only a backup vouches for a tarnwell.new.
+static void SetShortDatabaseAside(const std::string& database) {
+    bool hasHeader = true;
+    if (HasHeader(database, hasHeader) != FileStatus::kOk || hasHeader) return;
+    const std::string backup = BackupPath();
+    bool backupHasHeader = false;
+    const FileStatus asked = HasHeader(backup, backupHasHeader);
+    if (backupHasHeader) {
+        RemovePatiently(database.c_str());
+    } else if (PassesStrictCheck(NewDatabasePath()) &&
+               (asked == FileStatus::kMissing ||
+                (asked == FileStatus::kOk && RemovePatiently(backup.c_str()) == asked))) {
+        RenamePatiently(database.c_str(), backup.c_str());
+    }
+}
+
+// A backup that is kept beside a whole database would bring old discs back, should the database be
+// deleted one day.
+static void RemoveOldBackup(const std::string& database) {
+    const std::string backup = BackupPath();
+    if (FileCalls.exists(backup.c_str()) != FileStatus::kOk) return;
+    if (PassesStrictCheck(database)) RemovePatiently(backup.c_str());
+}
+
+static RecoveryResult RepairDatabaseFile(const std::string& database) {
+    ScopedFile file;
+    if (OpenPatiently(database.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
+        return RecoveryResult::kFailed;
+    }
+    return RepairDatabaseEnd(file.handle);
 }
 
 RecoveryResult RecoverDatabase() {
     const std::string database = DatabasePath();
     RecoveryResult restored = RecoveryResult::kNothingToDo;
-    const FileStatus status = FileCalls.exists(database.c_str());
+    FileStatus status = FileCalls.exists(database.c_str());
+    if (status == FileStatus::kOk) {
+        SetShortDatabaseAside(database);
+        status = FileCalls.exists(database.c_str());
+    }
     if (status == FileStatus::kMissing) {
         restored = RestoreDatabase(database);
         if (restored != RecoveryResult::kRestored) return restored;
     } else if (status != FileStatus::kOk) {
         return RecoveryResult::kFailed;
     }
-    ScopedFile file;
-    if (OpenPatiently(database.c_str(), FileMode::kReadWrite, file) != FileStatus::kOk) {
-        return RecoveryResult::kFailed;
-    }
-    const RecoveryResult repaired = RepairDatabaseEnd(file.handle);
+    const RecoveryResult repaired = RepairDatabaseFile(database);
+    if (repaired != RecoveryResult::kFailed) RemoveOldBackup(database);
     return repaired == RecoveryResult::kNothingToDo ? restored : repaired;
 }

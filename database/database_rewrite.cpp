@@ -74,21 +74,14 @@ DatabaseResult CopyHeader(RewriteSource& source, uint16_t entryCount, RewriteTar
     return WriteResult(target.status);
 }
 
-DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
-    EntryHeader header;
-    uint64_t entryEnd = 0;
-    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd) ||
-        !ReadEntryHeader(source.reader, entryStart, header)) {
-        return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
-    }
+DatabaseResult CopyEntryBytes(RewriteSource& source, uint64_t entryStart, uint64_t entryEnd,
+                              RewriteTarget& target) {
     const uint32_t sizeBytes = static_cast<uint32_t>(entryEnd - entryStart);
-    if (sizeBytes != kNextOffsetBytes + header.entrySize) return DatabaseResult::kDamaged;
     if (target.offset + sizeBytes > UINT32_MAX) return DatabaseResult::kFull;
     const uint32_t newStart = static_cast<uint32_t>(target.offset);
-
     uint8_t pointers[kDiscKeyOffset];
     PutU32(pointers, newStart + sizeBytes);
-    PutU16(pointers + kEntrySizeOffset, header.entrySize);
+    PutU16(pointers + kEntrySizeOffset, static_cast<uint16_t>(sizeBytes - kNextOffsetBytes));
     PutBytes(target, pointers, sizeof pointers);
     const DatabaseResult result = CopyBytes(source, entryStart + kDiscKeyOffset,
                                             sizeBytes - kDiscKeyOffset - kTrailerBytes, target);
@@ -96,6 +89,19 @@ DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarg
     PutU32(pointers, newStart);
     PutBytes(target, pointers, kTrailerBytes);
     return WriteResult(target.status);
+}
+
+DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target) {
+    EntryHeader header;
+    uint64_t entryEnd = 0;
+    if (!FindEntryEnd(source.reader, entryStart, source.sizeBytes, entryEnd) ||
+        !ReadEntryHeader(source.reader, entryStart, header)) {
+        return source.reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
+    }
+    if (entryEnd != entryStart + kNextOffsetBytes + header.entrySize) {
+        return DatabaseResult::kDamaged;
+    }
+    return CopyEntryBytes(source, entryStart, entryEnd, target);
 }
 
 DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
@@ -133,7 +139,7 @@ static DatabaseResult FinishTarget(RewriteTarget& target) {
     return ReadBack(target);
 }
 
-static DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
+DatabaseResult WriteNewDatabase(const RewriteContent& writeContent) {
     ScopedFile database;
     FileStatus status = OpenPatiently(DatabasePath().c_str(), FileMode::kReadWrite, database);
     if (status != FileStatus::kOk) return OpenResult(status);

@@ -28,6 +28,7 @@ struct RewriteTarget {
 
 void PutBytes(RewriteTarget& target, const void* data, uint32_t sizeBytes);
 
+// A header of this program with a count.
 void PutHeader(RewriteTarget& target, uint16_t entryCount);
 
 // The first six header bytes as they are in the source, and a count.
@@ -42,6 +43,10 @@ DatabaseResult CopyBytes(RewriteSource& source, uint64_t from, uint64_t sizeByte
 // pointers agrees with it.
 DatabaseResult CopyEntry(RewriteSource& source, uint64_t entryStart, RewriteTarget& target);
 
+// The same for an entry that is known to fill the bytes from entryStart to entryEnd.
+DatabaseResult CopyEntryBytes(RewriteSource& source, uint64_t entryStart, uint64_t entryEnd,
+                              RewriteTarget& target);
+
 // Copies the entries from `from` to the end of the old file the same way. `copiedTo` is where the
 // last one ends in the old file: up to 3 bytes that are no entry can follow there.
 DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& target,
@@ -49,6 +54,9 @@ DatabaseResult CopyEntries(RewriteSource& source, uint64_t from, RewriteTarget& 
 
 // Writes the whole new file, header included, and answers kOk, or what stops the rewrite.
 using RewriteContent = std::function<DatabaseResult(RewriteSource&, RewriteTarget&)>;
+
+// The first half of a rewrite: tarnwell.new is written, flushed, read back and closed.
+DatabaseResult WriteNewDatabase(const RewriteContent& writeContent);
 
 // kOk: the new file is in place. Anything else: the old one is, or, should undoing the first rename
 // fail too, it waits as the backup and the next use of the database brings it back. kNotTakenBack:

@@ -1,6 +1,7 @@
 // See entry_dialog.h.
 #include "database_dialogs/entry_dialog.h"
 
+#include <optional>
 #include <string>
 
 #include "base/program_state.h"
@@ -8,6 +9,7 @@
 #include "database/database_file.h"
 #include "database/disc_lookup.h"
 #include "database_dialogs/entry_fields.h"
+#include "database_dialogs/rebuild_question.h"
 #include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/click_sounds.h"
@@ -61,14 +63,24 @@ static void Close(HWND dialog) {
 
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
-    // The catalogue's own record of the disc follows the drive.
-    CopyDiscToc(Sheet.disc);
-    const DatabaseResult result = SaveDisc(ReadEntry(Sheet), KnownAtOpening);
-    if (result == DatabaseResult::kOk) {
+    const EntryFields fields = ReadEntry(Sheet);
+    const auto save = [&] {
+        // The catalogue's own record of the disc follows the drive, also while a question is open.
+        CopyDiscToc(Sheet.disc);
+        return SaveDisc(fields, KnownAtOpening);
+    };
+    // Unless it is saved, the dialog stays with everything typed.
+    std::optional<DatabaseResult> result = ChangeDatabase(save);
+    if (result == DatabaseResult::kAddedMeanwhile) {
+        if (!AskQuestion(DatabaseResultText(*result))) return;
+        KnownAtOpening = true;
+        result = ChangeDatabase(save);
+    }
+    if (!result) return;
+    if (*result == DatabaseResult::kOk) {
         Close(dialog);
     } else {
-        // The dialog stays with everything typed.
-        ShowMessage(DatabaseResultText(result));
+        ShowMessage(DatabaseResultText(*result));
     }
 }
 
@@ -107,15 +119,15 @@ static INT_PTR CALLBACK EntryProcedure(HWND dialog, UINT message, WPARAM wParam,
 }
 
 void ShowEntryDialog(HWND owner, const DiscToc& disc) {
-    // Told before anything is typed that could not be saved; looking is still possible.
-    const bool damaged = RepairDatabase() == DatabaseResult::kDamaged;
+    // Puts right what an ended write left. Any other damage is told when there is something to
+    // write; until then whatever can be read is shown.
+    RepairDatabase();
     EntryToShow entry = {disc, {}};
     const DatabaseResult read = ReadEntryToShow(entry);
-    const bool readable = read == DatabaseResult::kOk;
-    if (damaged || !readable) {
-        ShowMessage(DatabaseResultText(readable ? DatabaseResult::kDamaged : read));
+    if (read != DatabaseResult::kOk) {
+        ShowMessage(DatabaseResultText(read));
+        return;
     }
-    if (!readable) return;
     DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_ENTRY), owner, EntryProcedure,
                     reinterpret_cast<LPARAM>(&entry));
 }

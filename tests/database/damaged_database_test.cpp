@@ -169,6 +169,8 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
     UseMemoryFiles();
     const std::string older = DatabaseImage({kDiscs[0]});
     const std::string unfinished = kImage.substr(0, kImage.size() - 1);
+    const std::string uncounted = Changed(kCountOffset, "\x02");
+    const std::string damaged = Changed(kStarts[1], "\xFF\xFF\xFF\xFF");
     const struct {
         std::string database, rewritten, backup;
         RecoveryResult result;
@@ -181,6 +183,15 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
         {kNoSuchFile, kNoSuchFile, kNoSuchFile, RecoveryResult::kNothingToDo, kNoSuchFile},
         {older, kImage, kNoSuchFile, RecoveryResult::kNothingToDo, older},
         {older, kImage, kImage, RecoveryResult::kNothingToDo, older},
+        {uncounted, kNoSuchFile, older, RecoveryResult::kRepaired, kImage},
+        {damaged, kNoSuchFile, older, RecoveryResult::kDamaged, damaged},
+        // What is shorter than a header counts as missing, also beside a new file alone.
+        {"\xFFQM", kNoSuchFile, older, RecoveryResult::kRestored, older},
+        {"", kImage, older, RecoveryResult::kRestored, kImage},
+        {"", unfinished, older, RecoveryResult::kRestored, older},
+        {"", kImage, kNoSuchFile, RecoveryResult::kRestored, kImage},
+        {"", kImage, "", RecoveryResult::kRestored, kImage},
+        {"", unfinished, kNoSuchFile, RecoveryResult::kRepaired, DatabaseImage({})},
     };
     for (const auto& each : cases) {
         MemorySnapshot disk = {{kDatabaseName, each.database},
@@ -190,5 +201,8 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
         StartOnDisk(disk);
         EXPECT_EQ(RecoverDatabase(), each.result);
         EXPECT_EQ(Database(), each.found);
+        // A backup would bring its discs back one day; beside damage they may be wanted.
+        const bool backupStays = each.result == RecoveryResult::kDamaged;
+        EXPECT_EQ(DiskAfterEnd().count(kBackupName), backupStays ? 1u : 0u) << &each - cases;
     }
 }

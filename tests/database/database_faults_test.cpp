@@ -4,11 +4,13 @@
 
 #include <cstdio>
 #include <cstring>
+#include <set>
 
 #include "database/database_changes.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_recovery.h"
+#include "database/database_salvage.h"
 #include "database/database_sort.h"
 #include "database/disc_lookup.h"
 #include "memory_files.h"
@@ -22,6 +24,7 @@ struct Change {
     std::function<DatabaseResult()> make;
     std::string repaired = {};  // what is as good as the old database
     bool isRewrite = false;
+    const char* keptAs = nullptr;  // beside a new database there is the old one
     std::string after = {};
     int callCount = 0;
 };
@@ -73,11 +76,19 @@ static std::vector<Change> AllChanges() {
     };
     changes.push_back(
         {"sort", {{kDatabaseName, DatabaseImage({discs[2], discs[1], discs[0]})}}, sort, {}, true});
+    std::string damaged = whole;
+    damaged[EntryStarts(discs)[1]] ^= 1;
+    changes.push_back({"rebuild",
+                       {{kDatabaseName, damaged}, {kDamagedName, "older"}},
+                       RebuildDatabase,
+                       {},
+                       true});
+    changes.back().keptAs = kDamagedName;
     for (Change& change : changes) {
         StartOnDisk(change.before);
         EXPECT_EQ(change.make(), DatabaseResult::kOk) << change.name;
         change.callCount = CallsMade();
-        EXPECT_EQ(DiskAfterEnd().size(), 1u) << change.name << " leaves files behind";
+        EXPECT_EQ(DiskAfterEnd().size(), change.keptAs ? 3u : 1u) << change.name << " left files";
         change.after = FileBytes(DiskAfterEnd(), kDatabaseName);
         EXPECT_NE(change.after, FileBytes(change.before, kDatabaseName));
     }
@@ -86,6 +97,10 @@ static std::vector<Change> AllChanges() {
 
 static bool IsOldOrNew(const MemorySnapshot& disk, const Change& change) {
     const std::string bytes = FileBytes(disk, kDatabaseName);
+    if (change.keptAs && bytes == change.after &&
+        FileBytes(disk, change.keptAs) != FileBytes(change.before, kDatabaseName)) {
+        return false;
+    }
     return bytes == change.after || bytes == FileBytes(change.before, kDatabaseName) ||
            (!change.repaired.empty() && bytes == change.repaired);
 }
@@ -99,7 +114,10 @@ static MemorySnapshot Recovered(const MemorySnapshot& left, Fault fault = Fault:
 }
 
 // Starts the program anew on what the first one left and strikes its recovery at every call.
+// Most ends leave a disk that another one has left before.
 static void StrikeRecovery(const MemorySnapshot& left, const Change& change) {
+    static std::set<std::pair<const Change*, MemorySnapshot>> struck;
+    if (!struck.emplace(&change, left).second) return;
     Recovered(left);
     const int callCount = CallsMade();
     for (const Fault fault : kAllFaults) {
@@ -160,7 +178,7 @@ TEST(DatabaseFaults, EveryCallOfEveryChange) {
         }
     }
     std::printf("faults: %d points, %s\n", points, HasFailure() ? "one is a loss" : "0 losses");
-    EXPECT_GT(points, 50000);
+    EXPECT_GT(points, 10000);
 }
 
 TEST(DatabaseFaults, EveryTwoCallsThatFail) {

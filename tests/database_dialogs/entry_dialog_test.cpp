@@ -257,22 +257,61 @@ TEST_F(EntryDialogTest, WhatCannotBeReadIsNotShownAsEmpty) {
     CloseHandle(file);
     EXPECT_FALSE(Open(disc.toc, [](HWND) {}));
     EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("damaged")));
-    // Another disc's entry can be looked at, but the damage is told.
-    EXPECT_TRUE(Open(SampleDisc(2, 2).toc, [](HWND) {}));
-    EXPECT_EQ(TheBoxes.shown.size(), 2u);
+}
+
+TEST_F(EntryDialogTest, ADamagedDatabaseIsRebuiltOnRequestAndTheSaveGoesOn) {
+    for (int i = 1; i <= 3; ++i)
+        Store(SampleDisc(i, 2));
+    // The second entry's pointer to the third.
+    const uint32_t pointer = FindEntryOffset(1);
+    HANDLE file = CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_WRITE, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    SetFilePointer(file, static_cast<LONG>(pointer) + 1, nullptr, FILE_BEGIN);
+    DWORD written = 0;
+    WriteFile(file, "\x7F", 1, &written, nullptr);
+    CloseHandle(file);
+
+    const DiscToc fresh = SampleDisc(8, 2).toc;
+    Open(fresh, [](HWND dialog) {
+        EXPECT_THAT(TheBoxes.shown, IsEmpty());
+        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        TheBoxes.answerOk = false;
+        Press(dialog, IDC_OK);
+        EXPECT_TRUE(IsOpen(dialog));
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Typed");
+        EXPECT_EQ(GetFileAttributesA(InAppDirectory(kDamagedName).c_str()),
+                  INVALID_FILE_ATTRIBUTES);
+        TheBoxes.answerOk = true;
+        Press(dialog, IDC_OK);
+        EXPECT_FALSE(IsOpen(dialog));
+    });
+    EXPECT_THAT(TheBoxes.shown,
+                ElementsAre(HasSubstr("Rebuild it?"), HasSubstr("kept as TARNWELL.BAD")));
+    EXPECT_EQ(Stored(fresh).artist, "Typed");
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_TRUE(Stored(SampleDisc(i, 2).toc) == SampleDisc(i, 2).fields);
+    EXPECT_EQ(DatabaseEntryCount(), 4);
+    EXPECT_TRUE(DeleteFileA(InAppDirectory(kDamagedName).c_str()));
 }
 
 TEST_F(EntryDialogTest, ASaveThatIsRefusedKeepsTheDialogAndBothEntries) {
     const Disc disc = SampleDisc(1, 2);
     Open(disc.toc, [&](HWND dialog) {
         Store(disc);
-        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        Type(dialog, IDC_ENTRY_ARTIST, "Replaced");
+        TheBoxes.answerOk = false;
         Press(dialog, IDC_OK);
         EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Typed");
+        EXPECT_TRUE(Stored(disc.toc) == disc.fields);
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Replaced");
+        TheBoxes.answerOk = true;
+        Press(dialog, IDC_OK);
+        EXPECT_FALSE(IsOpen(dialog));
     });
-    EXPECT_TRUE(Stored(disc.toc) == disc.fields);
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Another program has added this disc")));
+    EXPECT_EQ(Stored(disc.toc).artist, "Replaced");
+    const char* const question = "? Another program has added this disc. Replace its entry?";
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(question, question));
+    TheBoxes.shown.clear();
 
     Open(disc.toc, [&](HWND dialog) {
         Type(dialog, IDC_ENTRY_ARTIST, "Typed");
@@ -280,7 +319,7 @@ TEST_F(EntryDialogTest, ASaveThatIsRefusedKeepsTheDialogAndBothEntries) {
         Press(dialog, IDC_OK);
         CloseHandle(holder);
         EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_TRUE(Stored(disc.toc) == disc.fields);
+        EXPECT_EQ(Stored(disc.toc).artist, "Replaced");
         // The disc in the drive is another one meanwhile.
         CopyDiscToc(SampleDisc(3, 3).toc);
         Press(dialog, IDC_OK);
@@ -288,5 +327,5 @@ TEST_F(EntryDialogTest, ASaveThatIsRefusedKeepsTheDialogAndBothEntries) {
     });
     EXPECT_EQ(Stored(disc.toc).artist, "Typed");
     EXPECT_EQ(DatabaseEntryCount(), 1);
-    EXPECT_EQ(TheBoxes.shown.size(), 2u);
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Another program is using it")));
 }

@@ -180,11 +180,12 @@ static void OnCommand(HWND dialog, int id, int notification) {
     }
 }
 
-// The space bar is the double click of the keyboard. Other keys keep their meaning.
+// The right arrow is the double click of the keyboard. Other keys keep their meaning; one that
+// writes a character would also look for an entry that begins with it.
 static INT_PTR OnListKey(HWND dialog, int key, int id) {
     constexpr INT_PTR takeItsMeaning = -1;
     constexpr INT_PTR done = -2;
-    if (key != VK_SPACE) return takeItsMeaning;
+    if (key != VK_RIGHT) return takeItsMeaning;
     OnCommand(dialog, id, LBN_DBLCLK);
     return done;
 }

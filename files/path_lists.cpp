@@ -1,6 +1,7 @@
 // See path_lists.h.
 #include "files/path_lists.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "files/path_chain.h"
@@ -84,8 +85,9 @@ size_t FillDirectoryList(HWND dialog, const std::string& path) {
     ShowEntries(plain, visible);
     const int indent = static_cast<int>(chain.size()) * kIndentPerLevel;
     FitListExtent(visible, indent + IconEntryMargin());
-    // The arrow keys go on from the directory that the list stands for.
-    SendMessageA(visible, LB_SETCARETINDEX, chain.size() - 1, FALSE);
+    // The first arrow key selects the entry with the caret: the first directory below.
+    const int caret = std::min(static_cast<int>(chain.size()), count - 1);
+    SendMessageA(visible, LB_SETCARETINDEX, static_cast<WPARAM>(caret), FALSE);
     return chain.size();
 }
 

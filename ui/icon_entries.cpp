@@ -44,7 +44,8 @@ void DrawIconEntry(const DRAWITEMSTRUCT& item, int indent, SkinIcon icon, const 
     SetTextColor(item.hDC, GetSysColor(colors.text));
     DrawTextA(item.hDC, text.c_str(), static_cast<int>(text.size()), &place,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-    if (item.itemState & ODS_FOCUS) DrawFocusRect(item.hDC, &item.rcItem);
+    const bool focused = (item.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS;
+    if (focused) DrawFocusRect(item.hDC, &item.rcItem);
 }
 
 void DrawIconOnFace(HDC dc, int x, int y, SkinIcon icon) {

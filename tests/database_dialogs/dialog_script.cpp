@@ -3,7 +3,6 @@
 
 #include <fstream>
 #include <sstream>
-#include <utility>
 
 #include "base/app_directory.h"
 #include "base/program_state.h"
@@ -12,41 +11,8 @@
 #include "resources/ids.h"
 #include "tests/stand_ins.h"
 
-static std::function<void(HWND)> Script;
-
-// The one in front: a dialog with another one above it is disabled.
-static BOOL CALLBACK TakeDialog(HWND window, LPARAM found) {
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (strcmp(name, "#32770") != 0 || !IsWindowEnabled(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
 bool IsOpen(HWND dialog) {
     return IsWindowVisible(dialog) != FALSE;
-}
-
-static void CALLBACK RunScript(HWND, UINT, UINT_PTR timer, DWORD) {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), TakeDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (!IsOpen(dialog) || Script == nullptr) return;
-    KillTimer(nullptr, timer);
-    const auto script = std::exchange(Script, nullptr);
-    script(dialog);
-    if (IsOpen(dialog)) PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-}
-
-bool RunInDialog(const std::function<void()>& open, std::function<void(HWND)> script) {
-    Script = std::move(script);
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, RunScript);
-    open();
-    KillTimer(nullptr, timer);
-    return std::exchange(Script, nullptr) == nullptr;
-}
-
-void Press(HWND dialog, int id, int notification) {
-    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, notification), 0);
 }
 
 void Click(HWND dialog, int id) {

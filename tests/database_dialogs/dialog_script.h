@@ -1,22 +1,16 @@
-// Plays the user of a modal dialog: a script runs inside the dialog's own message loop.
+// Plays the user of the catalogue's dialogs, over a database of the test's own.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <functional>
 #include <string>
 
 #include "tests/database/sample_discs.h"
-
-// Calls `open`, which shows a modal dialog, and runs the script once the dialog can be used. A
-// script that leaves the dialog open has it closed by Esc. Scripts may open further dialogs the
-// same way. True when the script ran.
-bool RunInDialog(const std::function<void()>& open, std::function<void(HWND)> script);
+#include "tests/dialog_script.h"
 
 // A dialog that has been ended is hidden until its message loop returns.
 bool IsOpen(HWND dialog);
-void Press(HWND dialog, int id, int notification = BN_CLICKED);
 // A click as the mouse makes it: check boxes and radio buttons change.
 void Click(HWND dialog, int id);
 void Type(HWND dialog, int id, const std::string& text);

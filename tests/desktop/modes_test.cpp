@@ -265,6 +265,21 @@ TEST_F(ModesTest, DialogsOverTheFilesAreWholeAndApart) {
     }
 }
 
+TEST_F(ModesTest, PathDialogAndDriveSearchAreWholeAndApart) {
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    Command(player.window, IDC_BROWSE);
+    HWND path = WaitForPopup(player);
+    ASSERT_NE(path, nullptr);
+    ExpectComposed(path);
+    Command(path, IDC_PATH_SEARCH);
+    HWND search = nullptr;
+    ASSERT_TRUE(WaitUntil([&] {
+        search = WaitForPopup(player, 0);
+        return search && search != path;
+    }));
+    ExpectComposed(search);
+}
+
 TEST_F(ModesTest, TabKeyReachesEveryShownButton) {
     for (const char* mode : {"wave", "cdplayer"}) {
         SCOPED_TRACE(mode);

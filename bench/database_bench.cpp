@@ -5,20 +5,25 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 
 #include "base/app_directory.h"
 #include "database/database_changes.h"
+#include "database/database_export.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_recovery.h"
+#include "database/database_search.h"
+#include "database/database_sort.h"
 #include "database/disc_lookup.h"
 #include "database/window_reader.h"
 #include "tests/database/sample_discs.h"
 #ifdef TARNWELL_WITH_SQLITE
 #include "sqlite_side.h"
+#include "sqlite_texts.h"
 #endif
 
 namespace fs = std::filesystem;
@@ -87,6 +92,31 @@ static void ReadFileOnce() {
 static void LookUp(const Disc& disc, bool known) {
     CopyDiscToc(disc.toc);
     Require(FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount) == known, "look-up");
+}
+
+static void LowerAscii(std::string& text) {
+    for (char& c : text)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+// Of a text that is in no field, so that all of them are read.
+static void SearchAll(bool ignoreCase) {
+    SearchQuery query;
+    query.text = "no such text";
+    if (ignoreCase) query.lowerCase = LowerAscii;
+    Require(SearchDatabase(query, 0, [](uint32_t, uint32_t) {}).empty(), "search");
+}
+
+static void ExportAll(const std::string& path, CompareTexts compare) {
+    ScopedFile file;
+    Require(FileCalls.open(path.c_str(), FileMode::kCreateAlways, file.handle) == FileStatus::kOk,
+            "export file");
+    ExportRequest request;
+    request.items.fill(true);
+    request.form = ExportForm::kDelimited;
+    request.compare = compare;
+    Require(ExportDatabase(file.handle, request, [](const char*) {}) == DatabaseResult::kOk,
+            "export");
 }
 
 static std::vector<Disc> MakeDiscs(int count) {
@@ -181,6 +211,40 @@ static void MeasureAmong(int count, const fs::path& directory, int rounds) {
         Print(measure, measures[0].microseconds.front());
 }
 
+// What reads or writes all discs. By itself: a sort moves the entries.
+static void MeasureWalksAmong(int count, const fs::path& directory, int rounds) {
+    const std::vector<Disc> discs = MakeDiscs(count);
+    std::ofstream(directory / kDatabaseName, std::ios::binary) << DatabaseImage(discs);
+    const std::string text = (directory / "export.txt").string();
+    std::vector<Measure> measures = {
+        {"one reading of the file", ReadFileOnce},
+        {"search, case counts", [] { SearchAll(false); }},
+        {"search, lower case", [] { SearchAll(true); }},
+        {"information", [&] { Require(SumDatabase().entries == count, "information"); }},
+        {"export", [&] { ExportAll(text, nullptr); }},
+        {"export, sorted", [&] { ExportAll(text, std::strcmp); }},
+        {"sort",
+         [] {
+             Require(SortDatabase(std::strcmp, [](const char*) {}) == DatabaseResult::kOk, "sort");
+         }},
+    };
+#ifdef TARNWELL_WITH_SQLITE
+    const std::string texts = (directory / "texts.sqlite").string();
+    SqliteCreateTexts(texts, discs);
+    const std::vector<Measure> others = {
+        {"SQLite search", [&] { Require(SqliteSearch(texts, "no such text") == 0, "sqlite"); }},
+        {"SQLite information", [&] { Require(SqliteTotalSeconds(texts) > 0, "sqlite"); }},
+        {"SQLite export", [&] { SqliteExport(texts, text, false); }},
+        {"SQLite export, sorted", [&] { SqliteExport(texts, text, true); }},
+    };
+    measures.insert(measures.end(), others.begin(), others.end());
+#endif
+    Run(measures, rounds);
+    std::printf("%d discs: all of them\n", count);
+    for (const Measure& measure : measures)
+        Print(measure, measures[0].microseconds.front());
+}
+
 int main() {
     const fs::path directory =
         fs::temp_directory_path() / ("tarnwell_bench_" + std::to_string(std::random_device()()));
@@ -191,5 +255,8 @@ int main() {
     MeasureAmong(1000, directory, 101);
     MeasureAmong(10000, directory, 31);
     MeasureAmong(65534, directory, 7);
+    MeasureWalksAmong(1000, directory, 31);
+    MeasureWalksAmong(10000, directory, 11);
+    MeasureWalksAmong(65534, directory, 3);
     fs::remove_all(directory);
 }

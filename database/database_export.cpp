@@ -26,7 +26,7 @@ static DatabaseResult OrderEntries(WindowReader& reader, uint32_t entryCount, Co
                                    const StatusLine& status, std::vector<uint32_t>& starts) {
     ArtistList artists;
     DatabaseResult result = ReadArtists(reader, entryCount, status, artists);
-    if (result == DatabaseResult::kNoMemory) return result;
+    if (result != DatabaseResult::kOk) return result;
     std::vector<uint32_t> order;
     result = OrderByArtist(artists, compare, status, order);
     if (result != DatabaseResult::kOk) return result;
@@ -66,17 +66,19 @@ static DatabaseResult WriteEntries(WindowReader& reader, uint32_t entryCount,
         const DatabaseResult result = WriteGathered(exportFile, gathered);
         if (result != DatabaseResult::kOk) return result;
     }
+    if (reader.failed) return DatabaseResult::kReadFailed;
     return gathered.empty() ? DatabaseResult::kOk : WriteGathered(exportFile, gathered);
 }
 
 DatabaseResult ExportDatabase(FileHandle exportFile, const ExportRequest& request,
                               const StatusLine& status) {
     ScopedFile database;
-    if (!OpenDatabaseToRead(database)) return DatabaseResult::kOk;
+    if (!OpenDatabaseToRead(database)) return DatabaseResult::kReadFailed;
     WindowReader reader;
     StartReading(reader, database.handle);
     uint16_t entryCount = 0;
-    if (!ReadEntryCount(reader, entryCount)) return DatabaseResult::kOk;
+    ReadEntryCount(reader, entryCount);
+    if (reader.failed) return DatabaseResult::kReadFailed;
     try {
         std::vector<uint32_t> starts;
         if (request.compare != nullptr) {

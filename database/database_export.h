@@ -14,7 +14,7 @@ struct ExportRequest {
     CompareTexts compare = nullptr;  // by which artists are put in order; null for the file's order
 };
 
-// Writes every entry behind what an open file holds. What cannot be read of the database is left
-// out. kNoMemory: nothing was written; kDiskFull or kWriteFailed: not everything was.
+// Writes every entry behind what an open file holds; what damage hides in the database is left out.
+// kNoMemory: nothing was written; any other failure: not everything was.
 DatabaseResult ExportDatabase(FileHandle exportFile, const ExportRequest& request,
                               const StatusLine& status);

@@ -49,10 +49,14 @@ static void AddPlainTrack(std::string& text, const DiscToc& disc, const EntryFie
         blank = " ";
     }
     if (items[kExportTrackName]) {
-        text += blank + fields.trackNames[track];
+        text += blank;
+        text += fields.trackNames[track];
         blank = " ";
     }
-    if (items[kExportTrackLength]) text += blank + MinutesSecondsText(disc.lengthSeconds[track]);
+    if (items[kExportTrackLength]) {
+        text += blank;
+        text += MinutesSecondsText(disc.lengthSeconds[track]);
+    }
     text += kLineEnd;
 }
 

@@ -107,6 +107,17 @@ static DatabaseResult Export(RunStatus& status, ScopedFile& file) {
     return result == DatabaseResult::kOk ? WriteResult(closed) : result;
 }
 
+static const char* FailureText(DatabaseResult result) {
+    switch (result) {
+        case DatabaseResult::kNoMemory:
+            return kNoMemoryToSort;
+        case DatabaseResult::kReadFailed:
+            return "Error! Can't read the database.";
+        default:
+            return "Error! Can't write export file.";
+    }
+}
+
 static void OnStart(HWND dialog) {
     PlayClickSound(IDS_SOUND_START);
     ReadOptions(dialog);
@@ -123,8 +134,7 @@ static void OnStart(HWND dialog) {
         return;
     }
     ShowStatus(status, "");
-    ShowMessage(result == DatabaseResult::kNoMemory ? kNoMemoryToSort
-                                                    : "Error! Can't write export file.");
+    ShowMessage(FailureText(result));
 }
 
 static void OnOk(HWND dialog) {

@@ -1,7 +1,15 @@
-// The export's lines and records: which blank, comma, quote and line end follows which item.
+// The export's lines and records: which blank, comma, quote and line end follows which item; what
+// becomes of the file when a call fails.
 #include "database/export_lines.h"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "database/database_export.h"
+#include "database/database_format.h"
+#include "memory_files.h"
+#include "sample_discs.h"
 
 static DiscToc TocOf() {
     DiscToc toc;
@@ -81,4 +89,50 @@ TEST(ExportLines, EmptyTextsAndDiscsWithoutLength) {
     };
     for (const Case& c : cases)
         ExpectLines(c, toc, {});
+}
+
+// An export that says it is whole is whole, whatever fails on the way, and the database stays.
+TEST(ExportDatabase, NoFailureIsHidden) {
+    UseMemoryFiles();
+    std::vector<Disc> discs;
+    for (int i = 0; i < 12; ++i)
+        discs.push_back(SampleDisc(i * 5 % 12, 9));
+    const MemorySnapshot before = {{kDatabaseName, DatabaseImage(discs)}};
+    ExportRequest request;
+    request.items.fill(true);
+    std::string inFileOrder;
+    for (const Disc& disc : discs)
+        inFileOrder += PlainLines(disc.toc, disc.fields, request.items);
+    int points = 0;
+    for (const CompareTexts compare : {CompareTexts{nullptr}, CompareTexts{std::strcmp}}) {
+        request.compare = compare;
+        for (const Fault fault : {Fault::kCallFails, Fault::kFallsShort, Fault::kDiskFull}) {
+            for (int call = 1;; ++call) {
+                StartOnDisk(before);
+                ArmFault(fault, call);
+                ScopedFile file;
+                FileCalls.open("export.txt", FileMode::kCreateAlways, file.handle);
+                DatabaseResult result = DatabaseResult::kWriteFailed;
+                if (file.handle != kNoFile) {
+                    result = ExportDatabase(file.handle, request, [](const char*) {});
+                }
+                const bool closed = CloseFile(file) == FileStatus::kOk;
+                const bool reached = CallsMade() >= call;
+                const MemorySnapshot after = DiskAfterEnd();
+                EXPECT_EQ(FileBytes(after, kDatabaseName), before.at(kDatabaseName));
+                EXPECT_EQ(OpenHandles(), 0);
+                if (result == DatabaseResult::kOk && closed) {
+                    const std::string text = FileBytes(after, "export.txt");
+                    EXPECT_EQ(text.size(), inFileOrder.size()) << call;
+                    EXPECT_EQ(text == inFileOrder, compare == nullptr) << call;
+                }
+                if (!reached) {
+                    EXPECT_EQ(result, DatabaseResult::kOk);
+                    break;
+                }
+                ++points;
+            }
+        }
+    }
+    EXPECT_GT(points, 20);
 }

@@ -37,11 +37,12 @@ void SqliteCreateTexts(const std::string& path, const std::vector<Disc>& discs) 
     std::remove(path.c_str());
     sqlite3* database = nullptr;
     Check(sqlite3_open(path.c_str(), &database) == SQLITE_OK, "open");
-    Execute(database,
-            "CREATE TABLE disc(number INTEGER PRIMARY KEY, seconds, artist, name, category, label,"
-            " notes, year);"
-            "CREATE TABLE track(disc, number, name, seconds, PRIMARY KEY(disc, number))"
-            " WITHOUT ROWID; BEGIN");
+    Execute(
+        database,
+        "CREATE TABLE disc(number INTEGER PRIMARY KEY, seconds, artist, name, category, label,"
+        " notes, year);"
+        "CREATE TABLE track(disc INTEGER, number INTEGER, name, seconds, PRIMARY KEY(disc, number))"
+        " WITHOUT ROWID; BEGIN");
     sqlite3_stmt* disc = Prepare(database, "INSERT INTO disc VALUES(?, ?, ?, ?, ?, ?, ?, ?)");
     sqlite3_stmt* track = Prepare(database, "INSERT INTO track VALUES(?, ?, ?, ?)");
     int number = 0;

@@ -11,6 +11,7 @@
 #include "database/match_rule.h"
 #include "database_dialogs/entry_fields.h"
 #include "database_dialogs/entry_number.h"
+#include "database_dialogs/rebuild_question.h"
 #include "database_dialogs/run_status.h"
 #include "database_dialogs/search_dialog.h"
 #include "disc/disc_times.h"
@@ -42,6 +43,7 @@ struct EditorState {
 static EditorState Editor;
 
 static void ShowCount(HWND dialog) {
+    Editor.entryCount = DatabaseEntryCount();
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(Editor.entryCount));
 }
 
@@ -62,7 +64,6 @@ static void OnInitDialog(HWND dialog) {
     OpenEntryNumber(dialog);
     CenterOnScreen(dialog);
     EnsureDatabase();
-    Editor.entryCount = DatabaseEntryCount();
     Editor.damageTold = false;
     ShowCount(dialog);
     ShowNumberedEntry(dialog, 0);
@@ -105,19 +106,18 @@ static bool IsSilent(DatabaseResult result) {
            result == DatabaseResult::kReadOnly;
 }
 
-static void OnSave() {
+static void OnSave(HWND dialog) {
     PlayClickSound(IDS_SOUND_COPY);
-    DatabaseResult result = DatabaseResult::kOk;
-    {
-        const WaitCursor wait;
-        result = SaveShownEntry();
-    }
-    if (result == DatabaseResult::kOk) {
+    const WaitCursor wait;
+    const std::optional<DatabaseResult> result = ChangeDatabase(SaveShownEntry);
+    if (!result) return;
+    ShowCount(dialog);
+    if (*result == DatabaseResult::kOk) {
         LoadNumberedEntry(Editor.entryIndex, Editor.shown);
-    } else if (IsSilent(result)) {
+    } else if (IsSilent(*result)) {
         MessageBeep(MB_ICONHAND);
     } else {
-        ShowMessage(DatabaseResultText(result));
+        ShowMessage(DatabaseResultText(*result));
     }
 }
 
@@ -130,13 +130,13 @@ static DatabaseResult DeleteShownEntry() {
 static void OnDelete(HWND dialog) {
     PlayClickSound(IDS_SOUND_DELETE);
     if (!AskQuestion("Delete this item from the database?")) return;
-    const DatabaseResult result = DeleteShownEntry();
-    if (result != DatabaseResult::kOk) {
-        ShowMessage(DatabaseResultText(result));
+    const std::optional<DatabaseResult> result = ChangeDatabase(DeleteShownEntry);
+    if (!result) return;
+    ShowCount(dialog);
+    if (*result != DatabaseResult::kOk) {
+        ShowMessage(DatabaseResultText(*result));
         return;
     }
-    Editor.entryCount = DatabaseEntryCount();
-    ShowCount(dialog);
     if (Editor.entryCount == 0) {
         ShowMessage("Database Empty. Nothing to edit!");
         Close(dialog);
@@ -199,7 +199,7 @@ static bool OnCommand(HWND dialog, int controlId, int notification) {
             if (notification == EN_KILLFOCUS && !Editor.sheet.filling) OnLeaveNumber(dialog);
             return true;
         case IDC_EDITOR_SAVE:
-            OnSave();
+            OnSave(dialog);
             return true;
         case IDC_EDITOR_DELETE:
             OnDelete(dialog);

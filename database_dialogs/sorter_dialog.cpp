@@ -3,6 +3,7 @@
 
 #include "base/program_state.h"
 #include "database/database_sort.h"
+#include "database_dialogs/rebuild_question.h"
 #include "database_dialogs/run_status.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
@@ -13,8 +14,9 @@ static const DialogButton kButtons[] = {
     {IDC_OK, kFaceOk},
 };
 
-static const char* ResultText(DatabaseResult result) {
-    switch (result) {
+// Nothing stands for a damaged database that was not to be rebuilt.
+static const char* ResultText(std::optional<DatabaseResult> result) {
+    switch (result.value_or(DatabaseResult::kDamaged)) {
         case DatabaseResult::kOk:
             return "Done!";
         case DatabaseResult::kNoMemory:
@@ -28,9 +30,10 @@ static void OnStart(HWND dialog) {
     PlayClickSound(IDS_SOUND_START);
     const WaitCursor wait;
     RunStatus status = {dialog};
-    const DatabaseResult result = SortDatabase(CompareInSystemOrder, [&](const char* text) {
+    const auto show = [&](const char* text) {
         if (StatusIsDue(status)) ShowStatus(status, text);
-    });
+    };
+    const auto result = ChangeDatabase([&] { return SortDatabase(CompareInSystemOrder, show); });
     ShowStatus(status, ResultText(result));
 }
 

@@ -19,6 +19,7 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 static void Edit(const std::function<void(HWND)>& script) {
     EXPECT_TRUE(RunInDialog([] { ShowEditorDialog(MainWindow); }, script));
@@ -184,10 +185,29 @@ TEST_F(EditorTest, DamageIsToldOnceAndNotWrittenOver) {
         Press(dialog, IDC_ENTRY_INDEX_FORWARD);
         EXPECT_EQ(Artist(dialog), discs[2].fields.artist) << "what can be read is shown";
         EXPECT_EQ(TheBoxes.shown.size(), 1u);
+        TheBoxes.answerOk = false;
         Press(dialog, IDC_EDITOR_SAVE);
-        EXPECT_EQ(TheBoxes.shown.size(), 2u);
+        EXPECT_THAT(TheBoxes.shown.back(), StartsWith("? The database file is damaged. Rebuild"));
     });
     EXPECT_EQ(DatabaseBytes(), cut);
+}
+
+TEST_F(EditorTest, ASaveGoesOnInTheRebuiltDatabase) {
+    std::string damaged = DatabaseImage(discs);
+    damaged[EntryStarts(discs)[1] + kEntrySizeOffset] ^= 1;
+    StoreBytes(damaged);
+    Edit([&](HWND dialog) {
+        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        TheBoxes.answerOk = false;
+        Press(dialog, IDC_EDITOR_SAVE);
+        EXPECT_EQ(DatabaseBytes(), damaged);
+        EXPECT_EQ(Artist(dialog), "Typed");
+        TheBoxes.answerOk = true;
+        Press(dialog, IDC_EDITOR_SAVE);
+    });
+    discs[0].fields.artist = "Typed";
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
+    EXPECT_EQ(TheBoxes.shown.size(), 2u);
 }
 
 TEST_F(EditorTest, ASearchLandsOnTheFieldThatMatches) {

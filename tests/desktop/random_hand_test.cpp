@@ -70,6 +70,16 @@ static BOOL CALLBACK TakeControl(HWND child, LPARAM list) {
     return TRUE;
 }
 
+static BOOL CALLBACK TakeEnabled(HWND window, LPARAM found) {
+    char name[32] = "";
+    GetClassNameA(window, name, sizeof name);
+    // A list that has dropped down, a menu and a tip are no places of their own.
+    const bool dialog = name == std::string("#32770") || name == std::string("Tarnwell");
+    if (!dialog || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
 static std::vector<HWND> Controls(HWND dialog) {
     std::vector<HWND> controls;
     EnumChildWindows(dialog, TakeControl, reinterpret_cast<LPARAM>(&controls));
@@ -133,7 +143,13 @@ protected:
         Note("disc of " + std::to_string(tracks));
     }
 
-    HWND Front() { return GetLastActivePopup(player.window); }
+    // The window that takes what the hand does: the one that no box has disabled.
+    HWND Front() {
+        HWND front = nullptr;
+        EnumThreadWindows(GetWindowThreadProcessId(player.window, nullptr), TakeEnabled,
+                          reinterpret_cast<LPARAM>(&front));
+        return front != nullptr ? front : player.window;
+    }
 
     std::string TypedText() {
         static const char* const texts[] = {"a",    "Name",         "c:\\",    "*.*",
@@ -194,7 +210,7 @@ protected:
             UseList(control, kind != "ListBox");
         } else if (kind == "ScrollBar") {
             ScrollBar(control);
-        } else if (id != IDC_EXIT || Below(20) == 0) {
+        } else if (kind == "Button" && (id != IDC_EXIT || Below(20) == 0)) {
             const bool twice = Below(10) == 0;
             Note(std::string(twice ? "press twice " : "press ") + std::to_string(id));
             for (int i = 0; i <= (twice ? 1 : 0); ++i)
@@ -272,7 +288,7 @@ protected:
         if (choice < 12 && !controls.empty()) {
             UseControl(controls[static_cast<size_t>(Below(static_cast<int>(controls.size())))]);
         } else if (choice < 15) {
-            SetForegroundWindow(front);
+            if (IsWindowEnabled(front)) SetForegroundWindow(front);
             PressKeys();
         } else if (choice < 19) {
             UseMouse(front);
@@ -290,9 +306,11 @@ protected:
         return false;
     }
 
+    // Or has ended, perhaps in this very moment.
     bool Answers() {
         DWORD_PTR ignored = 0;
-        return SendMessageTimeoutA(player.window, WM_NULL, 0, 0, 0, 20000, &ignored) != 0;
+        return SendMessageTimeoutA(player.window, WM_NULL, 0, 0, 0, 20000, &ignored) != 0 ||
+               ExitCode(player, 5000) != -1;
     }
 
     // Discs are lost when the file is not whole, or when fewer are left though nobody could have

@@ -96,6 +96,7 @@ protected:
                                 "MovEditorPath", "VolumeApplicationPath"}) {
             PutSetting(player, key, "c:\\windows\\system32\\hostname.exe");
         }
+        PutSetting(player, "SoundControls", "Off");  // some are waited for
         WriteFileBytes(player.directory + "tarnwell.dat", FirstCatalogue());
         FillMedia();
     }
@@ -278,7 +279,9 @@ protected:
     void Act() {
         HWND front = Front();
         if (IsIconic(player.window)) ShowWindowAsync(player.window, SW_RESTORE);
-        if (front != player.window && RemovesDiscs(front)) mayRemoveDiscs = true;
+        if (front != lastFront) lastRemovesDiscs = front != player.window && RemovesDiscs(front);
+        lastFront = front;
+        if (lastRemovesDiscs) mayRemoveDiscs = true;
         if (Below(40) == 0) {
             DisturbFromOutside();
             return;
@@ -350,6 +353,8 @@ protected:
     int starts = 1;
     int discs = kFirstDiscs;
     bool mayRemoveDiscs = false;
+    HWND lastFront = nullptr;
+    bool lastRemovesDiscs = false;
 };
 
 TEST_F(RandomHand, FindsNoWayToBreakTheProgram) {

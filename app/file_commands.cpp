@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/setup_dialog.h"
 #include "base/modes.h"
 #include "files/copy_dialog.h"
 #include "files/delete_dialog.h"
@@ -46,6 +47,10 @@ static void OnDelete(HWND window, const FileNames& names) {
     if (ShowDeleteDialog(window, names)) FillModeList(window);
 }
 
+static void OnSetup(HWND window, const FileNames&) {
+    ShowSetupDialog(window);
+}
+
 // The names come in list order, at most as many as a queue takes.
 constexpr FileCommand kFileCommands[] = {
     {IDC_BROWSE, false, nullptr, IDS_SOUND_BROWSE, OnBrowse, false},
@@ -55,7 +60,7 @@ constexpr FileCommand kFileCommands[] = {
     {IDC_DELETE, false, "No files to delete!", IDS_SOUND_DELETE, OnDelete, false},
     {IDC_INFO, false, "No files to get information!", 0, ShowFileInformation, false},
     {IDC_EDITOR, false, "No files to send to an editor!", IDS_SOUND_EDITOR, EditFirstFile, false},
-    {IDC_SETUP, true, nullptr, IDS_SOUND_SETUP, nullptr, false},
+    {IDC_SETUP, true, nullptr, IDS_SOUND_SETUP, OnSetup, false},
 };
 
 // Nothing plays and no tick comes while the dialog is open. The disc is left alone: it plays on.

@@ -23,6 +23,8 @@ struct SearchSettings {
     bool entireDatabase = true;
     int radioId = IDC_SEARCH_RADIO_FIRST;  // up to IDC_SEARCH_RADIO_LAST
     std::string text;                      // at most 254 characters
+
+    bool operator==(const SearchSettings&) const = default;
 };
 
 // The in-memory copy of the file. The initial values are the built-in ones, in force when the
@@ -45,4 +47,6 @@ struct SettingsValues {
     bool editorChosen[5] = {};  // WAV, MID, RMI, AVI, MOV
     bool volumeChosen = false;
     SearchSettings search;
+
+    bool operator==(const SettingsValues&) const = default;
 };

@@ -1,6 +1,7 @@
-// What a start of the program costs in time and memory, beside a program that shows an empty
-// dialog, started by turns in one run; and what one tick of the position timer costs while a file
-// plays. start_bench PRODUCT EMPTY_DIALOG: prints bests, medians and ratios; asserts nothing.
+// What a start of the program costs in time and memory, beside a program that shows an empty dialog
+// and one that shows the product's own template and does nothing else, started by turns in one run;
+// and what one tick of the position timer costs while a file plays. start_bench PRODUCT
+// EMPTY_DIALOG BARE_DIALOG: prints bests, medians and ratios; asserts nothing.
 #include <windows.h>
 
 #include <psapi.h>
@@ -23,13 +24,18 @@ struct Cost {
 
 // The best tells the cost by itself, the median what it comes to beside the rest of the machine.
 static void Report(const char* what, const char* unit, std::vector<double> product,
-                   std::vector<double> empty) {
+                   const char* other, std::vector<double> compared) {
     std::sort(product.begin(), product.end());
-    std::sort(empty.begin(), empty.end());
+    std::sort(compared.begin(), compared.end());
     const size_t middle = product.size() / 2;
-    printf("%s, best: %.0f %s, empty dialog %.0f, ratio %.2f; median: %.0f %s, %.0f, %.2f\n", what,
-           product[0], unit, empty[0], product[0] / empty[0], product[middle], unit, empty[middle],
-           product[middle] / empty[middle]);
+    printf("%s, best: %.0f %s, %s %.0f, ratio %.2f; median: %.0f %s, %.0f, %.2f\n", what,
+           product[0], unit, other, compared[0], product[0] / compared[0], product[middle], unit,
+           compared[middle], product[middle] / compared[middle]);
+}
+
+static void ReportAll(const Cost& product, const char* other, const Cost& compared) {
+    Report("start to idle window", "ms", product.milliseconds, other, compared.milliseconds);
+    Report("private memory", "kB", product.privateKilobytes, other, compared.privateKilobytes);
 }
 
 static double MillisecondsNow() {
@@ -95,8 +101,8 @@ static bool MeasureTick(Program& program) {
 }
 
 int main(int argumentCount, char** arguments) {
-    if (argumentCount != 3) {
-        fprintf(stderr, "usage: start_bench PRODUCT EMPTY_DIALOG\n");
+    if (argumentCount != 4) {
+        fprintf(stderr, "usage: start_bench PRODUCT EMPTY_DIALOG BARE_DIALOG\n");
         return 2;
     }
     _putenv_s("TARNWELL_EXE", arguments[1]);
@@ -110,12 +116,14 @@ int main(int argumentCount, char** arguments) {
     PutSetting(program, "WaveFilesPath", (program.directory + "media\\").c_str());
     Cost product;
     Cost empty;
+    Cost bare;
     for (int i = 0; i < kStarts; ++i) {
         if (!MeasureStart(arguments[2], kEmptyDialogTitle, empty)) return 1;
+        if (!MeasureStart(arguments[3], "Tarnwell 1.1", bare)) return 1;
         if (!MeasureStart(program.directory + "TARNWELL.EXE", "Tarnwell 1.1", product)) return 1;
     }
-    Report("start to idle window", "ms", product.milliseconds, empty.milliseconds);
-    Report("private memory", "kB", product.privateKilobytes, empty.privateKilobytes);
+    ReportAll(product, "empty dialog", empty);
+    ReportAll(product, "bare dialog", bare);
     const bool ticked = MeasureTick(program);
     EndProgram(program);
     return ticked ? 0 : 1;

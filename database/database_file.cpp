@@ -157,10 +157,12 @@ std::string ReadDiscName(uint32_t entryStart) {
 // entry whose size is damaged is read on window by window until it is whole.
 DecodeResult ReadEntry(WindowReader& reader, uint32_t entryStart, DiscToc& disc,
                        EntryFields& fields) {
-    disc = {};
-    fields = {};
     EntryHeader header;
-    if (!ReadEntryHeader(reader, entryStart, header)) return DecodeResult::kCutShort;
+    if (!ReadEntryHeader(reader, entryStart, header)) {
+        disc = {};
+        fields = {};
+        return DecodeResult::kCutShort;
+    }
     reader.position = entryStart;
     std::vector<uint8_t> bytes;
     DecodeResult result = DecodeResult::kCutShort;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "database/database_format.h"
 
@@ -103,10 +104,10 @@ DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc& disc,
     const int trackCount = TakeU8(cursor);
     disc.trackCount = static_cast<uint16_t>(std::min(trackCount, kMaxTracks));
     for (int track = 0; track < trackCount; ++track) {
-        const std::string name = TakeText(cursor);
+        std::string name = TakeText(cursor);
         const uint16_t lengthSeconds = TakeU16(cursor);
         if (track >= kMaxTracks) continue;
-        fields.trackNames[track] = name;
+        fields.trackNames[track] = std::move(name);
         disc.lengthSeconds[track] = lengthSeconds;
     }
     for (const EntryItem& item : kEntryItems) {

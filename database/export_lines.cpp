@@ -83,14 +83,14 @@ std::string DelimitedRecord(const DiscToc& disc, const EntryFields& fields,
                             const ExportItems& items) {
     std::string text;
     bool written = false;
-    const auto addField = [&](bool wanted, const std::string& field) {
+    const auto addField = [&](bool wanted, const std::string& field, const char* quote = "") {
         if (!wanted) return;
-        if (written) text += ",";
-        text += field;
+        if (written) text += ',';
+        text.append(quote).append(field).append(quote);
         written = true;
     };
     const auto addQuoted = [&](ExportItem item, const std::string& field) {
-        addField(items[item], "\"" + field + "\"");
+        addField(items[item], field, "\"");
     };
     addQuoted(kExportArtist, fields.artist);
     addQuoted(kExportDiscName, fields.discName);
@@ -99,7 +99,7 @@ std::string DelimitedRecord(const DiscToc& disc, const EntryFields& fields,
         addField(items[kExportTrackNumber], std::to_string(track + 1));
         addQuoted(kExportTrackName, fields.trackNames[track]);
         // The second comma is meant: an empty field ends every track.
-        addField(items[kExportTrackLength], MinutesSecondsText(disc.lengthSeconds[track]) + ",");
+        addField(items[kExportTrackLength], MinutesSecondsText(disc.lengthSeconds[track]) + ',');
     }
     for (int item = kExportCategory; item <= kExportSize; ++item)
         addQuoted(static_cast<ExportItem>(item), DiscText(fields, static_cast<ExportItem>(item)));

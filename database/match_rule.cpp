@@ -5,15 +5,11 @@
 #include "disc/disc_toc.h"
 
 bool TextContains(const std::string& field, const std::string& text) {
-    if (text.empty()) return false;
-    size_t at = field.find(text[0]);
-    while (at != std::string::npos) {
-        size_t found = 1;
-        while (found < text.size() && ++at < field.size() && field[at] == text[found])
-            ++found;
-        if (found == text.size()) return true;
+    size_t found = 0;
+    for (const char c : field) {
         // What does not match is passed over, even when a match could begin with it.
-        at = at < field.size() ? field.find(text[0], at + 1) : std::string::npos;
+        found = found < text.size() && c == text[found] ? found + 1 : 0;
+        if (found > 0 && found == text.size()) return true;
     }
     return false;
 }

@@ -78,7 +78,21 @@ bool ReadU32(WindowReader& reader, uint32_t& value) {
     return true;
 }
 
+// Most texts lie whole in the window.
+static bool ReadTextInWindow(WindowReader& reader, std::string& text) {
+    const uint64_t inWindow = reader.position - reader.windowStart;
+    if (reader.position < reader.windowStart || inWindow >= reader.windowSize) return false;
+    const uint8_t* stored = reader.window + inWindow;
+    const uint8_t length = *stored;
+    if (inWindow + 1 + length > reader.windowSize) return false;
+    const char* bytes = reinterpret_cast<const char*>(stored + 1);
+    text.assign(bytes, strnlen(bytes, length));
+    reader.position += 1u + length;
+    return true;
+}
+
 bool ReadText(WindowReader& reader, std::string& text) {
+    if (ReadTextInWindow(reader, text)) return true;
     uint8_t length = 0;
     char bytes[UINT8_MAX];
     if (!ReadU8(reader, length) || ReadUpTo(reader, bytes, length) != length) return false;

@@ -1,0 +1,116 @@
+// Copying and moving on the system's own disk: what a disk in memory cannot show.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "base/file_description.h"
+#include "files/destination_drive.h"
+#include "files/file_copy.h"
+
+class FileCopyDiskTest : public testing::Test {
+protected:
+    void SetUp() override {
+        char temporary[MAX_PATH] = "";
+        GetTempPathA(sizeof temporary, temporary);
+        directory = std::string(temporary) + "file_copy_disk_test\\";
+        CreateDirectoryA(directory.c_str(), nullptr);
+        source = Make("source.wav", "whole");
+        target = directory + "target.wav";
+        DeleteFileA(target.c_str());
+    }
+
+    std::string Make(const std::string& name, const std::string& bytes) {
+        const std::string path = directory + name;
+        HANDLE file =
+            CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD written = 0;
+        WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+        CloseHandle(file);
+        return path;
+    }
+    static std::string Bytes(const std::string& path) {
+        HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return "(no file)";
+        char bytes[100];
+        DWORD count = 0;
+        ReadFile(file, bytes, sizeof bytes, &count, nullptr);
+        CloseHandle(file);
+        return {bytes, count};
+    }
+    CopyResult Move(const std::string& to) {
+        return MoveOneFile(source, to, {[] { return true; }, [] {}, [](uint64_t, uint64_t) {}});
+    }
+
+    std::string directory;
+    std::string source;
+    std::string target;
+};
+
+TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
+    CreateHardLinkA(target.c_str(), source.c_str(), nullptr);
+    const auto refuseAll = [&] {
+        for (const std::string& same :
+             {target, directory + "SOURCE.WAV", directory + ".\\source.wav",
+              directory + "..\\file_copy_disk_test\\source.wav"}) {
+            EXPECT_EQ(Move(same), CopyResult::kOverItself) << same;
+            EXPECT_EQ(Bytes(source), "whole") << same;
+        }
+    };
+    refuseAll();
+    // The same while another program writes to the source, which can then not be guarded.
+    HANDLE writer = CreateFileA(source.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(writer, INVALID_HANDLE_VALUE);
+    refuseAll();
+    EXPECT_EQ(Move(directory + "other.wav"), CopyResult::kNotRemoved);
+    CloseHandle(writer);
+    EXPECT_EQ(Bytes(directory + "other.wav"), "whole");
+    EXPECT_EQ(Bytes(source), "whole");
+}
+
+TEST_F(FileCopyDiskTest, TargetsThatCannotTakeAFile) {
+    CreateDirectoryA((directory + "folder").c_str(), nullptr);
+    for (const char* name : {"folder", "nul", "missing\\a.wav", "a\tb?.wav"}) {
+        EXPECT_EQ(Move(directory + name), CopyResult::kFailed) << name;
+        EXPECT_EQ(Bytes(source), "whole") << name;
+    }
+}
+
+TEST_F(FileCopyDiskTest, TheTimeOfTheLastChangeTravelsAlong) {
+    const SYSTEMTIME longAgo = {1995, 3, 0, 7, 15, 15, 0, 0};
+    FILETIME time;
+    SystemTimeToFileTime(&longAgo, &time);
+    HANDLE file = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    SetFileTime(file, nullptr, nullptr, &time);
+    CloseHandle(file);
+    EXPECT_EQ(Move(target), CopyResult::kDone);
+    std::string text;
+    EXPECT_TRUE(DescribeFile(target, text));
+    EXPECT_EQ(text, "5 bytes 3-7-1995 9:15AM");
+    EXPECT_EQ(Bytes(source), "(no file)");
+    EXPECT_FALSE(DescribeFile(source, text));
+}
+
+TEST_F(FileCopyDiskTest, WildcardsInAListedNameFindNoOtherFile) {
+    EXPECT_EQ(DisplayName(directory + "SOURCE.WAV", "SOURCE.WAV"), "source.wav");
+    EXPECT_EQ(DisplayName(directory + "sourc?.wav", "sourc?.wav"), "sourc?.wav");
+}
+
+TEST_F(FileCopyDiskTest, MissingDirectoriesAreCreatedOneByOne) {
+    const std::string deep = directory + "one\\two\\";
+    RemoveDirectoryA(deep.c_str());
+    RemoveDirectoryA((directory + "one\\").c_str());
+    static int asked;
+    asked = 0;
+    const auto firstOnly = [](const std::string&) { return ++asked == 1; };
+    EXPECT_EQ(CreateMissingDirectories(deep, firstOnly), DirectoryWalk::kDeclined);
+    EXPECT_TRUE(IsDirectoryThere(directory + "one\\"));
+    EXPECT_FALSE(IsDirectoryThere(deep));
+    const auto always = [](const std::string&) { return true; };
+    EXPECT_EQ(CreateMissingDirectories(deep, always), DirectoryWalk::kDone);
+    EXPECT_TRUE(IsDirectoryThere(deep));
+    EXPECT_EQ(CreateMissingDirectories(source + "\\x\\", always), DirectoryWalk::kImpossible);
+    EXPECT_GT(FreeBytes("c:\\"), 0u);
+    EXPECT_EQ(FreeBytes("y:\\"), 0u);
+    EXPECT_EQ(FreeBytes(""), 0u);
+}

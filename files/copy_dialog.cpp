@@ -71,6 +71,7 @@ static void OnInitDialog(HWND dialog) {
     SetWindowTextA(dialog, Sheet.move ? "Move files" : "Copy files");
     SendDlgItemMessageA(dialog, IDC_COPY_DESTINATION, EM_LIMITTEXT, kPathLimit - 1, 0);
     Sheet.destination = ReadMainSetting(SettingKey().c_str(), "c:\\", kPathLimit);
+    if (!Sheet.destination.empty() && Sheet.destination.back() != '\\') Sheet.destination += '\\';
     if (IsSingleFile()) {
         Sheet.targetName = DisplayName(*ModeDirectory() + Sheet.names[0], Sheet.names[0]);
     }

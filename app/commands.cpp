@@ -62,6 +62,7 @@ constexpr Command kCommands[] = {
     {IDC_STOP, CommandKind::kFileModes, OnStop},
     {IDC_PAUSE, CommandKind::kFileModes, OnPause},
     {IDC_REPEAT, CommandKind::kFileModes, OnRepeat},
+    {IDC_SOUND, CommandKind::kFileModes, OnSound},
     {IDC_EJECT, CommandKind::kCdMode, OnEject},
     {IDC_CD_PLAY, CommandKind::kCdMode, OnCdPlayCurrent},
     {IDC_CD_PAUSE, CommandKind::kCdMode, OnCdPause},

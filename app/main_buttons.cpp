@@ -4,6 +4,7 @@
 #include "base/program_state.h"
 #include "playback/cd_readouts.h"
 #include "playback/play_queue.h"
+#include "playback/video_player.h"
 #include "resources/ids.h"
 
 constexpr DialogButton kMainButtons[] = {
@@ -46,6 +47,7 @@ std::span<const DialogButton> MainButtons() {
 const SkinFace* CurrentFace(int controlId) {
     if (controlId == PlayMode) return &CurrentMode().selectedTab;
     if (controlId == IDC_REPEAT && PlayQueue.repeat) return &kFaceRepeatOn;
+    if (controlId == IDC_SOUND && VideoPlayer.muted) return &kFaceSoundOff;
     if (controlId >= IDC_TRACK_FIRST && controlId <= IDC_TRACK_LAST) {
         return IsTrackHighlighted(controlId) ? &kFaceTrackPlaying : &kFaceTrack;
     }

@@ -16,7 +16,9 @@
 #include "playback/cd_player_state.h"
 #include "playback/file_list.h"
 #include "playback/file_player.h"
+#include "playback/play_progress.h"
 #include "playback/player_timers.h"
+#include "playback/video_player.h"
 #include "resources/ids.h"
 #include "ui/animations.h"
 #include "ui/dialog_helpers.h"
@@ -154,6 +156,15 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
         case WM_CTLCOLORLISTBOX:
             // The window and its labels stand on the colour of its entry fields.
             return reinterpret_cast<LRESULT>(ColorEntryField(reinterpret_cast<HDC>(wParam)));
+        case WM_SYSCOMMAND:
+            if (HoldsOffSleep(wParam)) return 0;
+            return DefDlgProcA(window, message, wParam, lParam);
+        case WM_ERASEBKGND:
+            LeaveOutPicture(GetDlgItem(window, IDC_VIDEO_AREA), reinterpret_cast<HDC>(wParam));
+            return DefDlgProcA(window, message, wParam, lParam);
+        case WM_QUERYNEWPALETTE:
+            RealizeVideoPalette(GetDlgItem(window, IDC_VIDEO_AREA));
+            return 0;
         case WM_SYSCOLORCHANGE:
             OnSystemColorChange(window);
             return 0;

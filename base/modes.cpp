@@ -141,7 +141,7 @@ const MediaType& TypeOfFile(const Mode& mode, const std::string& name) {
     for (const MediaType& type : mode.types) {
         if (Lower(letter) == Lower(type.extension[0])) return type;
     }
-    return mode.types.back();
+    return mode.types.front();
 }
 
 const std::string* ModeDirectory() {

@@ -62,7 +62,7 @@ bool InCdMode();
 const Mode* ModeOfExtension(const std::string& extension);
 // The masks of the files that a mode lists, as its filters allow: "*.Mid" and so on.
 std::vector<std::string> ListedMasks(const Mode& mode, const SettingsValues& settings);
-// The kind of a file of a mode by the first letter of its extension; the last kind when no letter
+// The kind of a file of a mode by the first letter of its extension; the first kind when no letter
 // fits. The mode must list files.
 const MediaType& TypeOfFile(const Mode& mode, const std::string& name);
 

@@ -16,14 +16,8 @@
 #include "playback/play_position.h"
 #include "resources/ids.h"
 
-static bool SetTimeFormat(HWND window, DWORD format) {
-    MCI_SET_PARMS set = {};
-    set.dwTimeFormat = format;
-    return SendToDevice(window, MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set);
-}
-
-static bool QueryLength(HWND window, DWORD timeFormat, DWORD& length) {
-    return SetTimeFormat(window, timeFormat) && QueryDevice(window, MCI_STATUS_LENGTH, length);
+static bool QueryLength(HWND window, PlayUnit unit, DWORD& length) {
+    return SetTimeFormat(window, unit) && QueryDevice(window, MCI_STATUS_LENGTH, length);
 }
 
 static std::string LengthText(DWORD lengthMs) {
@@ -32,7 +26,7 @@ static std::string LengthText(DWORD lengthMs) {
 
 static std::string AskLength(HWND window) {
     DWORD length = 0;
-    return QueryLength(window, MCI_FORMAT_MILLISECONDS, length) ? LengthText(length) : "";
+    return QueryLength(window, PlayUnit::kMilliseconds, length) ? LengthText(length) : "";
 }
 
 static std::string AskWaveFormat(HWND window) {
@@ -70,8 +64,8 @@ static std::string AskPictureSize(HWND window) {
 static void AskVideo(HWND window, FileInfo& info) {
     DWORD frames = 0;
     DWORD length = 0;
-    const bool counted = QueryLength(window, MCI_FORMAT_FRAMES, frames);
-    const bool timed = counted && QueryLength(window, MCI_FORMAT_MILLISECONDS, length);
+    const bool counted = QueryLength(window, PlayUnit::kFrames, frames);
+    const bool timed = counted && QueryLength(window, PlayUnit::kMilliseconds, length);
     info.fields.push_back({IDC_VIDEO_INFO_FRAMES, counted ? std::to_string(frames) : ""});
     info.fields.push_back({IDC_VIDEO_INFO_LENGTH, timed ? LengthText(length) : ""});
     info.fields.push_back({IDC_VIDEO_INFO_RATE, timed ? FrameRateText(frames, length) : ""});

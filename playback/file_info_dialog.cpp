@@ -79,7 +79,7 @@ void ShowFileInformation(HWND owner, const std::vector<std::string>& names) {
         PlayClickSound(IDS_SOUND_INFO);
         if (!OpenFileInfo(owner, name, info)) continue;
         const bool goOn = ShowInfo(owner, info, names.size() > 1);
-        CloseDevice();
+        CloseUnplayedDevice();
         if (!goOn) return;
     }
 }

@@ -1,19 +1,18 @@
-// Playing the selected files of wave and MIDI mode one after another.
+// See file_player.h.
 #include "playback/file_player.h"
-
-#include <windows.h>
 
 #include <string>
 
 #include "base/file_description.h"
-#include "base/program_state.h"
-#include "base/settings.h"
+#include "base/modes.h"
 #include "playback/file_list.h"
-#include "playback/mci.h"
 #include "playback/media_device.h"
+#include "playback/play_progress.h"
 #include "playback/play_queue.h"
 #include "playback/play_readouts.h"
 #include "playback/player_timers.h"
+#include "playback/video_player.h"
+#include "playback/video_window.h"
 #include "resources/ids.h"
 #include "ui/animations.h"
 #include "ui/boxes.h"
@@ -24,12 +23,8 @@ void ResetFilePlayer() {
     MediaDevice = {};
     DriverAvailable = {};
     PlayQueue = {};
+    VideoPlayer = {};
     ResetPlayerTimers();
-}
-
-// Video has no player yet.
-static bool HasPlayer() {
-    return !CurrentMode().types.empty() && !CurrentMode().showsVideo;
 }
 
 static void ReportMissingDriver(HWND window, const char* text) {
@@ -38,20 +33,19 @@ static void ReportMissingDriver(HWND window, const char* text) {
     SetRepeat(window, false);
     ShowStatus(window, "Ready");
     ShowMessage(text);
+    MediaDevice.playAndExit = false;
 }
 
-static void OpenNextFile(HWND window) {
-    const std::string* name = NextQueueName(PlayQueue);
-    if (!HasPlayer() || name == nullptr) return;
-    const MediaType& type = TypeOfFile(CurrentMode(), *name);
-    if (!(DriverAvailable.*type.driver)) {
-        ReportMissingDriver(window, type.driverMissing);
-        return;
+static void OpenSound(HWND window, const std::string& path, const std::string& shown) {
+    if (OpenDevice(window, path)) {
+        SetTimeFormat(window, PlayUnit::kMilliseconds);
+        TakeLength(window);
+        MCI_SEEK_PARMS seek = {};
+        SendToDevice(window, MCI_SEEK, MCI_SEEK_TO_START | MCI_WAIT, &seek);
+        MCI_PLAY_PARMS play = {};
+        SendToDevice(window, MCI_PLAY, 0, &play);
     }
-    SetControlText(window, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
-    const std::string path = PlayQueue.directory + *name;
-    const std::string shown = DisplayName(path, *name);
-    if (!OpenAndPlay(window, path)) {
+    if (!MediaDevice.open) {
         // A request to end with the queue does not wait for another queue.
         MediaDevice.playAndExit = false;
         return;
@@ -60,12 +54,84 @@ static void OpenNextFile(HWND window) {
     AdvanceQueue(PlayQueue);
 }
 
+// Other than after a sound, the queue goes on after a film that does not play, and the program may
+// still end with it. The next tick does either.
+static void GoOnAfterFilm(HWND window, bool playAndExit) {
+    MediaDevice.playAndExit = playAndExit;
+    if (PlayQueue.filesLeft > 0 || playAndExit) StartPositionTimer(window);
+}
+
+static void PlayInOwnWindow(HWND window, const LargeFilm& film) {
+    const bool playAndExit = MediaDevice.playAndExit;
+    StopPositionTimer(window);
+    if (!CloseDevice(window)) {
+        GoOnAfterFilm(window, playAndExit);
+        return;
+    }
+    BlankReadouts(window);
+    SetPositionRange(window, 0);
+    SetControlText(window, IDC_SELECTED_COUNT, std::to_string(PlayQueue.selectedCount));
+    SetControlText(window, IDC_FILE_NAME, film.name);
+    const VideoWindowEnd end = ShowVideoWindow(window, film);
+    if (end == VideoWindowEnd::kClosed) CutPlayQueue(window);
+    if (PlayQueue.filesLeft == 0) {
+        StopAndReset(window);
+        ShowStatus(window, "Ready");
+    }
+    MediaDevice.seekPause = false;
+    ShowWindow(window, SW_SHOW);
+    // The film's own Stop takes the request to end back, a failure does not.
+    if (end != VideoWindowEnd::kClosed) {
+        GoOnAfterFilm(window,
+                      end == VideoWindowEnd::kFailed ? playAndExit : MediaDevice.playAndExit);
+    }
+}
+
+static void OpenFilm(HWND window, const std::string& path, const std::string& shown) {
+    const bool playAndExit = MediaDevice.playAndExit;
+    SetControlText(window, IDC_SELECTED_COUNT, std::to_string(PlayQueue.selectedCount));
+    VideoSize size;
+    const bool opened = OpenVideo(window, path, size);
+    AdvanceQueue(PlayQueue);
+    if (opened && !FitsVideoFrame(window, size)) {
+        PlayInOwnWindow(window, {path, shown, size});
+        return;
+    }
+    if (opened) PlacePicture(window, size);
+    if (!opened || !StartVideo(window, GetDlgItem(window, IDC_VIDEO_AREA))) {
+        GoOnAfterFilm(window, playAndExit);
+        return;
+    }
+    ShowStatus(window, "Playing");
+    SetControlText(window, IDC_FILE_NAME, shown);
+}
+
+static void OpenNextFile(HWND window) {
+    const std::string* name = NextQueueName(PlayQueue);
+    if (name == nullptr) return;
+    const MediaType& type = TypeOfFile(CurrentMode(), *name);
+    if (!(DriverAvailable.*type.driver)) {
+        ReportMissingDriver(window, type.driverMissing);
+        return;
+    }
+    SetControlText(window, IDC_FILES_LEFT, std::to_string(PlayQueue.filesLeft - 1));
+    const std::string path = PlayQueue.directory + *name;
+    const std::string shown = DisplayName(path, *name);
+    if (CurrentMode().showsVideo) {
+        MediaDevice.seekPause = type.driver == &DriverFlags::quickTime;
+        OpenFilm(window, path, shown);
+    } else {
+        OpenSound(window, path, shown);
+    }
+}
+
 static void StartNewQueue(HWND window) {
     StopPositionTimer(window);
     StopAnimationTimer(window);
     StopAndReset(window);
-    SetControlText(window, IDC_SELECTED_COUNT, std::to_string(SelectedFileCount(window)));
     StartQueue(PlayQueue, *ModeDirectory(), SelectedFileNames(window, kMaxQueueFiles));
+    PlayQueue.selectedCount = SelectedFileCount(window);
+    SetControlText(window, IDC_SELECTED_COUNT, std::to_string(PlayQueue.selectedCount));
     if (PlayQueue.filesLeft == 0) return;
     ShowStatus(window, "Playing");
     OpenNextFile(window);
@@ -73,13 +139,14 @@ static void StartNewQueue(HWND window) {
 }
 
 void OnPlay(HWND window) {
+    if (InCdMode()) return;
     if (MediaDevice.open && MediaDevice.paused) {
         ResumePlay(window);
-    } else if (HasPlayer()) {
+    } else {
         StartNewQueue(window);
     }
-    // Nothing was selected: the request has nothing to wait for.
-    if (!MediaDevice.open) MediaDevice.playAndExit = false;
+    // A request to end with the queue does not wait for another one.
+    if (!IsPositionTimerRunning(window) && !MediaDevice.open) MediaDevice.playAndExit = false;
 }
 
 bool SelectStartFile(HWND window, const std::string& name) {
@@ -88,6 +155,8 @@ bool SelectStartFile(HWND window, const std::string& name) {
 }
 
 void OnStop(HWND window) {
+    // It runs on without a device when a film has failed and another one is next.
+    StopPositionTimer(window);
     StopAndReset(window);
     PlayClickSound(IDS_SOUND_STOP);
     MediaDevice.playAndExit = false;
@@ -110,6 +179,10 @@ void OnNextFile(HWND window) {
     StartPlayTimers(window);
 }
 
+void OnSound(HWND window) {
+    if (CurrentMode().showsVideo) SwitchVideoSound(window);
+}
+
 void CutPlayQueue(HWND window) {
     MediaDevice.playAndExit = false;
     CutQueue(PlayQueue);
@@ -122,20 +195,9 @@ void StopQueue(HWND window) {
     ShowStatus(window, "Stopped!");
 }
 
-static void ShowPlayingPosition(HWND window) {
-    DWORD position = 0;
-    if (!MediaDevice.open || MediaDevice.dragging) return;
-    if (QueryStatus(MediaDevice.id, MCI_STATUS_POSITION, position) != 0) return;
-    ShowPosition(window, static_cast<int32_t>(position));
-    if (!Settings.recreationScroll) {
-        SetPositionThumb(window,
-                         MillisecondsToScroll(static_cast<int32_t>(position), MediaDevice.scroll));
-    }
-}
-
-static void ShowProgress(HWND window) {
+static void ShowTick(HWND window) {
     if (IsIconic(window)) return;
-    ShowPlayingPosition(window);
+    ShowProgress(window);
     StepSprite(window);
 }
 
@@ -144,9 +206,8 @@ static TickResult FinishQueue(HWND window) {
     const bool waits = MediaDevice.playAndExit && !IsWindowEnabled(window);
     if (!waits) StopPositionTimer(window);
     StopAnimationTimer(window);
-    // The length itself: the scroll bar's end times its scale may be a millisecond off.
-    ShowPosition(window, MediaDevice.lengthMs);
-    if (!Settings.recreationScroll) SetPositionThumb(window, MediaDevice.scroll.range);
+    if (MediaDevice.open) ShowEnd(window);
+    ShowPicture(window, false);
     ShowStatus(window, "Ready");
     return MediaDevice.playAndExit && !waits ? TickResult::kEndProgram : TickResult::kGoOn;
 }
@@ -156,96 +217,20 @@ TickResult PositionTick(HWND window) {
     if (MediaDevice.open && MediaDevice.dragging) return TickResult::kGoOn;
     if (PlayQueue.filesLeft > 0) {
         if (CloseIfStopped(window)) OpenNextFile(window);
-        ShowProgress(window);
+        ShowTick(window);
         return TickResult::kGoOn;
     }
-    if (!MediaDevice.open) {
-        StopPositionTimer(window);
-        StopAnimationTimer(window);
-        return TickResult::kGoOn;
-    }
-    DWORD mode = 0;
-    const MCIERROR error = QueryStatus(MediaDevice.id, MCI_STATUS_MODE, mode);
-    if (error != 0) {
-        ReportMediaError(window, error);
-        return TickResult::kGoOn;
-    }
+    // Without a device the last film has been seen in its own window, or it has failed.
+    DWORD mode = MCI_MODE_STOP;
+    if (MediaDevice.open && !QueryDevice(window, MCI_STATUS_MODE, mode)) return TickResult::kGoOn;
     if (mode != MCI_MODE_STOP) {
-        ShowProgress(window);
+        ShowTick(window);
         return TickResult::kGoOn;
     }
-    if (PlayQueue.repeat) {
+    if (PlayQueue.repeat && (MediaDevice.open || MediaDevice.playAndExit)) {
         // The next tick closes the stopped device and opens the first file again.
         RestartQueue(PlayQueue);
         return TickResult::kGoOn;
     }
     return FinishQueue(window);
-}
-
-static void ScrollTo(HWND window, int position) {
-    MediaDevice.dragging = true;
-    if (!MediaDevice.open) return;
-    const int32_t milliseconds =
-        ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll);
-    ShowPosition(window, milliseconds);
-    SeekDevice(window, milliseconds);
-}
-
-static void MoveThumbBy(HWND window, int step) {
-    const auto position = PositionThumb(window);
-    const int moved = MoveScroll(position, step, MediaDevice.scroll.range);
-    ScrollTo(window, moved);
-    if (MediaDevice.open) SetPositionThumb(window, moved);
-}
-
-static void EndScroll(HWND window, int position) {
-    if (!MediaDevice.dragging) return;
-    MediaDevice.dragging = false;
-    if (!MediaDevice.open) return;
-    ShowPosition(window, ScrollToMilliseconds(position, MediaDevice.lengthMs, MediaDevice.scroll));
-    SetPositionThumb(window, position);
-    ShowStatus(window, MediaDevice.paused ? "Paused" : "Playing");
-    if (!MediaDevice.paused) StartPlayTimers(window);
-}
-
-static void EndScrollAtThumb(HWND window) {
-    EndScroll(window, PositionThumb(window));
-}
-
-void OnFileScroll(HWND window, int code, int thumb) {
-    constexpr int line = 1;
-    constexpr int page = 10;
-    switch (code) {
-        case SB_LINELEFT:
-            MoveThumbBy(window, -line);
-            break;
-        case SB_LINERIGHT:
-            MoveThumbBy(window, line);
-            break;
-        case SB_PAGELEFT:
-            MoveThumbBy(window, -page);
-            break;
-        case SB_PAGERIGHT:
-            MoveThumbBy(window, page);
-            break;
-        case SB_LEFT:
-            MoveThumbBy(window, -MediaDevice.scroll.range);
-            break;
-        case SB_RIGHT:
-            MoveThumbBy(window, MediaDevice.scroll.range);
-            break;
-        case SB_THUMBTRACK:
-            ScrollTo(window, thumb);
-            return;
-        case SB_THUMBPOSITION:
-            EndScroll(window, thumb);
-            return;
-        case SB_ENDSCROLL:
-            EndScrollAtThumb(window);
-            return;
-        default:
-            return;
-    }
-    // The keyboard does not always send an end of scrolling.
-    if (GetKeyState(VK_LBUTTON) >= 0) EndScrollAtThumb(window);
 }

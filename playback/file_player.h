@@ -1,4 +1,4 @@
-// Playing the selected files of wave and MIDI mode one after another.
+// Playing the selected files of wave, MIDI and video mode one after another.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,16 @@
 void ResetFilePlayer();
 
 // Play: resumes a pause, else starts a new queue from the list's selection. Without a selection
-// nothing plays and nothing is said. Video files have no player yet: in video mode nothing happens.
+// nothing plays and nothing is said. A film that is larger than the frame is played in a window of
+// its own before this returns.
 void OnPlay(HWND window);
 void OnStop(HWND window);
 void OnPause(HWND window);
 void OnRepeat(HWND window);
 // The queue's next file, while one is open and there is another.
 void OnNextFile(HWND window);
+// Switches the sound of films, in video mode.
+void OnSound(HWND window);
 
 // Selects the file that the program was started for: the program ends when it has been played.
 // False when the list does not have it.
@@ -33,6 +36,3 @@ enum class TickResult {
     kEndProgram  // the queue that the program was started for has ended
 };
 TickResult PositionTick(HWND window);
-
-// WM_HSCROLL of the position scroll bar; thumb is the 16-bit position of the message.
-void OnFileScroll(HWND window, int code, int thumb);

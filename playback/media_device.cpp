@@ -1,6 +1,8 @@
 // See media_device.h.
 #include "playback/media_device.h"
 
+#include <digitalv.h>
+
 #include <algorithm>
 
 #include "base/program_state.h"
@@ -51,18 +53,25 @@ static bool IsRefusedByItsHeader(const std::string& path) {
     });
 }
 
-static MCIERROR Open(const std::string& path, MCIDEVICEID& id) {
+static MCIERROR Open(const std::string& path, HWND picture) {
     if (IsRefusedByItsHeader(path)) return MCIERR_INVALID_FILE;
-    MCI_OPEN_PARMSA open = {};
-    open.lpstrElementName = path.c_str();
-    const MCIERROR error =
-        Mci.send(0, MCI_OPEN, MCI_OPEN_ELEMENT | MCI_WAIT, reinterpret_cast<DWORD_PTR>(&open));
-    if (error == 0) id = open.wDeviceID;
+    // The sound drivers know the first half of this block and are told by the flags.
+    MCI_DGV_OPEN_PARMSA open = {};
+    std::string element = path;
+    open.lpstrElementName = element.data();
+    DWORD_PTR flags = MCI_OPEN_ELEMENT | MCI_WAIT;
+    if (picture != nullptr) {
+        open.dwStyle = WS_CHILD;
+        open.hWndParent = picture;
+        flags |= MCI_DGV_OPEN_PARENT | MCI_DGV_OPEN_WS;
+    }
+    const MCIERROR error = Mci.send(0, MCI_OPEN, flags, reinterpret_cast<DWORD_PTR>(&open));
+    if (error == 0) MediaDevice.id = open.wDeviceID;
     return error;
 }
 
-bool OpenDevice(HWND window, const std::string& path) {
-    const MCIERROR error = Open(path, MediaDevice.id);
+bool OpenDevice(HWND window, const std::string& path, HWND picture) {
+    const MCIERROR error = Open(path, picture);
     MediaDevice.open = error == 0;
     if (MediaDevice.open) return true;
     ReportMediaError(window, error);
@@ -71,27 +80,37 @@ bool OpenDevice(HWND window, const std::string& path) {
     return false;
 }
 
-void CloseDevice() {
+void CloseUnplayedDevice() {
     if (!MediaDevice.open) return;
     MCI_GENERIC_PARMS generic = {};
     Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
     ForgetDevice();
 }
 
-bool OpenAndPlay(HWND window, const std::string& path) {
-    if (!OpenDevice(window, path)) return false;
-
+bool SetTimeFormat(HWND window, PlayUnit unit) {
     MCI_SET_PARMS set = {};
-    set.dwTimeFormat = MCI_FORMAT_MILLISECONDS;
-    SendToDevice(window, MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set);
-    DWORD length = 0;
-    if (QueryDevice(window, MCI_STATUS_LENGTH, length))
-        SetLengthDisplay(window, static_cast<int32_t>(length));
-    MCI_SEEK_PARMS seek = {};
-    SendToDevice(window, MCI_SEEK, MCI_SEEK_TO_START | MCI_WAIT, &seek);
+    set.dwTimeFormat = unit == PlayUnit::kFrames ? MCI_FORMAT_FRAMES : MCI_FORMAT_MILLISECONDS;
+    MediaDevice.length.unit = unit;
+    return SendToDevice(window, MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, &set);
+}
+
+void TakeLength(HWND window) {
+    DWORD answer = 0;
+    if (!QueryDevice(window, MCI_STATUS_LENGTH, answer)) return;
+    const auto length = static_cast<int32_t>(answer);
+    const bool frames = MediaDevice.length.unit == PlayUnit::kFrames;
+    MediaDevice.length = frames ? LengthInFrames(length) : LengthInMilliseconds(length);
+    MediaDevice.dragging = false;
+    ShowLength(window, MediaDevice.length);
+}
+
+void PlayFromStart(HWND window) {
     MCI_PLAY_PARMS play = {};
-    SendToDevice(window, MCI_PLAY, 0, &play);
-    return MediaDevice.open;
+    SendToDevice(window, MCI_PLAY, MCI_FROM, &play);
+}
+
+void ShowPicture(HWND window, bool show) {
+    if (CurrentMode().showsVideo) ShowControl(window, IDC_VIDEO_AREA, show);
 }
 
 void StopAndReset(HWND window) {
@@ -101,7 +120,7 @@ void StopAndReset(HWND window) {
         Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         ForgetDevice();
         ShowStatus(window, "Ready");
-        if (CurrentMode().showsVideo) ShowControl(window, IDC_VIDEO_AREA, false);
+        ShowPicture(window, false);
         // The CD player's own timers run on: its disc is no business of this device.
         if (IsPositionTimerRunning(window)) StopAnimationTimer(window);
         StopPositionTimer(window);
@@ -110,23 +129,26 @@ void StopAndReset(HWND window) {
     BlankReadouts(window);
     MediaDevice.dragging = false;
     if (!InCdMode()) {
-        MediaDevice.lengthMs = 0;
-        MediaDevice.scroll = {};
+        MediaDevice.length = {};
         SetPositionRange(window, 0);
         SetPositionThumb(window, 0);
     }
     MediaDevice.seekPause = false;
 }
 
+bool CloseDevice(HWND window) {
+    MCI_GENERIC_PARMS generic = {};
+    if (!SendToDevice(window, MCI_CLOSE, MCI_WAIT, &generic)) return false;
+    ShowPicture(window, false);
+    ForgetDevice();
+    return true;
+}
+
 bool CloseIfStopped(HWND window) {
     if (!MediaDevice.open) return true;
     DWORD mode = 0;
     if (!QueryDevice(window, MCI_STATUS_MODE, mode) || mode != MCI_MODE_STOP) return false;
-    MCI_GENERIC_PARMS generic = {};
-    if (!SendToDevice(window, MCI_CLOSE, MCI_WAIT, &generic)) return false;
-    if (CurrentMode().showsVideo) ShowControl(window, IDC_VIDEO_AREA, false);
-    ForgetDevice();
-    return true;
+    return CloseDevice(window);
 }
 
 void StartPlayTimers(HWND window) {
@@ -139,6 +161,7 @@ void ResumePlay(HWND window) {
     MediaDevice.paused = false;
     MCI_PLAY_PARMS play = {};
     if (!SendToDevice(window, MCI_PLAY, 0, &play)) return;
+    ShowPicture(window, true);
     ShowStatus(window, "Playing");
     StartPlayTimers(window);
 }
@@ -163,27 +186,26 @@ void TogglePause(HWND window) {
     }
 }
 
-void SeekDevice(HWND window, int32_t milliseconds) {
+void SeekDevice(HWND window, int32_t position) {
     MCI_GENERIC_PARMS generic = {};
     if (MediaDevice.seekPause && !SendToDevice(window, MCI_PAUSE, 0, &generic)) return;
     MCI_PLAY_PARMS play = {};
-    play.dwFrom =
-        static_cast<DWORD>(std::clamp(milliseconds, 0, std::max(MediaDevice.lengthMs, 0)));
+    const int32_t end = std::max(MediaDevice.length.length, 0);
+    play.dwFrom = static_cast<DWORD>(std::clamp(position, 0, end));
     play.dwTo = play.dwFrom;
-    SendToDevice(window, MCI_PLAY, MediaDevice.paused ? MCI_FROM | MCI_TO : MCI_FROM, &play);
-}
-
-void SetLengthDisplay(HWND window, int32_t lengthMs) {
-    MediaDevice.lengthMs = lengthMs;
-    MediaDevice.dragging = false;
-    MediaDevice.scroll = ScaleForLength(lengthMs);
-    ShowLength(window, lengthMs, MediaDevice.scroll);
+    const DWORD_PTR flags = MediaDevice.paused ? MCI_FROM | MCI_TO : MCI_FROM;
+    // A film that had ended is seen again.
+    if (SendToDevice(window, MCI_PLAY, flags, &play)) ShowPicture(window, true);
 }
 
 void SetRepeat(HWND window, bool repeat) {
     if (PlayQueue.repeat == repeat) return;
     PlayQueue.repeat = repeat;
-    InvalidateRect(GetDlgItem(window, IDC_REPEAT), nullptr, FALSE);
+    // The button is the main window's; the window of a large film has none.
+    HWND owner = GetWindow(window, GW_OWNER);
+    HWND button = GetDlgItem(owner != nullptr ? owner : window, IDC_REPEAT);
+    // A null window would mean the whole screen.
+    if (button != nullptr) InvalidateRect(button, nullptr, FALSE);
 }
 
 // Errors

@@ -20,8 +20,7 @@ struct MediaDeviceState {
     bool playAndExit = false;  // the program ends with its queue
     bool seekPause = false;    // a seek is preceded by a pause
     bool dragging = false;     // the user holds the scroll bar; read-outs do not follow the device
-    int32_t lengthMs = 0;
-    ScrollScale scroll;
+    PlayLength length;
 };
 extern MediaDeviceState MediaDevice;
 
@@ -33,18 +32,22 @@ bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters);
 // The same for one status item; on failure `value` is left alone.
 bool QueryDevice(HWND window, DWORD item, DWORD& value);
 
-// Opens a file by its full path. A failure is reported. True when the device is open.
-bool OpenDevice(HWND window, const std::string& path);
+// Opens a file by its full path, a film into a child window of `picture`. A failure is reported.
+bool OpenDevice(HWND window, const std::string& path, HWND picture = nullptr);
+// What positions of the open file count.
+bool SetTimeFormat(HWND window, PlayUnit unit);
+// The open file's length into read-outs and scroll bar.
+void TakeLength(HWND window);
+// Plays from the beginning on.
+void PlayFromStart(HWND window);
+
 // Closes the device without a word, if one is open; for a device that never played.
-void CloseDevice();
-
-// Opens a file by its full path, sets milliseconds, shows the length, seeks to the start and plays.
-// Every failure is reported. True when the device is open and plays.
-bool OpenAndPlay(HWND window, const std::string& path);
-
+void CloseUnplayedDevice();
 // Stops and closes the device, if one is open, and blanks the read-outs.
 void StopAndReset(HWND window);
 
+// Closes the open device. False when that failed, which is reported.
+bool CloseDevice(HWND window);
 // True when no device is open, or when it had stopped and is closed now. Failures are reported,
 // which ends the queue.
 bool CloseIfStopped(HWND window);
@@ -56,11 +59,12 @@ void ResumePlay(HWND window);
 // The timers of a playing file, while a device is open.
 void StartPlayTimers(HWND window);
 
-// Plays from there; while paused the device moves there and stays still. Clamped to the file.
-void SeekDevice(HWND window, int32_t milliseconds);
+// Plays from there, in the unit of the open file; while paused the device moves there and stays
+// still. Clamped to the file.
+void SeekDevice(HWND window, int32_t position);
 
-// Takes the length of a newly opened file over into read-outs and scroll bar.
-void SetLengthDisplay(HWND window, int32_t lengthMs);
+// The picture in the main window's frame: black behind the film, not there without one.
+void ShowPicture(HWND window, bool show);
 
 // Switches the queue's repeat and repaints its button.
 void SetRepeat(HWND window, bool repeat);

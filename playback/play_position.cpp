@@ -36,25 +36,45 @@ std::string PlayTimeText(int64_t milliseconds) {
     return FormatPlayTime(milliseconds) + " " + TimeUnitWord(milliseconds);
 }
 
-ScrollScale ScaleForLength(int32_t lengthMs) {
-    if (lengthMs > kScrollUnits) return {kScrollUnits, static_cast<float>(lengthMs) * 0.001f};
-    return {std::max<int>(lengthMs, 0), 1.0f};
+static std::string FrameText(int64_t frames) {
+    return std::to_string(std::max<int64_t>(frames, 0)) + (frames == 1 ? " Frame" : " Frames");
 }
 
-int32_t ScrollToMilliseconds(int position, int32_t lengthMs, const ScrollScale& scale) {
-    const int32_t end = std::max<int32_t>(lengthMs, 0);
-    if (lengthMs <= kScrollUnits) return std::clamp<int32_t>(position, 0, end);
+std::string PositionText(int64_t position, PlayUnit unit) {
+    return unit == PlayUnit::kFrames ? FrameText(position) : PlayTimeText(position);
+}
+
+PlayLength LengthInMilliseconds(int32_t length) {
+    const auto unit = PlayUnit::kMilliseconds;
+    if (length > kScrollUnits) {
+        return {unit, length, kScrollUnits, static_cast<float>(length) * 0.001f};
+    }
+    return {unit, length, std::max<int>(length, 0), 1.0f};
+}
+
+PlayLength LengthInFrames(int32_t length) {
+    return {PlayUnit::kFrames, length, static_cast<uint16_t>(std::max(length, 0)), 1.0f};
+}
+
+int32_t ScrollToPosition(int scroll, const PlayLength& length) {
+    const int32_t end = std::max<int32_t>(length.length, 0);
+    if (length.unit == PlayUnit::kFrames || length.length <= kScrollUnits) {
+        return std::clamp<int32_t>(scroll, 0, end);
+    }
     // Single precision cannot hold every length: the product may pass the end and even 32 bits.
-    const double milliseconds = static_cast<float>(position) * scale.scale;
+    const double milliseconds = static_cast<float>(scroll) * length.scale;
     return static_cast<int32_t>(std::clamp<double>(milliseconds, 0.0, end));
 }
 
-int MillisecondsToScroll(int64_t milliseconds, const ScrollScale& scale) {
-    if (!(scale.scale > 0.0f)) return 0;
-    const float units = static_cast<float>(milliseconds) / scale.scale;
+int PositionToScroll(int64_t position, const PlayLength& length) {
+    if (length.range == 0 || !(length.scale > 0.0f)) return 0;
+    if (length.unit == PlayUnit::kFrames) {
+        return static_cast<uint16_t>(std::max<int64_t>(position, 0));
+    }
+    const float units = static_cast<float>(position) / length.scale;
     return static_cast<int>(std::clamp(units, 0.0f, 65535.0f));
 }
 
-int MoveScroll(int position, int step, int range) {
-    return std::clamp(position + step, 0, std::max(range, 0));
+int MoveScroll(int scroll, int step, int range) {
+    return std::clamp(scroll + step, 0, std::max(range, 0));
 }

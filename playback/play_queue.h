@@ -15,6 +15,7 @@ struct PlayQueueState {
     std::vector<std::string> names;  // file names as listed
     size_t index = 0;                // the next name to open
     size_t filesLeft = 0;            // names not yet opened
+    int selectedCount = 0;           // as it is shown, beyond the limit too
     bool repeat = false;
 };
 

@@ -8,16 +8,16 @@ void ShowStatus(HWND window, const char* text) {
     SetControlText(window, IDC_STATUS, text);
 }
 
-void ShowLength(HWND window, int32_t lengthMs, const ScrollScale& scroll) {
+void ShowLength(HWND window, const PlayLength& length) {
     SetControlText(window, IDC_POSITION_UNIT, "0");
-    SetControlText(window, IDC_LENGTH, PlayTimeText(lengthMs));
-    SetPositionRange(window, scroll.range);
+    SetControlText(window, IDC_LENGTH, PositionText(length.length, length.unit));
+    SetPositionRange(window, length.range);
     SetPositionThumb(window, 0);
-    ShowPosition(window, 0);
+    ShowPosition(window, 0, length.unit);
 }
 
-void ShowPosition(HWND window, int64_t milliseconds) {
-    SetControlText(window, IDC_POSITION, PlayTimeText(milliseconds));
+void ShowPosition(HWND window, int64_t position, PlayUnit unit) {
+    SetControlText(window, IDC_POSITION, PositionText(position, unit));
 }
 
 void BlankReadouts(HWND window) {

@@ -11,9 +11,9 @@
 
 void ShowStatus(HWND window, const char* text);
 // The length of a newly opened file; the position is back at its start.
-void ShowLength(HWND window, int32_t lengthMs, const ScrollScale& scroll);
+void ShowLength(HWND window, const PlayLength& length);
 // A position beyond the length is shown as it is.
-void ShowPosition(HWND window, int64_t milliseconds);
+void ShowPosition(HWND window, int64_t position, PlayUnit unit);
 // Position, length and file name empty, no file selected.
 void BlankReadouts(HWND window);
 

@@ -1,6 +1,7 @@
 // See player_timers.h.
 #include "playback/player_timers.h"
 
+#include "base/modes.h"
 #include "base/settings.h"
 #include "resources/ids.h"
 
@@ -13,6 +14,7 @@ struct PlayerTimersState {
     HWND position = nullptr;
     HWND cd = nullptr;
     HWND animation = nullptr;
+    bool sleepHeldOff = false;
 };
 static PlayerTimersState Timers;
 
@@ -26,12 +28,28 @@ static void Stop(HWND& runsOn, HWND window, UINT_PTR id) {
     runsOn = nullptr;
 }
 
+// The position timer runs just as long as something plays.
+static void HoldOffSleep(bool holds) {
+    if (Timers.sleepHeldOff == holds) return;
+    Timers.sleepHeldOff = holds;
+    SetThreadExecutionState(holds ? ES_CONTINUOUS | ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED
+                                  : ES_CONTINUOUS);
+}
+
+bool HoldsOffSleep(WPARAM systemCommand) {
+    // The lower four bits are the system's own.
+    const WPARAM command = systemCommand & 0xFFF0;
+    return Timers.sleepHeldOff && (command == SC_SCREENSAVE || command == SC_MONITORPOWER);
+}
+
 void StartPositionTimer(HWND window) {
     StopCdTimer(window);
     Start(Timers.position, window, ID_POSITION_TIMER, Settings.timerSpeedMs);
+    HoldOffSleep(CurrentMode().showsVideo);
 }
 void StopPositionTimer(HWND window) {
     Stop(Timers.position, window, ID_POSITION_TIMER);
+    if (Timers.position == nullptr) HoldOffSleep(false);
 }
 bool IsPositionTimerRunning(HWND window) {
     return window != nullptr && Timers.position == window;
@@ -62,5 +80,6 @@ void StopPlayerTimers(HWND window) {
 }
 
 void ResetPlayerTimers() {
+    HoldOffSleep(false);
     Timers = {};
 }

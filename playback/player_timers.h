@@ -16,6 +16,10 @@ bool IsCdTimerRunning(HWND window);
 void StartAnimationTimer(HWND window);  // every 333 ms; not in video mode
 void StopAnimationTimer(HWND window);
 
+// While a film plays, screen saver and the display's sleep are held off: true for a WM_SYSCOMMAND
+// that would begin them then and must be dropped.
+bool HoldsOffSleep(WPARAM systemCommand);
+
 // Before a window that takes long, and at the end: all three.
 void StopPlayerTimers(HWND window);
 // The first state, with no window's timer running.

@@ -267,6 +267,19 @@
 #define IDD_CREDITS 2700
 #define IDC_CREDITS_TEXT 2710
 
+// Dialog 1500: the window of a large film; its read-outs and its scroll bar are numbered as in the main
+// window.
+#define IDD_VIDEO 1500
+#define IDC_VIDEO_WINDOW_FRAME 1510
+#define IDC_VIDEO_WINDOW_AREA 1511
+#define IDC_VIDEO_WINDOW_BAR 1512
+#define IDC_VIDEO_PLAY 1513
+#define IDC_VIDEO_PAUSE 1514
+#define IDC_VIDEO_STOP 1515
+#define IDC_VIDEO_PLAY_LABEL 1516
+#define IDC_VIDEO_PAUSE_LABEL 1517
+#define IDC_VIDEO_STOP_LABEL 1518
+
 // Dialog 1600: the editors. The mixer dialog uses the same field numbers.
 #define IDD_EDITORS 1600
 #define IDC_PROGRAM_BROWSE 119

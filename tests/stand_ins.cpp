@@ -61,6 +61,13 @@ static std::string PlayText(const MCI_PLAY_PARMS& play, DWORD_PTR flags, bool dr
     return text;
 }
 
+// A film is opened into a window of the program's, as its child.
+static bool IsFilm(DWORD_PTR flags, DWORD_PTR parameters) {
+    if (!(flags & MCI_DGV_OPEN_PARENT)) return false;
+    const auto* film = reinterpret_cast<MCI_DGV_OPEN_PARMSA*>(parameters);
+    return IsWindow(film->hWndParent) && film->dwStyle == WS_CHILD;
+}
+
 // The name of a command as the log has it, and the flags that it must have.
 static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, bool drive,
                         DWORD_PTR& expected) {
@@ -69,6 +76,7 @@ static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, boo
         case MCI_OPEN:
             expected |= drive ? MCI_OPEN_TYPE : MCI_OPEN_ELEMENT;
             if (drive) return "open";
+            if (IsFilm(flags, parameters)) expected |= MCI_DGV_OPEN_PARENT | MCI_DGV_OPEN_WS;
             return std::string("open ") +
                    reinterpret_cast<MCI_OPEN_PARMSA*>(parameters)->lpstrElementName;
         case MCI_CLOSE:
@@ -95,6 +103,8 @@ static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, boo
             expected = flags & MCI_SET_TIME_FORMAT ? MCI_SET_TIME_FORMAT | MCI_WAIT : flags;
             if (flags == MCI_SET_DOOR_OPEN) return "door open";
             if (flags == MCI_SET_DOOR_CLOSED) return "door closed";
+            if (flags == (MCI_SET_AUDIO | MCI_SET_ON | MCI_WAIT)) return "sound on";
+            if (flags == (MCI_SET_AUDIO | MCI_SET_OFF | MCI_WAIT)) return "sound off";
             return "format " +
                    std::to_string(reinterpret_cast<MCI_SET_PARMS*>(parameters)->dwTimeFormat);
         case MCI_STATUS:
@@ -113,13 +123,13 @@ static std::string Describe(UINT message, DWORD_PTR flags, DWORD_PTR parameters,
     return flags == expected ? name : name + " with flags " + std::to_string(flags);
 }
 
-static MCIERROR AnswerFile(UINT message, DWORD_PTR parameters) {
+static MCIERROR AnswerFile(UINT message, DWORD_PTR flags, DWORD_PTR parameters) {
     if (message == MCI_STATUS) {
         auto* status = reinterpret_cast<MCI_STATUS_PARMS*>(parameters);
         status->dwReturn = TheMci.status[status->dwItem];
         if (status->dwItem == MCI_STATUS_LENGTH && TimeFormat == MCI_FORMAT_FRAMES)
             status->dwReturn = TheMci.frames;
-    } else if (message == MCI_SET) {
+    } else if (message == MCI_SET && (flags & MCI_SET_TIME_FORMAT)) {
         TimeFormat = reinterpret_cast<MCI_SET_PARMS*>(parameters)->dwTimeFormat;
     } else if (message == MCI_WHERE) {
         reinterpret_cast<MCI_DGV_RECT_PARMS*>(parameters)->rc = TheMci.picture;
@@ -138,7 +148,7 @@ static MCIERROR WINAPI FakeSend(MCIDEVICEID device, UINT message, DWORD_PTR flag
     if (TheMci.callsToFailure >= 0 && TheMci.callsToFailure-- == 0) return TheMci.failure;
     if (drive && !TheMci.drive) return MCIERR_CANNOT_LOAD_DRIVER;
     const MCIERROR error =
-        drive ? TheMci.drive(message, flags, parameters) : AnswerFile(message, parameters);
+        drive ? TheMci.drive(message, flags, parameters) : AnswerFile(message, flags, parameters);
     if (error != 0) return error;
     if (opens) {
         reinterpret_cast<MCI_OPEN_PARMSA*>(parameters)->wDeviceID = drive ? kDrive : kFileDevice;

@@ -33,12 +33,17 @@ void DesktopTest::Play(const std::vector<std::string>& names) {
     Command(player.window, IDC_PLAY);
 }
 
+static bool HasSystemFile(const std::string& name) {
+    return GetFileAttributesA(("c:\\windows\\system32\\" + name).c_str()) !=
+           INVALID_FILE_ATTRIBUTES;
+}
+
 bool DesktopTest::HasVirtualDrive() {
-    return GetFileAttributesA("c:\\windows\\system32\\vdrive.dll") != INVALID_FILE_ATTRIBUTES;
+    return HasSystemFile("vdrive.dll");
 }
 
 bool DesktopTest::HasVirtualProjector() {
-    return GetFileAttributesA("c:\\windows\\system32\\vfilm.dll") != INVALID_FILE_ATTRIBUTES;
+    return HasSystemFile("vfilm.dll");
 }
 
 void DesktopTest::InsertSheet(const std::string& name, const std::string& cueSheet) {

@@ -321,14 +321,15 @@ TEST_F(FilePlayerTest, AWaveOfZeroBytesASecondIsNotOpened) {
     ExpectIdle();
 }
 
-TEST_F(FilePlayerTest, AStartFileEndsTheProgramOnlyWhenItPlays) {
+TEST_F(FilePlayerTest, AStartFilePlaysAndTheProgramEndsWithIt) {
+    TheMci.picture = {0, 0, 160, 120};
     for (const auto& [mode, file] :
          {std::pair{IDC_MODE_WAVE, "tune.wav"}, std::pair{IDC_MODE_VIDEO, "film.avi"}}) {
         OpenTestWindow(mode, {file}, file);
         EXPECT_TRUE(MediaDevice.playAndExit) << file;
         PumpMessages();  // the request is posted
-        EXPECT_EQ(MediaDevice.open, mode == IDC_MODE_WAVE);
-        EXPECT_EQ(MediaDevice.playAndExit, mode == IDC_MODE_WAVE);
+        EXPECT_TRUE(MediaDevice.open);
+        EXPECT_TRUE(MediaDevice.playAndExit);
     }
 }
 

@@ -30,37 +30,65 @@ TEST(PlayTime, FieldsAppearWithTheirFirstDigit) {
         EXPECT_EQ(PlayTimeText(c.milliseconds), c.text);
 }
 
-TEST(ScrollScale, LengthsOfASecondAndOfOneMillisecondMore) {
-    EXPECT_EQ(ScaleForLength(1000).range, 1000);
-    EXPECT_FLOAT_EQ(ScaleForLength(1000).scale, 1.0f);
-    EXPECT_EQ(ScaleForLength(1001).range, 1000);
-    EXPECT_FLOAT_EQ(ScaleForLength(1001).scale, 1.001f);
-    EXPECT_EQ(ScaleForLength(7).range, 7);
-    EXPECT_EQ(ScaleForLength(0).range, 0);
-    EXPECT_EQ(ScaleForLength(-5).range, 0);
+TEST(ScrollBar, LengthsOfASecondAndOfOneMillisecondMore) {
+    EXPECT_EQ(LengthInMilliseconds(1000).range, 1000);
+    EXPECT_FLOAT_EQ(LengthInMilliseconds(1000).scale, 1.0f);
+    EXPECT_EQ(LengthInMilliseconds(1001).range, 1000);
+    EXPECT_FLOAT_EQ(LengthInMilliseconds(1001).scale, 1.001f);
+    EXPECT_EQ(LengthInMilliseconds(7).range, 7);
+    EXPECT_EQ(LengthInMilliseconds(0).range, 0);
+    EXPECT_EQ(LengthInMilliseconds(-5).range, 0);
 }
 
-TEST(ScrollScale, PositionsStayInsideTheFile) {
-    for (int32_t length : {0, 1, 999, 1000, 1001, 1005, 83456, 16777217, INT_MAX}) {
-        const ScrollScale scale = ScaleForLength(length);
-        EXPECT_EQ(ScrollToMilliseconds(0, length, scale), 0);
-        EXPECT_LE(ScrollToMilliseconds(scale.range, length, scale), length);
-        EXPECT_GE(ScrollToMilliseconds(scale.range, length, scale), length - length / 1000);
-        EXPECT_LE(ScrollToMilliseconds(65535, length, scale), length);
-        EXPECT_EQ(ScrollToMilliseconds(-1, length, scale), 0);
-        EXPECT_LE(MillisecondsToScroll(length, scale), scale.range);
+TEST(ScrollBar, PositionsStayInsideTheFile) {
+    for (int32_t milliseconds : {0, 1, 999, 1000, 1001, 1005, 83456, 16777217, INT_MAX}) {
+        const PlayLength length = LengthInMilliseconds(milliseconds);
+        EXPECT_EQ(ScrollToPosition(0, length), 0);
+        EXPECT_LE(ScrollToPosition(length.range, length), milliseconds);
+        EXPECT_GE(ScrollToPosition(length.range, length), milliseconds - milliseconds / 1000);
+        EXPECT_LE(ScrollToPosition(65535, length), milliseconds);
+        EXPECT_EQ(ScrollToPosition(-1, length), 0);
+        EXPECT_LE(PositionToScroll(milliseconds, length), length.range);
     }
-    EXPECT_EQ(ScrollToMilliseconds(500, 83456, ScaleForLength(83456)), 41728);
+    EXPECT_EQ(ScrollToPosition(500, LengthInMilliseconds(83456)), 41728);
 }
 
-TEST(ScrollScale, ThumbIsTruncatedAndSaturates) {
-    EXPECT_EQ(MillisecondsToScroll(41727, ScaleForLength(83456)), 499);
-    EXPECT_EQ(MillisecondsToScroll(1ll << 40, ScaleForLength(5)), 65535);
-    EXPECT_EQ(MillisecondsToScroll(-7, ScaleForLength(5)), 0);
-    EXPECT_EQ(MillisecondsToScroll(7, ScrollScale{}), 0);
+TEST(ScrollBar, ThumbIsTruncatedAndSaturates) {
+    EXPECT_EQ(PositionToScroll(41727, LengthInMilliseconds(83456)), 499);
+    EXPECT_EQ(PositionToScroll(1ll << 40, LengthInMilliseconds(5)), 65535);
+    EXPECT_EQ(PositionToScroll(-7, LengthInMilliseconds(5)), 0);
+    EXPECT_EQ(PositionToScroll(7, PlayLength{}), 0);
 }
 
-TEST(ScrollScale, MovesStopAtTheEnds) {
+TEST(ScrollBar, FramesStandForThemselves) {
+    const struct {
+        int32_t frames;
+        const char* text;
+        int range;
+    } cases[] = {
+        {0, "0 Frames", 0},
+        {1, "1 Frame", 1},
+        {2, "2 Frames", 2},
+        {999, "999 Frames", 999},
+        {65535, "65535 Frames", 65535},
+        {65536, "65536 Frames", 0},
+        {65546, "65546 Frames", 10},
+        {-5, "0 Frames", 0},
+    };
+    for (const auto& c : cases) {
+        const PlayLength length = LengthInFrames(c.frames);
+        EXPECT_EQ(PositionText(c.frames, length.unit), c.text);
+        EXPECT_EQ(length.range, c.range) << c.text;
+        EXPECT_EQ(PositionToScroll(c.frames, length), c.range) << c.text;
+    }
+    // No conversion: 1,001 frames are not a thousand units.
+    EXPECT_EQ(ScrollToPosition(999, LengthInFrames(1001)), 999);
+    EXPECT_EQ(ScrollToPosition(1200, LengthInFrames(1001)), 1001);
+    EXPECT_EQ(PositionToScroll(999, LengthInFrames(1001)), 999);
+    EXPECT_EQ(PositionToScroll(5, LengthInFrames(65536)), 0);
+}
+
+TEST(ScrollBar, MovesStopAtTheEnds) {
     EXPECT_EQ(MoveScroll(5, -10, 1000), 0);
     EXPECT_EQ(MoveScroll(995, 10, 1000), 1000);
     EXPECT_EQ(MoveScroll(3, 1, 0), 0);

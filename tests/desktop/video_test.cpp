@@ -1,0 +1,189 @@
+// Films in the real program: in the frame and in a window of their own, seen and heard.
+#include <windows.h>
+
+#include <cmath>
+
+#include "demo/media/video_maker.h"
+#include "tests/desktop/desktop_test.h"
+
+constexpr int kSmall[] = {160, 120};
+constexpr int kLarge[] = {400, 300};
+
+class VideoTest : public DesktopTest {
+protected:
+    // A film of 15 pictures a second, with a tone.
+    void AddFilm(const std::string& name, const int (&size)[2], int frames) {
+        const bool quickTime = name.ends_with(".mov");
+        const Cartoon cartoon = {size[0], size[1], frames, 15, !quickTime};
+        std::vector<int16_t> tone(22050 / 15 * static_cast<size_t>(frames));
+        for (size_t i = 0; i < tone.size(); ++i)
+            tone[i] = static_cast<int16_t>(8000 * std::sin(static_cast<double>(i) * 0.125));
+        const Bytes bytes = quickTime ? PackCartoonFilm(cartoon, tone) : PackCartoon(cartoon, tone);
+        AddMedia(name, std::string(bytes.begin(), bytes.end()));
+    }
+
+    HWND WaitForFilmWindow(const std::string& name) {
+        HWND window = nullptr;
+        WaitUntil([&] {
+            window = GetLastActivePopup(player.window);
+            return window != player.window && Title(window) == "Tarnwell 1.1 - " + name;
+        });
+        return GetDlgItem(window, IDC_VIDEO_WINDOW_AREA) != nullptr ? window : nullptr;
+    }
+};
+
+// Whether a control shows many colours, as a film does and a black rectangle does not.
+static bool ShowsPicture(HWND control) {
+    RECT place = {};
+    GetWindowRect(control, &place);
+    HDC screen = GetDC(nullptr);
+    COLORREF first = GetPixel(screen, place.left + 4, place.top + 4);
+    bool differs = false;
+    for (LONG y = place.top + 4; y < place.bottom - 4; y += 9) {
+        for (LONG x = place.left + 4; x < place.right - 4; x += 9)
+            differs |= GetPixel(screen, x, y) != first;
+    }
+    ReleaseDC(nullptr, screen);
+    return differs && IsWindowVisible(control);
+}
+
+static bool WaitForPicture(HWND control) {
+    return WaitUntil([&] { return ShowsPicture(control); });
+}
+
+static int FramesShown(HWND window) {
+    return atoi(Text(window, IDC_POSITION).c_str());
+}
+
+TEST_F(VideoTest, FilmsOfBothSizesPlayInOneQueue) {
+    AddFilm("a small.avi", kSmall, 30);
+    AddFilm("b large.avi", kLarge, 30);
+    AddFilm("c small.avi", kSmall, 30);
+    AddMedia("broken.avi", "RIFF (   AVI LIST");
+    PutSetting(player, "VideoOutput", "Frames");
+    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
+    HWND area = Control(player.window, IDC_VIDEO_AREA);
+    ASSERT_NO_FATAL_FAILURE(Play({"a small.avi", "b large.avi", "broken.avi", "c small.avi"}));
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "a small.avi"));
+    EXPECT_EQ(Shown(IDC_LENGTH), "30 Frames");
+    EXPECT_EQ(Shown(IDC_FILES_LEFT), "3");
+    EXPECT_EQ(ScrollMaximum(player), 30);
+    EXPECT_TRUE(WaitForPicture(area));
+    RECT frame = {};
+    RECT picture = {};
+    GetWindowRect(Control(player.window, IDC_VIDEO_FRAME), &frame);
+    GetWindowRect(area, &picture);
+    EXPECT_EQ(picture.right - picture.left, 160);
+    EXPECT_NEAR(picture.left - frame.left, frame.right - picture.right, 5) << "not centred";
+    EXPECT_NEAR(picture.top - frame.top, frame.bottom - picture.bottom, 5) << "not centred";
+
+    HWND film = WaitForFilmWindow("b large.avi");
+    ASSERT_NE(film, nullptr);
+    EXPECT_FALSE(IsWindowVisible(area)) << "the first film's last picture";
+    EXPECT_TRUE(WaitForPicture(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA)));
+    EXPECT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
+    EXPECT_TRUE(WaitUntil([&] { return FramesShown(film) > 5; }));
+    EXPECT_EQ(Shown(IDC_FILES_LEFT), "2");
+
+    // Nobody closes it: the next one is broken, and the one after that plays.
+    ASSERT_TRUE(WaitUntil([&] { return !IsWindow(film); }));
+    HWND box = WaitForPopup(player);
+    ASSERT_EQ(Title(box), "Tarnwell Message!");
+    Command(box, IDC_OK);
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "c small.avi"));
+    EXPECT_EQ(Shown(IDC_SELECTED_COUNT), "4");
+    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
+    EXPECT_TRUE(WaitForPicture(area));
+    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_EQ(Shown(IDC_POSITION), "30 Frames");
+    EXPECT_FALSE(IsWindowVisible(area)) << "the film has ended";
+}
+
+TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
+    AddFilm("large.avi", kLarge, 75);
+    AddFilm("other.avi", kSmall, 30);
+    PutSetting(player, "VideoOutput", "Time");
+    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
+    ASSERT_NO_FATAL_FAILURE(Play({"large.avi", "other.avi"}));
+    HWND film = WaitForFilmWindow("large.avi");
+    ASSERT_NE(film, nullptr);
+    ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
+    EXPECT_EQ(ReadOutMs(Text(film, IDC_LENGTH)) / 100, 49);
+    Command(film, IDC_VIDEO_PAUSE);
+    ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Paused"));
+    PostMessageA(film, WM_HSCROLL, MAKELONG(SB_THUMBTRACK, 500), 0);
+    PostMessageA(film, WM_HSCROLL, MAKELONG(SB_THUMBPOSITION, 500), 0);
+    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) / 100 == 24; }));
+    EXPECT_EQ(Text(film, IDC_STATUS), "Paused");
+    Command(film, IDC_VIDEO_PLAY);
+    ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
+    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) > 2800; }));
+    Command(film, IDC_VIDEO_STOP);
+    ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Ready"));
+    EXPECT_EQ(Text(film, IDC_POSITION), "");
+    EXPECT_FALSE(ShowsPicture(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA)));
+    Command(film, IDC_VIDEO_PLAY);
+    ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
+
+    SetForegroundWindow(film);
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(WaitUntil([&] { return !IsWindow(film); }));
+    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_EQ(Shown(IDC_FILES_LEFT), "0") << "closed by hand, the queue ends";
+    EXPECT_TRUE(IsWindowEnabled(player.window));
+    EXPECT_EQ(WaitForPopup(player, 500), nullptr);
+}
+
+TEST_F(VideoTest, RepeatKeepsTheWindowOfASingleFilm) {
+    AddFilm("large.avi", kLarge, 20);
+    PutSetting(player, "VideoOutput", "Frames");
+    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
+    Command(player.window, IDC_REPEAT);
+    ASSERT_NO_FATAL_FAILURE(Play({"large.avi"}));
+    HWND film = WaitForFilmWindow("large.avi");
+    ASSERT_NE(film, nullptr);
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(WaitUntil([&] { return FramesShown(film) > 10; }));
+        ASSERT_TRUE(WaitUntil([&] { return FramesShown(film) < 10; }));
+    }
+    EXPECT_TRUE(IsWindow(film));
+    SendMessageA(film, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+}
+
+TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
+    if (!HasVirtualProjector()) GTEST_SKIP() << "no driver for .mov files is registered";
+    AddFilm("film.mov", kSmall, 90);
+    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
+    ASSERT_NO_FATAL_FAILURE(Play({"film.mov"}));
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
+    EXPECT_TRUE(WaitForPicture(Control(player.window, IDC_VIDEO_AREA)));
+    EXPECT_TRUE(WaitForSound());
+    Command(player.window, IDC_SOUND);
+    EXPECT_TRUE(WaitForSilence());
+    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
+    Command(player.window, IDC_SOUND);
+    EXPECT_TRUE(WaitForSound());
+    Command(player.window, IDC_STOP);
+    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_FALSE(IsWindowVisible(Control(player.window, IDC_VIDEO_AREA)));
+    // The switch holds for the next film too.
+    Command(player.window, IDC_SOUND);
+    ASSERT_NO_FATAL_FAILURE(Play({"film.mov"}));
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
+    EXPECT_TRUE(WaitForSilence());
+    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
+}
+
+TEST_F(VideoTest, AFilmNamedAtTheStartEndsTheProgramWhateverItsSize) {
+    AddFilm("small.avi", kSmall, 15);
+    AddFilm("large.avi", kLarge, 15);
+    for (const char* name : {"small.avi", "large.avi"}) {
+        ASSERT_TRUE(StartProgram(player, MediaDirectory() + name));
+        EXPECT_EQ(ExitCode(player), 0) << name;
+    }
+    AddMedia("broken.avi", "RIFF (   AVI LIST");
+    ASSERT_TRUE(StartProgram(player, MediaDirectory() + "broken.avi"));
+    Command(WaitForPopup(player), IDC_OK);
+    EXPECT_EQ(ExitCode(player), 0);
+}

@@ -1,0 +1,330 @@
+// What the video player sends to the device in the main window's frame and in the window of a large
+// film, and what becomes of the queue when any of it fails. Ticks come from the real timers.
+#include "playback/video_player.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "playback/media_device.h"
+#include "playback/play_queue.h"
+#include "playback/player_timers.h"
+#include "resources/ids.h"
+#include "tests/stand_ins.h"
+#include "ui/dialog_helpers.h"
+
+constexpr RECT kSmall = {0, 0, 160, 120};
+constexpr RECT kLarge = {0, 0, 320, 240};
+
+// What the user does in a film's window: asked again and again while one is open, until it answers
+// true.
+static std::function<bool(HWND film)> TheUser;
+
+static HWND FilmWindow() {
+    HWND window = nullptr;
+    while ((window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr) {
+        if (GetDlgItem(window, IDC_VIDEO_WINDOW_AREA) != nullptr) return window;
+    }
+    return nullptr;
+}
+
+static VOID CALLBACK AskUser(HWND, UINT, UINT_PTR, DWORD) {
+    HWND film = FilmWindow();
+    if (film == nullptr || !TheUser) return;
+    if (TheUser(film)) TheUser = nullptr;
+}
+
+class VideoPlayerTest : public testing::Test {
+protected:
+    void SetUp() override {
+        UseStandIns();
+        OpenTestWindow(IDC_MODE_VIDEO, {"a.avi", "b.avi", "c.mov"});
+        Settings.timerSpeedMs = 10;
+        TheMci.status[MCI_STATUS_LENGTH] = 2000;
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+        TheMci.frames = 30;
+        TheMci.picture = kSmall;
+        user = SetTimer(nullptr, 0, 10, AskUser);
+    }
+    void TearDown() override {
+        KillTimer(nullptr, user);
+        TheUser = nullptr;
+        CloseTestWindow();
+    }
+
+    static void Select(int first, int last) {
+        SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, FALSE, -1);
+        for (int i = first; i <= last; ++i)
+            SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, i);
+    }
+    static void Play(int first, int last) {
+        Select(first, last);
+        Command(IDC_PLAY);
+    }
+    static Log OpeningOf(const char* name) { return {"open " + VideoFilesPath + name, "where"}; }
+    static Log StartOf(const std::string& sound = "sound on") {
+        return {"format 3", sound, "length", "play from 0"};
+    }
+    static Log Joined(std::initializer_list<Log> logs) {
+        Log all;
+        for (const Log& log : logs)
+            all.insert(all.end(), log.begin(), log.end());
+        return all;
+    }
+    // Lets timers and messages come until it is so.
+    static bool Await(const std::function<bool()>& condition) {
+        for (const DWORD start = GetTickCount(); GetTickCount() - start < 5000;) {
+            PumpMessages();
+            if (condition()) return true;
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        }
+        return false;
+    }
+    static bool AwaitFile(const std::string& name) {
+        return Await([&] { return Text(IDC_FILE_NAME) == name && MediaDevice.open; });
+    }
+    static void FilmEnds() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP; }
+    static bool IsPictureShown() {
+        return (GetWindowLongA(GetDlgItem(MainWindow, IDC_VIDEO_AREA), GWL_STYLE) & WS_VISIBLE);
+    }
+    // The commands but for the polling in between.
+    static Log TakeActions() {
+        Log log = TakeLog();
+        std::erase(log, "mode");
+        std::erase(log, "position");
+        return log;
+    }
+    static bool SleepIsHeldOff() { return HoldsOffSleep(SC_SCREENSAVE); }
+
+    UINT_PTR user = 0;
+};
+
+TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
+    Play(0, 0);
+    EXPECT_EQ(TakeLog(), Joined({OpeningOf("a.avi"), StartOf()}));
+    EXPECT_TRUE(IsPictureShown());
+    EXPECT_TRUE(SleepIsHeldOff());
+    EXPECT_EQ(Text(IDC_LENGTH), "30 Frames");
+    EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
+    TheMci.status[MCI_STATUS_POSITION] = 1;
+    EXPECT_TRUE(Await([] { return Text(IDC_POSITION) == "1 Frame"; }));
+    TakeLog();
+    Command(IDC_SOUND);
+    EXPECT_EQ(TakeActions(), Log{"sound off"});
+    Scroll(SB_THUMBTRACK, 200);
+    EXPECT_EQ(TakeActions(), Log{"play from 30"}) << "clamped to the film";
+    Scroll(SB_THUMBPOSITION, 30);
+    Command(IDC_PAUSE);
+    EXPECT_FALSE(SleepIsHeldOff());
+    Command(IDC_PAUSE);
+    EXPECT_TRUE(SleepIsHeldOff());
+    FilmEnds();
+    EXPECT_TRUE(Await([] { return Text(IDC_STATUS) == "Ready"; }));
+    EXPECT_FALSE(IsPictureShown());
+    EXPECT_FALSE(SleepIsHeldOff());
+    TakeLog();
+    Scroll(SB_LINELEFT);
+    EXPECT_EQ(TakeActions(), Log{"play from 29"});
+    EXPECT_TRUE(IsPictureShown()) << "it plays again";
+
+    Settings.videoFrames = false;
+    Command(IDC_PLAY);
+    Log log = TakeActions();
+    EXPECT_EQ(log[4], "format 0");
+    EXPECT_EQ(log[5], "sound off") << "the switch holds for every film";
+    EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
+}
+
+TEST_F(VideoPlayerTest, OnlyQuickTimeFilmsArePausedBeforeASeek) {
+    for (const auto& [index, expected] :
+         {std::pair{2, Log{"pause", "play from 1"}}, std::pair{0, Log{"play from 1"}}}) {
+        for (const RECT& size : {kSmall, kLarge}) {
+            TheMci.picture = size;
+            Log seek;
+            TheUser = [&](HWND film) {
+                if (ControlText(film, IDC_STATUS) != "Playing") return false;
+                TakeLog();
+                SendMessageA(film, WM_HSCROLL, SB_LINERIGHT, 0);
+                seek = TakeActions();
+                SendMessageA(film, WM_CLOSE, 0, 0);
+                return true;
+            };
+            Play(index, index);
+            if (size.right == kSmall.right) {
+                TakeLog();
+                Scroll(SB_LINERIGHT);
+                seek = TakeActions();
+            }
+            EXPECT_EQ(seek, expected);
+        }
+    }
+}
+
+// Every command of the opening of the first of two films, in the frame and in a window of its own.
+TEST_F(VideoPlayerTest, WhicheverCommandFailsTheNextFilmPlays) {
+    for (const bool large : {false, true}) {
+        const Log own = large ? Log{"close", "open " + VideoFilesPath + "a.avi"} : Log{};
+        const Log opening = Joined({OpeningOf("a.avi"), own, StartOf()});
+        for (int n = 0; n < static_cast<int>(opening.size()); ++n) {
+            SCOPED_TRACE(opening[n] + (large ? ", large" : ", small"));
+            TheBoxes = {};
+            TheMci.picture = large ? kLarge : kSmall;
+            PlayQueue.repeat = true;
+            TakeLog();
+            FailCall(n);
+            // The second film is small in either case.
+            TheBoxes.whileOpen = [] {
+                EXPECT_FALSE(MediaDevice.open);
+                EXPECT_EQ(Text(IDC_LENGTH), "");
+                EXPECT_EQ(Text(IDC_POSITION), "");
+                TheMci.picture = kSmall;
+            };
+            Play(0, 1);
+            EXPECT_TRUE(AwaitFile("b.avi"));
+            EXPECT_EQ(TheBoxes.shown, Log{"error 262"});
+            EXPECT_FALSE(PlayQueue.repeat);
+            EXPECT_EQ(Text(IDC_SELECTED_COUNT), "2");
+            EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
+            EXPECT_EQ(Text(IDC_STATUS), "Playing");
+            EXPECT_TRUE(IsWindowEnabled(MainWindow));
+            for (const std::string& line : TakeLog())
+                EXPECT_EQ(line.find("to no device"), std::string::npos) << line;
+            Command(IDC_STOP);
+        }
+    }
+}
+
+TEST_F(VideoPlayerTest, NoEndlessRowOfBoxesAndNothingLeftRunning) {
+    TheMci.picture = {0, 0, 0, 120};
+    Play(0, 2);
+    EXPECT_TRUE(Await([] { return TheBoxes.shown.size() == 3; }));
+    EXPECT_FALSE(Await([] { return IsPositionTimerRunning(MainWindow); }) &&
+                 TheBoxes.shown.size() > 3);
+    EXPECT_EQ(TheBoxes.shown, Log(3, "error " + std::to_string(MCIERR_INTERNAL)));
+    EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
+    EXPECT_FALSE(IsPictureShown());
+    EXPECT_EQ(Text(IDC_STATUS), "Ready");
+    EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
+
+    // Stop comes between a film that failed and the next one.
+    TheMci.picture = kSmall;
+    FailCall(0);
+    Play(0, 1);
+    Command(IDC_STOP);
+    EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
+}
+
+TEST_F(VideoPlayerTest, ALargeFilmPlaysInItsOwnWindowUntilItIsClosed) {
+    TheMci.picture = {0, 0, 320, -240};
+    bool played = false;
+    TheUser = [&](HWND film) {
+        if (ControlText(film, IDC_STATUS) != "Playing") return false;
+        played = true;
+        EXPECT_EQ(ControlText(film, IDC_LENGTH), "30 Frames");
+        EXPECT_EQ(Text(IDC_LENGTH), "") << "the main window shows nothing of it";
+        EXPECT_TRUE(IsPositionTimerRunning(film));
+        EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
+        EXPECT_TRUE(SleepIsHeldOff());
+        EXPECT_EQ(PlayQueue.filesLeft, 1u) << "counted before the window opens";
+        RECT area = {};
+        GetClientRect(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA), &area);
+        EXPECT_EQ(area.right, 320);
+        EXPECT_EQ(area.bottom, 240);
+        SendMessageA(film, WM_CLOSE, 0, 0);
+        return true;
+    };
+    MediaDevice.playAndExit = true;
+    Play(0, 1);
+    EXPECT_TRUE(played);
+    const std::string open = OpeningOf("a.avi")[0];
+    EXPECT_EQ(TakeActions(),
+              Joined({{open, "where", "close", open}, StartOf(), {"stop", "close"}}));
+    EXPECT_EQ(PlayQueue.filesLeft, 0u);
+    EXPECT_FALSE(MediaDevice.playAndExit);
+    EXPECT_FALSE(SleepIsHeldOff());
+    EXPECT_EQ(Text(IDC_STATUS), "Ready");
+    EXPECT_EQ(Text(IDC_SELECTED_COUNT), "0");
+    EXPECT_EQ(Text(IDC_FILE_NAME), "");
+}
+
+TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
+    TheMci.picture = kLarge;
+    // Alone, it stays and shows where it ended.
+    TheUser = [](HWND film) {
+        if (ControlText(film, IDC_STATUS) == "Playing") FilmEnds();
+        if (ControlText(film, IDC_STATUS) != "Ready" ||
+            ControlText(film, IDC_POSITION) != "30 Frames")
+            return false;
+        EXPECT_FALSE(SleepIsHeldOff());
+        SendMessageA(film, WM_CLOSE, 0, 0);
+        return true;
+    };
+    Play(0, 0);
+    EXPECT_FALSE(TheUser) << "closed by itself";
+
+    // Repeated, it is not opened again.
+    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+    PlayQueue.repeat = true;
+    TakeLog();
+    int rounds = 0;
+    TheUser = [&](HWND film) {
+        Log log = TheMci.log;
+        rounds = static_cast<int>(std::count(log.begin(), log.end(), "play from 0"));
+        TheMci.status[MCI_STATUS_MODE] = rounds < 3 ? MCI_MODE_STOP : MCI_MODE_PLAY;
+        if (rounds >= 3) SendMessageA(film, WM_CLOSE, 0, 0);
+        return rounds >= 3;
+    };
+    Play(0, 0);
+    Log log = TakeLog();
+    EXPECT_EQ(std::count(log.begin(), log.end(), OpeningOf("a.avi")[0]), 2);
+
+    // One of several: the queue starts over.
+    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+    int films = 0;
+    std::string title;
+    TheUser = [&](HWND film) {
+        char now[80] = "";
+        GetWindowTextA(film, now, sizeof now);
+        if (ControlText(film, IDC_STATUS) != "Playing") return false;
+        if (title == now) {
+            FilmEnds();
+            return false;
+        }
+        title = now;
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+        if (++films < 3) return false;
+        EXPECT_EQ(title, "Tarnwell 1.1 - a.avi");
+        SendMessageA(film, WM_CLOSE, 0, 0);
+        return true;
+    };
+    Play(0, 1);
+    EXPECT_TRUE(Await([&] { return films == 3; }));
+}
+
+TEST_F(VideoPlayerTest, TheProgramEndsWithItsFilmHoweverThatEnds) {
+    const struct {
+        const char* name;
+        bool large;
+        int failing;
+    } cases[] = {{"plays", false, -1},
+                 {"large", true, -1},
+                 {"does not open", false, 0},
+                 {"no length", false, 4},
+                 {"large does not open", true, 3}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        OpenTestWindow(IDC_MODE_VIDEO, {"a.avi"});
+        Settings.timerSpeedMs = 10;
+        TheMci.picture = c.large ? kLarge : kSmall;
+        FilmEnds();
+        MediaDevice.playAndExit = true;
+        FailCall(c.failing);
+        Play(0, 0);
+        EXPECT_TRUE(Await([] { return MainWindow == nullptr; }));
+        MSG message;
+        PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    }
+}

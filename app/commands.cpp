@@ -15,6 +15,7 @@
 #include "playback/cd_player.h"
 #include "playback/cd_readouts.h"
 #include "playback/file_player.h"
+#include "playback/play_progress.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
 #include "ui/about_box.h"

@@ -251,7 +251,9 @@ protected:
         switch (Below(8)) {
             case 0:
                 Note("second start");
-                EXPECT_EQ(RunSecondInstance(player, Any(lines)), 0);
+                // Where the first has just ended, the second is a first and stays.
+                EXPECT_TRUE(RunSecondInstance(player, Any(lines)) == 0 ||
+                            ExitCode(player, 0) != -1);
                 break;
             case 1:
                 Note("minimise");

@@ -1,6 +1,10 @@
 // The main window: its creation and the dispatch of its messages.
 #include "app/main_window.h"
 
+#include <windows.h>
+
+#include <shellapi.h>
+
 #include "app/commands.h"
 #include "app/directory_field.h"
 #include "app/drop_target.h"
@@ -9,6 +13,7 @@
 #include "app/main_buttons.h"
 #include "app/modes.h"
 #include "app/shutdown.h"
+#include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
 #include "playback/cd_commands.h"
@@ -115,6 +120,13 @@ static void OnSystemColorChange(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
+// F1, also from a dialog, which hands it on to its owner. Without the manual nothing happens.
+static void OnHelp(HWND window) {
+    const std::string manual = InAppDirectory("MANUAL.HTM");
+    if (GetFileAttributesA(manual.c_str()) == INVALID_FILE_ATTRIBUTES) return;
+    ShellExecuteA(window, "open", manual.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
 // While a box or a dialog is open, what would reach the main window behind it is dropped.
 static bool IsBlocked(HWND window) {
     return !IsWindowEnabled(window) || ShuttingDown;
@@ -168,6 +180,9 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
         case WM_SYSCOLORCHANGE:
             OnSystemColorChange(window);
             return 0;
+        case WM_HELP:
+            OnHelp(window);
+            return TRUE;
         case kInvalidPathMessage:
             OnInvalidPath();
             return 0;

@@ -7,10 +7,6 @@
 #include "database/database_format.h"
 #include "database/database_paths.h"
 
-ExitCode CheckCatalogue(const CommonOptions& options) {
-    return Fail(options.file, "not yet");
-}
-
 ExitCode SalvageCatalogue(const CommonOptions& options, const std::string&) {
     return Fail(options.file, "not yet");
 }

@@ -1,0 +1,191 @@
+// check: every rule of the format, one line a fault.
+#include <algorithm>
+
+#include "companion/catalogue.h"
+#include "companion/commands.h"
+#include "database/database_format.h"
+
+namespace {
+
+// The entry that is looked at, as its pointers and its place say.
+struct CheckedEntry {
+    uint32_t number;  // from 1
+    uint64_t start;
+    std::vector<uint8_t> bytes;
+};
+
+struct CheckRun {
+    int faults = 0;
+};
+
+// Reads an entry's contents; stops where the entry does.
+struct ContentsReader {
+    const CheckedEntry& entry;
+    size_t position;
+    bool shortOf = false;  // something was cut by the entry's end
+};
+
+}  // namespace
+
+static void TellFault(CheckRun& run, uint64_t offset, const std::string& what) {
+    ++run.faults;
+    Print("offset " + std::to_string(offset) + ": " + what + "\n");
+}
+
+static void TellFault(CheckRun& run, const CheckedEntry& entry, size_t position,
+                      const std::string& what) {
+    TellFault(run, entry.start + position, "entry " + std::to_string(entry.number) + ": " + what);
+}
+
+static std::string Instead(const char* field, uint64_t value, uint64_t right) {
+    return std::string(field) + " is " + std::to_string(value) + " instead of " +
+           std::to_string(right);
+}
+
+static void CheckPointers(CheckRun& run, const CheckedEntry& entry) {
+    const uint64_t size = entry.bytes.size();
+    const uint32_t next = GetU32(entry.bytes.data());
+    const uint16_t entrySize = GetU16(entry.bytes.data() + kEntrySizeOffset);
+    const uint32_t trailer = GetU32(entry.bytes.data() + size - kTrailerBytes);
+    if (next != entry.start + size) {
+        TellFault(run, entry, 0, Instead("NextOffset", next, entry.start + size));
+    }
+    if (entrySize != size - kNextOffsetBytes) {
+        TellFault(run, entry, kEntrySizeOffset,
+                  Instead("EntrySize", entrySize, size - kNextOffsetBytes));
+    }
+    if (trailer != entry.start) {
+        TellFault(run, entry, size - kTrailerBytes, Instead("EntryStart", trailer, entry.start));
+    }
+}
+
+static size_t EndOfContents(const CheckedEntry& entry) {
+    return entry.bytes.size() - kTrailerBytes;
+}
+
+static uint32_t TakeNumber(ContentsReader& reader, size_t sizeBytes) {
+    if (reader.position + sizeBytes > EndOfContents(reader.entry)) {
+        reader.shortOf = true;
+        reader.position = EndOfContents(reader.entry);
+        return 0;
+    }
+    const uint8_t* bytes = reader.entry.bytes.data() + reader.position;
+    reader.position += sizeBytes;
+    return sizeBytes == 1 ? bytes[0] : GetU16(bytes);
+}
+
+static void CheckText(CheckRun& run, ContentsReader& reader, const std::string& field) {
+    const size_t place = reader.position;
+    const uint32_t length = TakeNumber(reader, 1);
+    if (reader.shortOf) return;
+    if (length > kMaxTextBytes) {
+        TellFault(run, reader.entry, place, field + " has " + std::to_string(length) + " bytes");
+    }
+    if (reader.position + length > EndOfContents(reader.entry)) {
+        reader.shortOf = true;
+        return;
+    }
+    const auto text = reader.entry.bytes.begin() + static_cast<std::ptrdiff_t>(reader.position);
+    if (std::find(text, text + length, 0) != text + length) {
+        TellFault(run, reader.entry, place, field + " holds a zero byte, which ends it");
+    }
+    reader.position += length;
+}
+
+static void CheckCode(CheckRun& run, ContentsReader& reader, const char* field, uint32_t largest) {
+    const size_t place = reader.position;
+    const uint32_t value = TakeNumber(reader, 1);
+    if (!reader.shortOf && value > largest) {
+        TellFault(run, reader.entry, place, std::string(field) + " is " + std::to_string(value));
+    }
+}
+
+// Names and lengths; they must add up to what the key says.
+static void CheckTracks(CheckRun& run, ContentsReader& reader) {
+    const CheckedEntry& entry = reader.entry;
+    const uint32_t count = TakeNumber(reader, 1);
+    if (count < 1 || count > kMaxTracks) {
+        TellFault(run, entry, kTrackCountOffset, std::to_string(count) + " tracks");
+    }
+    uint32_t total = 0;
+    uint32_t first = 0;
+    for (uint32_t track = 1; track <= count && !reader.shortOf; ++track) {
+        CheckText(run, reader, "the name of track " + std::to_string(track));
+        const uint32_t seconds = TakeNumber(reader, 2);
+        if (track == 1) first = seconds;
+        total += seconds;
+    }
+    if (reader.shortOf) return;
+    const uint16_t storedTotal = GetU16(entry.bytes.data() + kDiscKeyOffset);
+    const uint16_t storedFirst = GetU16(entry.bytes.data() + kDiscKeyOffset + 2);
+    if (storedTotal != (total & 0xFFFF)) {
+        TellFault(run, entry, kDiscKeyOffset,
+                  Instead("the key's total", storedTotal, total & 0xFFFF));
+    }
+    if (storedFirst != first) {
+        TellFault(run, entry, kDiscKeyOffset + 2,
+                  Instead("the key's length of track 1", storedFirst, first));
+    }
+}
+
+static void CheckContents(CheckRun& run, const CheckedEntry& entry) {
+    ContentsReader reader{entry, kTrackCountOffset};
+    CheckTracks(run, reader);
+    for (const char* field :
+         {"the artist", "the disc name", "the category", "the label", "the notes"}) {
+        if (!reader.shortOf) CheckText(run, reader, field);
+    }
+    if (!reader.shortOf) CheckCode(run, reader, "the recording code", 3);
+    if (!reader.shortOf) CheckCode(run, reader, "the disc type", 3);
+    if (!reader.shortOf) CheckCode(run, reader, "the disc size", 1);
+    if (!reader.shortOf) CheckText(run, reader, "the year");
+    if (reader.shortOf) {
+        TellFault(run, entry, EndOfContents(entry), "the entry ends inside its contents");
+    } else if (reader.position != EndOfContents(entry)) {
+        TellFault(run, entry, reader.position,
+                  std::to_string(EndOfContents(entry) - reader.position) +
+                      " bytes more than the contents need");
+    }
+}
+
+// False when no two of the entry's three pointers say where it ends.
+static bool ReadEntry(Catalogue& catalogue, CheckedEntry& entry) {
+    uint64_t end = 0;
+    if (!FindEntryEnd(catalogue.reader, entry.start, catalogue.sizeBytes, end)) return false;
+    if (end < entry.start + kMinEntryBytes || end - entry.start > UINT16_MAX + kNextOffsetBytes) {
+        return false;
+    }
+    entry.bytes.resize(static_cast<size_t>(end - entry.start));
+    catalogue.reader.position = entry.start;
+    const auto size = static_cast<uint32_t>(entry.bytes.size());
+    return ReadUpTo(catalogue.reader, entry.bytes.data(), size) == size;
+}
+
+ExitCode CheckCatalogue(const CommonOptions& options) {
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    CheckRun run;
+    CheckedEntry entry{1, kHeaderBytes, {}};
+    while (entry.number <= catalogue.entryCount && ReadEntry(catalogue, entry)) {
+        CheckPointers(run, entry);
+        CheckContents(run, entry);
+        entry.start += entry.bytes.size();
+        ++entry.number;
+        ShowProgress("entry", entry.number, catalogue.entryCount);
+    }
+    ClearProgress();
+    const uint32_t read = entry.number - 1;
+    if (read < catalogue.entryCount) {
+        TellFault(run, entry.start,
+                  "entry " + std::to_string(entry.number) + " of " +
+                      std::to_string(catalogue.entryCount) +
+                      " cannot be found, nor what follows it");
+    } else if (entry.start != catalogue.sizeBytes) {
+        TellFault(run, entry.start,
+                  std::to_string(catalogue.sizeBytes - entry.start) +
+                      " bytes behind the last entry that is counted");
+    }
+    Print(std::to_string(read) + " of " + std::to_string(catalogue.entryCount) + " entries, " +
+          std::to_string(run.faults) + (run.faults == 1 ? " fault\n" : " faults\n"));
+    return run.faults > 0 ? kFound : kDone;
+}

@@ -6,13 +6,19 @@
 #include "companion/system.h"
 #include "database/database_format.h"
 #include "database/database_paths.h"
+#include "database/database_sort.h"
 
 ExitCode SalvageCatalogue(const CommonOptions& options, const std::string&) {
     return Fail(options.file, "not yet");
 }
 
 ExitCode SortCatalogue(const CommonOptions& options) {
-    return Fail(options.file, "not yet");
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    CloseFile(catalogue.file);
+    if (catalogue.entryCount < 2) return kDone;
+    const DatabaseResult result = SortDatabase(CompareArtists, [](const char*) {});
+    return result == DatabaseResult::kOk ? kDone : Fail(options.file, DatabaseResultText(result));
 }
 
 static std::string Generation(const std::string& path, int number) {

@@ -1,7 +1,9 @@
 // Code pages as the C library's converter knows them; everything else is UTF-8 already.
 #include <iconv.h>
+#include <strings.h>
 
 #include <cerrno>
+#include <cstring>
 #include <memory>
 
 #include "companion/code_page.h"
@@ -42,4 +44,9 @@ void PrepareOutput() {}
 bool ToSystemPath(const std::string& utf8, std::string& path) {
     path = utf8;
     return true;
+}
+
+int CompareArtists(const char* first, const char* second) {
+    const int order = strcasecmp(first, second);
+    return order != 0 ? order : -strcmp(first, second);
 }

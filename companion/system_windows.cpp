@@ -58,3 +58,7 @@ bool ToSystemPath(const std::string& utf8, std::string& path) {
     path = Narrow(wide.c_str(), CP_ACP, &lost);
     return lost == FALSE;
 }
+
+int CompareArtists(const char* first, const char* second) {
+    return lstrcmpA(first, second);
+}

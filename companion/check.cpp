@@ -43,7 +43,7 @@ static std::string Instead(const char* field, uint64_t value, uint64_t right) {
 }
 
 static void CheckPointers(CheckRun& run, const CheckedEntry& entry) {
-    const uint64_t size = entry.bytes.size();
+    const size_t size = entry.bytes.size();
     const uint32_t next = GetU32(entry.bytes.data());
     const uint16_t entrySize = GetU16(entry.bytes.data() + kEntrySizeOffset);
     const uint32_t trailer = GetU32(entry.bytes.data() + size - kTrailerBytes);

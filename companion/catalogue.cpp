@@ -42,11 +42,14 @@ Refusal ChooseCatalogue(const std::string& path) {
     return {};
 }
 
+Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes) {
+    FileStatus status = OpenHeld(DatabasePath(), file);
+    if (status == FileStatus::kOk) status = FileCalls.size(file.handle, sizeBytes);
+    return status == FileStatus::kOk ? Refusal() : TextOf(status);
+}
+
 Refusal OpenCatalogue(Catalogue& catalogue) {
-    FileStatus status = OpenHeld(DatabasePath(), catalogue.file);
-    if (status != FileStatus::kOk) return TextOf(status);
-    status = FileCalls.size(catalogue.file.handle, catalogue.sizeBytes);
-    if (status != FileStatus::kOk) return TextOf(status);
+    if (Refusal why = OpenAnyFile(catalogue.file, catalogue.sizeBytes); !why.empty()) return why;
     StartReading(catalogue.reader, catalogue.file.handle);
     uint8_t header[kHeaderBytes];
     const uint32_t size = ReadUpTo(catalogue.reader, header, kHeaderBytes);

@@ -24,6 +24,9 @@ struct Catalogue {
     uint16_t entryCount = 0;  // as the header says
 };
 
+// Opens the chosen file for reading, whatever it is.
+Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes);
+
 // Opens the chosen catalogue for reading. A file that another program holds is waited for, some
 // seconds long. Files that do not begin like a catalogue are refused.
 Refusal OpenCatalogue(Catalogue& catalogue);

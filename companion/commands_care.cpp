@@ -4,12 +4,72 @@
 #include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "companion/system.h"
+#include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_paths.h"
+#include "database/database_salvage.h"
 #include "database/database_sort.h"
 
-ExitCode SalvageCatalogue(const CommonOptions& options, const std::string&) {
-    return Fail(options.file, "not yet");
+constexpr uint64_t kLargestCatalogue = kHeaderBytes + uint64_t{kMaxEntries} * kMaxEntryBytes;
+
+// Tells where discs begin, which of them are doubtful, and how many bytes between them are none.
+static uint32_t TellFindings(const CommonOptions& options, RewriteSource& damaged) {
+    uint32_t found = 0;
+    uint32_t doubtful = 0;
+    uint64_t lost = 0;
+    uint64_t from = kHeaderBytes;
+    SalvagedEntry entry;
+    while (FindSalvageableEntry(damaged.reader, from, damaged.sizeBytes, entry)) {
+        ++found;
+        lost += entry.start - from;
+        if (!entry.contentsFit) {
+            ++doubtful;
+            Print("entry " + std::to_string(found) + " at offset " + std::to_string(entry.start) +
+                  " is doubtful: its texts do not fill it, what can be read of them is kept\n");
+        }
+        from = entry.end;
+        ShowProgress("offset", from, damaged.sizeBytes);
+    }
+    ClearProgress();
+    if (damaged.sizeBytes > from) lost += damaged.sizeBytes - from;
+    Print(options.file + ": " + std::to_string(found) + " discs found, " +
+          std::to_string(damaged.entryCount) + " counted in the file, " + std::to_string(doubtful) +
+          " doubtful, " + std::to_string(lost) + " bytes belong to none\n");
+    return found;
+}
+
+// The output does not exist: an empty catalogue is made there and rewritten.
+static Refusal WriteSalvagedTo(const std::string& output, RewriteSource& damaged) {
+    if (Refusal why = ChooseCatalogue(output); !why.empty()) return why;
+    if (FileCalls.exists(DatabasePath().c_str()) != FileStatus::kMissing) {
+        return "this file exists already";
+    }
+    EnsureDatabase();
+    const DatabaseResult result = SafeRewrite([&damaged](RewriteSource&, RewriteTarget& target) {
+        return WriteSalvaged(damaged, target);
+    });
+    if (result == DatabaseResult::kOk) return {};
+    RemovePatiently(DatabasePath().c_str());
+    return DatabaseResultText(result);
+}
+
+ExitCode SalvageCatalogue(const CommonOptions& options, const std::string& output) {
+    ScopedFile file;
+    RewriteSource damaged;
+    if (const Refusal why = OpenAnyFile(file, damaged.sizeBytes); !why.empty()) {
+        return Fail(options.file, why);
+    }
+    if (damaged.sizeBytes > kLargestCatalogue) {
+        return Fail(options.file, "the file is larger than a catalogue can be");
+    }
+    StartReading(damaged.reader, file.handle);
+    ReadEntryCount(damaged.reader, damaged.entryCount);
+    if (TellFindings(options, damaged) == 0) return Fail(options.file, "there is no disc in it");
+    if (const Refusal why = WriteSalvagedTo(output, damaged); !why.empty()) {
+        return Fail(output, why);
+    }
+    DatabaseCheck check;
+    return CheckDatabase(file.handle, check) && IsIntact(check) ? kDone : kFound;
 }
 
 ExitCode SortCatalogue(const CommonOptions& options) {

@@ -138,26 +138,6 @@ TEST_F(DriveTest, PlaysPausesGoesOnAndEndsAudibly) {
         << Log();
 }
 
-TEST_F(DriveTest, TellsTheTableOfContentsAsThePlayerReadsIt) {
-    std::vector<std::string> lengths(101, "12:00:74");
-    lengths[4] = "00:00:00";
-    MakeDisc("many.cue", lengths);
-    Insert("many.cue");
-    Open();
-    EXPECT_EQ(Status(MCI_STATUS_NUMBER_OF_TRACKS), 101);
-    EXPECT_EQ(Status(MCI_STATUS_LENGTH, 1), 12 | 74 << 16);
-    EXPECT_EQ(Status(MCI_STATUS_LENGTH, 5), 0);
-    EXPECT_EQ(Status(MCI_STATUS_LENGTH, 102), -MCIERR_OUTOFRANGE);
-    EXPECT_EQ(Status(MCI_CDA_STATUS_TYPE_TRACK, 1), MCI_CDA_TRACK_AUDIO);
-    EXPECT_EQ(static_cast<uint32_t>(Status(MCI_STATUS_POSITION, 101)), Tmsf(101, 0, 0, 0));
-    MCI_GETDEVCAPS_PARMS capability = {};
-    capability.dwItem = MCI_GETDEVCAPS_CAN_EJECT;
-    EXPECT_EQ(
-        mciSendCommandA(device, MCI_GETDEVCAPS, MCI_GETDEVCAPS_ITEM | MCI_WAIT, Block(capability)),
-        0U);
-    EXPECT_EQ(LOWORD(capability.dwReturn), TRUE);
-}
-
 TEST_F(DriveTest, DiscsComeGoAndChangeFromOutside) {
     MakeDisc("first.cue", {"00:30:00", "00:30:00"});
     MakeDisc("second.cue", {"00:20:00", "00:20:00", "00:20:00"});

@@ -11,13 +11,14 @@ struct Stop {
     int tab;
     int playButton;
     int status;
+    const char* file;  // the one that plays; null for all but the broken ones
 };
 
 constexpr Stop kStops[] = {
-    {"wave", IDC_MODE_WAVE, IDC_PLAY, IDC_STATUS},
-    {"midi", IDC_MODE_MIDI, IDC_PLAY, IDC_STATUS},
-    {"video", IDC_MODE_VIDEO, IDC_PLAY, IDC_STATUS},
-    {"cdplayer", IDC_MODE_CDPLAYER, IDC_CD_PLAY, IDC_CD_STATUS},
+    {"wave", IDC_MODE_WAVE, IDC_PLAY, IDC_STATUS, nullptr},
+    {"midi", IDC_MODE_MIDI, IDC_PLAY, IDC_STATUS, nullptr},
+    {"video", IDC_MODE_VIDEO, IDC_PLAY, IDC_STATUS, "Bouncing Ball.avi"},
+    {"cdplayer", IDC_MODE_CDPLAYER, IDC_CD_PLAY, IDC_CD_STATUS, nullptr},
 };
 
 static bool PlayAt(const Program& program, const Stop& stop) {
@@ -28,7 +29,7 @@ static bool PlayAt(const Program& program, const Stop& stop) {
     if (stop.playButton == IDC_PLAY) {
         SelectAll(list, false);
         for (const std::string& name : ListTexts(list)) {
-            if (!name.starts_with("Broken")) Select(list, name);
+            if (stop.file ? name == stop.file : !name.starts_with("Broken")) Select(list, name);
         }
     }
     Command(program.window, stop.playButton);

@@ -43,10 +43,10 @@ static bool WriteMidis(const path& directory) {
 }
 
 static bool WriteVideos(const path& directory) {
-    const Cartoon small = {160, 120, 45, 15, false};
+    const Cartoon small = {160, 120, 90, 15, false};
     const Cartoon large = {400, 300, 45, 15, true};
     const Sketch& tune = MidiSketches()[0].sketch;
-    const auto stereo = RenderMilliseconds(tune, 22050, 4000);
+    const auto stereo = RenderMilliseconds(tune, 22050, 6000);
     std::vector<int16_t> mono;
     for (size_t i = 0; i + 1 < stereo.size(); i += 2)
         mono.push_back(static_cast<int16_t>((stereo[i] + stereo[i + 1]) / 2));

@@ -47,5 +47,4 @@ TEST(Regeneration, GivesTheCommittedBytes) {
     EXPECT_TRUE(ReadFileBytes((made / "tarnwell.ico").string()) ==
                 ReadFileBytes((resources / "tarnwell.ico").string()));
     fs::remove_all(made);
-    fs::remove_all(made);
 }

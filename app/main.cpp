@@ -7,6 +7,7 @@
 #include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
+#include "database/database_file.h"
 #include "database/database_recovery.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
@@ -61,6 +62,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCom
     RegisterMainWindowClass();
     if (!StartFileGiven) ReadMediaDirectories();
     // Before the first look into the catalogue, which would create an empty one for a missing file.
+    ResetDatabaseState();
     RecoverDatabase();
     if (CreateMainWindow() == nullptr) return 1;
     ShowWindow(MainWindow, showCommand);

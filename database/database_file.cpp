@@ -170,7 +170,7 @@ DecodeResult ReadEntry(WindowReader& reader, uint32_t entryStart, DiscToc& disc,
         std::clamp(kNextOffsetBytes + header.entrySize, kMinEntryBytes, kMaxEntryBytes);
     uint32_t readBytes = wanted;
     while (result == DecodeResult::kCutShort && readBytes == wanted) {
-        if (!bytes.empty()) wanted = kWindowBytes;
+        if (!bytes.empty()) wanted = kFirstWindowBytes;
         const size_t before = bytes.size();
         bytes.resize(before + wanted);
         readBytes = ReadUpTo(reader, bytes.data() + before, wanted);

@@ -12,6 +12,7 @@ void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset) {
     reader.windowStart = 0;
     reader.windowSize = 0;
     reader.fileOffset = fileOffset;
+    reader.nextBytes = kFirstWindowBytes;
     reader.failed = false;
 }
 
@@ -20,10 +21,11 @@ void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset) {
 static bool FillWindow(WindowReader& reader) {
     const bool straightOn = reader.fileOffset != kUnknownOffset &&
                             reader.position >= reader.fileOffset &&
-                            reader.position - reader.fileOffset < kWindowBytes;
+                            reader.position - reader.fileOffset < reader.nextBytes;
     reader.windowSize = 0;
     if (!straightOn) {
         reader.fileOffset = kUnknownOffset;
+        reader.nextBytes = kFirstWindowBytes;
         if (FileCalls.seek(reader.file, reader.position) != FileStatus::kOk) {
             reader.failed = true;
             return false;
@@ -31,13 +33,15 @@ static bool FillWindow(WindowReader& reader) {
         reader.fileOffset = reader.position;
     }
     uint32_t readBytes = 0;
-    if (FileCalls.read(reader.file, reader.window, kWindowBytes, readBytes) != FileStatus::kOk) {
+    if (FileCalls.read(reader.file, reader.window, reader.nextBytes, readBytes) !=
+        FileStatus::kOk) {
         reader.failed = true;
         reader.fileOffset = kUnknownOffset;
         return false;
     }
     reader.windowStart = reader.fileOffset;
-    reader.windowSize = std::min(readBytes, kWindowBytes);
+    reader.windowSize = std::min(readBytes, reader.nextBytes);
+    reader.nextBytes = std::min(2 * reader.nextBytes, kWindowBytes);
     reader.fileOffset += reader.windowSize;
     return reader.windowSize > 0;
 }

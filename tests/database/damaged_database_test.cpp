@@ -78,9 +78,17 @@ TEST(DamagedDatabase, EveryLengthOfTheFile) {
             EXPECT_EQ(Database(), before);
         }
     }
-    // Whole, but not counted; or with its pointers still to come.
     std::string uncounted = kImage;
     uncounted[kCountOffset] = 2;
+    // The pointers and the file's length reached the disk, the rest did not.
+    for (size_t zerosFrom = before.size() + kDiscKeyOffset; zerosFrom < kImage.size() - 4;
+         ++zerosFrom) {
+        StartOn(std::string(uncounted).replace(zerosFrom, std::string::npos,
+                                               kImage.size() - zerosFrom, '\0'));
+        EXPECT_EQ(RecoverDatabase(), RecoveryResult::kRepaired);
+        EXPECT_EQ(Database(), before);
+    }
+    // Whole, but not counted; or with its pointers still to come.
     for (int pointers : {0, 6}) {
         const size_t count = static_cast<size_t>(pointers);
         StartOn(std::string(uncounted).replace(kStarts[2], count, count, '\0'));

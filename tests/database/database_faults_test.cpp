@@ -41,7 +41,7 @@ static const Fault kAllFaults[] = {
 
 // Each change once without a fault.
 static std::vector<Change> AllChanges() {
-    // Entries longer than a window, so that every copy takes several calls.
+    // Entries as long as the first window, so that reading them takes several calls.
     const std::vector<Disc> discs = {SampleDisc(1, 60), SampleDisc(2, 99), SampleDisc(3, 2)};
     const std::string whole = DatabaseImage(discs);
     std::vector<Disc> more = discs;
@@ -76,6 +76,12 @@ static std::vector<Change> AllChanges() {
     };
     changes.push_back(
         {"sort", {{kDatabaseName, DatabaseImage({discs[2], discs[1], discs[0]})}}, sort, {}, true});
+    const std::vector<Disc> longDiscs = {LargestDisc(), LargestDisc(), SampleDisc(3, 2)};
+    changes.push_back({"delete before a long one",
+                       {{kDatabaseName, DatabaseImage(longDiscs)}},
+                       [] { return DeleteEntry(kHeaderBytes); },
+                       {},
+                       true});
     std::string damaged = whole;
     damaged[EntryStarts(discs)[1]] ^= 1;
     changes.push_back({"rebuild",

@@ -80,7 +80,10 @@ static Call NextCall(bool opensOrNames = false) {
     const bool fails =
         fault == Fault::kCallFails || fault == Fault::kEndsBefore || fault == Fault::kEndsHalfway;
     if (fails) return {fault, FileStatus::kFailed};
-    return {fault, held && opensOrNames ? FileStatus::kHeld : FileStatus::kOk};
+    // A file deleted while another program has it open is denied until that one lets go.
+    const FileStatus refused =
+        fault == Fault::kHeldBriefly && calls % 2 == 0 ? FileStatus::kDenied : FileStatus::kHeld;
+    return {fault, held && opensOrNames ? refused : FileStatus::kOk};
 }
 
 static Handle* Find(FileHandle file) {

@@ -7,9 +7,16 @@
 #include "database/disc_entry.h"
 
 bool ReadEntryHeader(WindowReader& reader, uint64_t entryStart, EntryHeader& header) {
-    uint8_t bytes[kTrackCountOffset];
+    uint8_t copy[kTrackCountOffset];
     reader.position = entryStart;
-    if (ReadUpTo(reader, bytes, sizeof bytes) != sizeof bytes) return false;
+    const uint8_t* bytes = PeekInWindow(reader, sizeof copy);
+    if (bytes) {
+        reader.position += sizeof copy;
+    } else if (ReadUpTo(reader, copy, sizeof copy) == sizeof copy) {
+        bytes = copy;
+    } else {
+        return false;
+    }
     header.nextOffset = GetU32(bytes);
     header.entrySize = GetU16(bytes + kEntrySizeOffset);
     header.totalSeconds = GetU16(bytes + kDiscKeyOffset);

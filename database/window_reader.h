@@ -9,7 +9,7 @@
 #include "base/file_access.h"
 
 constexpr uint32_t kFirstWindowBytes = 2048;
-constexpr uint32_t kWindowBytes = 32768;
+constexpr uint32_t kWindowBytes = 65536;
 
 // Borrows the handle. Nothing but this reader moves the file's position while it is in use.
 struct WindowReader {
@@ -30,6 +30,14 @@ void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset = 0
 // Reads as many bytes as there are, at most sizeBytes; less than that means the end of the file or
 // a failure.
 uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes);
+
+// The next bytes where they lie in the window, without moving on; null unless it holds all of them.
+inline const uint8_t* PeekInWindow(const WindowReader& reader, uint32_t sizeBytes) {
+    const uint64_t from = reader.position - reader.windowStart;
+    const bool inside = reader.position >= reader.windowStart && from <= reader.windowSize &&
+                        reader.windowSize - from >= sizeBytes;
+    return inside ? reader.window + from : nullptr;
+}
 
 // These answer false, leave the output alone and `position` anywhere when the file ends before.
 bool ReadU8(WindowReader& reader, uint8_t& value);

@@ -11,7 +11,7 @@ if(WIN32)
     WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0501 _WIN32_WINNT=0x0501)
   target_link_options(tarnwell_flags INTERFACE
     -static -fstack-protector-strong -Wl,--dynamicbase,--nxcompat
-    -Wl,--no-insert-timestamp) # the same bytes from the same source
+    -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>) # the same bytes from the same source
   if(TARNWELL_CHECKED)
     target_compile_options(tarnwell_flags INTERFACE
       -D_GLIBCXX_ASSERTIONS -fsanitize=undefined,float-cast-overflow -fsanitize-undefined-trap-on-error)

@@ -52,7 +52,15 @@ static void SetSound(HWND window) {
     SendToDevice(window, MCI_SET, MCI_SET_AUDIO | onOff | MCI_WAIT, &set);
 }
 
+// The platform's film player plays in a thread of its own, which may still be on its way out when
+// the device is closed: its code stays loaded from the first film on.
+static void KeepFilmPlayerLoaded() {
+    static HMODULE player = nullptr;
+    if (player == nullptr) player = LoadLibraryA("mciavi32.dll");
+}
+
 bool StartVideo(HWND window, HWND picture) {
+    KeepFilmPlayerLoaded();
     SetTimeFormat(window, Settings.videoFrames ? PlayUnit::kFrames : PlayUnit::kMilliseconds);
     SetSound(window);
     TakeLength(window);

@@ -114,7 +114,9 @@ TEST_F(PlaybackTest, ThumbFollowsTheMouse) {
     GetWindowRect(Control(player.window, IDC_SCROLL), &bar);
     const int arrow = GetSystemMetrics(SM_CXHSCROLL);
     const LONG middle = (bar.top + bar.bottom) / 2;
-    HoldMouse({bar.left + arrow + 5, middle});
+    // The thumb, which is as wide as an arrow, may have gone a way by now.
+    const int way = bar.right - bar.left - 3 * arrow;
+    HoldMouse({bar.left + arrow + arrow / 2 + way * ScrollPosition(player) / 1000, middle});
     ASSERT_TRUE(WaitUntil([&] {
         MoveMouse({(bar.left + bar.right) / 2, middle});
         const int dragged = ReadOutMs(Shown(IDC_POSITION));

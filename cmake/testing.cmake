@@ -76,8 +76,9 @@ function(tarnwell_desktop_test name)
 endfunction()
 
 # tarnwell_fuzz_test(name sources...): a libFuzzer target over the pure procedures; a short bounded
-# run in the tests. Its seeds lie in seeds/<name> beside it; what it finds stays in the build folder.
-# Does nothing unless clang builds natively.
+# run in the tests that begins with the same random number each time, so that what is red is red
+# again; call the program itself for a long one. Its seeds lie in seeds/<name> beside it; what it
+# finds stays in the build folder. Does nothing unless clang builds natively.
 function(tarnwell_fuzz_test name)
   if(WIN32 OR NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     return()
@@ -91,7 +92,7 @@ function(tarnwell_fuzz_test name)
   if(NOT IS_DIRECTORY ${seeds})
     set(seeds)
   endif()
-  add_test(NAME ${name} COMMAND ${name} -max_total_time=5 -timeout=5 -rss_limit_mb=1024
-    -artifact_prefix=${CMAKE_CURRENT_BINARY_DIR}/${name}. ${corpus} ${seeds})
+  add_test(NAME ${name} COMMAND ${name} -seed=1 -max_total_time=5 -timeout=20 -rss_limit_mb=1024
+    -verbosity=0 -print_funcs=0 -artifact_prefix=${CMAKE_CURRENT_BINARY_DIR}/${name}. ${corpus} ${seeds})
   set_tests_properties(${name} PROPERTIES TIMEOUT 60)
 endfunction()

@@ -67,6 +67,7 @@ struct CsvImport {
     const CodePage& page;
     const DiscSink& sink;
     Columns columns;
+    size_t width = 0;  // the number of fields in every line
     PendingDisc pending;
 };
 
@@ -134,13 +135,19 @@ static void AddTrack(CsvImport& import, const std::vector<std::string>& record,
     toc.totalSeconds = static_cast<uint16_t>(total);
 }
 
-static bool ReadHeader(CsvReader& reader, Columns& columns, SourceFault& fault) {
+// Columns without a name hold nothing for us; there may be several.
+static bool ReadHeader(CsvReader& reader, CsvImport& import, SourceFault& fault) {
+    Columns& columns = import.columns;
     std::vector<std::string> names;
     int line = 0;
     fault = {"line 1", "the file is empty"};
     if (ReadCsvRecord(reader, names, line, fault) != CsvResult::kRecord) return false;
-    for (size_t i = 0; i < names.size(); ++i)
-        columns.emplace(names[i], i);
+    for (size_t i = 0; i < names.size(); ++i) {
+        if (columns.emplace(names[i], i).second || names[i].empty()) continue;
+        fault = {"line 1", "the column \"" + names[i] + "\" stands there twice"};
+        return false;
+    }
+    import.width = names.size();
     if (columns.contains(kTrack) && columns.contains(kSeconds)) return true;
     const bool discs = columns.contains(kTracks) && columns.contains(kTotal);
     fault = {"line 1",
@@ -154,8 +161,8 @@ bool ReadCsv(std::string_view text, const CodePage& page, const DiscSink& sink,
              SourceFault& fault) {
     CsvReader reader{text};
     if (text.starts_with("\xEF\xBB\xBF")) reader.position = reader.lineStart = 3;
-    CsvImport import{page, sink, {}, {}};
-    if (!ReadHeader(reader, import.columns, fault)) return false;
+    CsvImport import{page, sink, {}, 0, {}};
+    if (!ReadHeader(reader, import, fault)) return false;
 
     std::vector<std::string> record;
     int line = 0;
@@ -165,9 +172,9 @@ bool ReadCsv(std::string_view text, const CodePage& page, const DiscSink& sink,
         if (result == CsvResult::kEnd) break;
         if (record.size() == 1 && record[0].empty()) continue;  // an empty line
         const std::string where = "line " + std::to_string(line);
-        if (record.size() != import.columns.size()) {
+        if (record.size() != import.width) {
             fault = {where, std::to_string(record.size()) + " fields instead of " +
-                                std::to_string(import.columns.size())};
+                                std::to_string(import.width)};
             return false;
         }
         // Without a column of disc numbers every track 1 begins a disc.

@@ -77,6 +77,20 @@ TEST(TextForms, ColumnsStandInAnyOrderAndTextsMayBeMissing) {
     EXPECT_EQ(log.discs[1].fields.artist, "B");
 }
 
+// Every field is looked for where its column stands in the header line, so a line may never have
+// fewer fields than that.
+TEST(TextForms, AColumnStandsOnceUnlessItHasNoName) {
+    ImportLog log;
+    SourceFault fault;
+    EXPECT_FALSE(ReadCsv("track,seconds,notes,seconds,artist\n1,60,n,60,A\n", WesternPage(),
+                         log.Sink(), fault));
+    EXPECT_THAT(fault.what, HasSubstr("\"seconds\""));
+    EXPECT_FALSE(ReadCsv("track,seconds,,,artist\n1,60,,A\n", WesternPage(), log.Sink(), fault));
+    EXPECT_EQ(fault.where, "line 2");
+    ASSERT_TRUE(ReadCsv("track,seconds,,,artist\n1,60,,,A\n", WesternPage(), log.Sink(), fault));
+    EXPECT_EQ(log.discs.at(0).fields.artist, "A");
+}
+
 TEST(TextForms, AWrongDiscIsRefusedAndTheOthersAreTaken) {
     const struct {
         const char* lines;

@@ -34,15 +34,6 @@ static void OnBrowse(HWND window, const FileNames&) {
     FillModeList(window);
 }
 
-struct FileCommand {
-    int id;
-    bool inCdMode;
-    const char* nothingSelected;  // message; null where no selection is needed
-    int sound;                    // 0 where the dialogs play it, one for each file
-    void (*show)(HWND window, const FileNames& names);  // null: not there yet, nothing happens
-    bool refill;  // whether the files may be others afterwards
-};
-
 static void OnDelete(HWND window, const FileNames& names) {
     if (ShowDeleteDialog(window, names)) FillModeList(window);
 }
@@ -50,6 +41,15 @@ static void OnDelete(HWND window, const FileNames& names) {
 static void OnSetup(HWND window, const FileNames&) {
     ShowSetupDialog(window);
 }
+
+struct FileCommand {
+    int id;
+    bool inCdMode;
+    const char* nothingSelected;  // message; null where no selection is needed
+    int sound;                    // 0 where the dialogs play it, one for each file
+    void (*show)(HWND window, const FileNames& names);
+    bool refill;  // whether the files may be others afterwards
+};
 
 // The names come in list order, at most as many as a queue takes.
 constexpr FileCommand kFileCommands[] = {
@@ -86,7 +86,7 @@ static void Run(HWND window, const FileCommand& command) {
 bool RunFileCommand(HWND window, int id) {
     for (const FileCommand& command : kFileCommands) {
         if (command.id != id) continue;
-        if (command.show != nullptr && (command.inCdMode || !InCdMode())) Run(window, command);
+        if (command.inCdMode || !InCdMode()) Run(window, command);
         return true;
     }
     return false;

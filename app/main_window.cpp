@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include "app/commands.h"
 #include "app/directory_field.h"
 #include "app/drop_target.h"
@@ -12,6 +10,7 @@
 #include "app/layout.h"
 #include "app/main_buttons.h"
 #include "app/modes.h"
+#include "app/shell_library.h"
 #include "app/shutdown.h"
 #include "base/app_directory.h"
 #include "base/program_state.h"
@@ -124,7 +123,7 @@ static void OnSystemColorChange(HWND window) {
 static void OnHelp(HWND window) {
     const std::string manual = InAppDirectory("MANUAL.HTM");
     if (GetFileAttributesA(manual.c_str()) == INVALID_FILE_ATTRIBUTES) return;
-    ShellExecuteA(window, "open", manual.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    OpenDocument(window, manual);
 }
 
 // While a box or a dialog is open, what would reach the main window behind it is dropped.

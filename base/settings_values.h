@@ -4,20 +4,14 @@
 #include <cstdint>
 #include <string>
 
+#include "base/search_fields.h"
 #include "resources/ids.h"
 
 // How much of a catalogue entry is shown.
 enum class DatabaseLayout { kSimple, kAdvanced };
 
 // The database search's options, section [SEARCH].
-struct SearchSettings {
-    bool track = true;
-    bool artist = true;
-    bool discName = true;
-    bool category = true;
-    bool label = true;
-    bool notes = true;
-    bool yearReleased = true;
+struct SearchSettings : SearchFields {
     bool caseSensitive = false;
     bool textSearch = true;
     bool entireDatabase = true;

@@ -18,6 +18,13 @@ struct CheckRun {
     int faults = 0;
 };
 
+// How an item is called here, and what its codes are.
+struct ItemRule {
+    EntryItem item;
+    const char* name;
+    uint32_t largestCode = 0;
+};
+
 // Reads an entry's contents; stops where the entry does.
 struct ContentsReader {
     const CheckedEntry& entry;
@@ -26,6 +33,23 @@ struct ContentsReader {
 };
 
 }  // namespace
+
+static constexpr ItemRule kItemRules[] = {
+    {{&EntryFields::artist}, "the artist"},
+    {{&EntryFields::discName}, "the disc name"},
+    {{&EntryFields::category}, "the category"},
+    {{&EntryFields::label}, "the label"},
+    {{&EntryFields::notes}, "the notes"},
+    {{&EntryFields::yearReleased}, "the year"},
+    {{nullptr, &EntryFields::recordingCode}, "the recording code", std::size(kRecordingWords) - 1},
+    {{nullptr, &EntryFields::discType}, "the disc type", std::size(kTypeWords) - 1},
+    {{nullptr, &EntryFields::discSize}, "the disc size", 1},
+};
+
+static const ItemRule& RuleOf(const EntryItem& item) {
+    return *std::find_if(std::begin(kItemRules), std::end(kItemRules),
+                         [&](const ItemRule& rule) { return rule.item == item; });
+}
 
 static void TellFault(CheckRun& run, uint64_t offset, const std::string& what) {
     ++run.faults;
@@ -131,14 +155,15 @@ static void CheckTracks(CheckRun& run, ContentsReader& reader) {
 static void CheckContents(CheckRun& run, const CheckedEntry& entry) {
     ContentsReader reader{entry, kTrackCountOffset};
     CheckTracks(run, reader);
-    for (const char* field :
-         {"the artist", "the disc name", "the category", "the label", "the notes"}) {
-        if (!reader.shortOf) CheckText(run, reader, field);
+    for (const EntryItem& item : kEntryItems) {
+        if (reader.shortOf) break;
+        const ItemRule& rule = RuleOf(item);
+        if (item.text) {
+            CheckText(run, reader, rule.name);
+        } else {
+            CheckCode(run, reader, rule.name, rule.largestCode);
+        }
     }
-    if (!reader.shortOf) CheckCode(run, reader, "the recording code", 3);
-    if (!reader.shortOf) CheckCode(run, reader, "the disc type", 3);
-    if (!reader.shortOf) CheckCode(run, reader, "the disc size", 1);
-    if (!reader.shortOf) CheckText(run, reader, "the year");
     if (reader.shortOf) {
         TellFault(run, entry, EndOfContents(entry), "the entry ends inside its contents");
     } else if (reader.position != EndOfContents(entry)) {

@@ -11,13 +11,11 @@ constexpr DiscText kTexts[] = {
     {"notes", &EntryFields::notes},       {"year released", &EntryFields::yearReleased},
 };
 
-constexpr const char* kRecordings[] = {"AAD", "ADD", "DAD", "DDD"};
-constexpr const char* kTypes[] = {"Album", "Single", "CD+MM", "CD+Video"};
 constexpr const char* kSizes[] = {"3 inch", "5 inch"};
 
 constexpr DiscCode kCodes[] = {
-    {"recording", &EntryFields::recordingCode, kRecordings},
-    {"type", &EntryFields::discType, kTypes},
+    {"recording", &EntryFields::recordingCode, kRecordingWords},
+    {"type", &EntryFields::discType, kTypeWords},
     {"size", &EntryFields::discSize, kSizes},
 };
 

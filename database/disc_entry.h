@@ -8,6 +8,10 @@
 
 #include "disc/disc_toc.h"
 
+// What the codes stand for, from 0. The sizes are written in two ways, so each writer has its own.
+inline constexpr const char* kRecordingWords[] = {"AAD", "ADD", "DAD", "DDD"};
+inline constexpr const char* kTypeWords[] = {"Album", "Single", "CD+MM", "CD+Video"};
+
 // What the user names about a disc. Texts are bytes of the system's code page. The codes are kept
 // as stored, so that any value can be here.
 struct EntryFields {
@@ -18,8 +22,8 @@ struct EntryFields {
     std::string label;
     std::string notes;  // lines end in CR LF
     std::string yearReleased;
-    uint8_t recordingCode = 0;  // AAD, ADD, DAD, DDD
-    uint8_t discType = 0;       // Album, Single, CD+MM, CD+Video
+    uint8_t recordingCode = 0;  // kRecordingWords
+    uint8_t discType = 0;       // kTypeWords
     uint8_t discSize = 1;       // 0 three inch, 1 five inch
 
     bool operator==(const EntryFields&) const = default;
@@ -38,6 +42,8 @@ struct Disc {
 struct EntryItem {
     std::string EntryFields::*text;
     uint8_t EntryFields::*code = nullptr;
+
+    bool operator==(const EntryItem&) const = default;
 };
 inline constexpr EntryItem kEntryItems[] = {
     {&EntryFields::artist},

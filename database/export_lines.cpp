@@ -2,13 +2,16 @@
 #include "database/export_lines.h"
 
 #include <algorithm>
+#include <span>
 
 #include "disc/disc_times.h"
 
 constexpr const char* kLineEnd = "\r\n";
 
-static const char* Word(std::initializer_list<const char*> words, uint8_t code) {
-    return words.begin()[std::min<size_t>(code, words.size() - 1)];
+constexpr const char* kSizeWords[] = {"3 Inch", "5 Inch"};
+
+static const char* Word(std::span<const char* const> words, uint8_t code) {
+    return words[std::min<size_t>(code, words.size() - 1)];
 }
 
 // The fields of the disc as a whole, all but its length and its tracks.
@@ -25,11 +28,11 @@ static std::string DiscText(const EntryFields& fields, ExportItem item) {
         case kExportNotes:
             return fields.notes;
         case kExportRecording:
-            return Word({"AAD", "ADD", "DAD", "DDD"}, fields.recordingCode);
+            return Word(kRecordingWords, fields.recordingCode);
         case kExportType:
-            return Word({"Album", "Single", "CD+MM", "CD+Video"}, fields.discType);
+            return Word(kTypeWords, fields.discType);
         case kExportSize:
-            return Word({"3 Inch", "5 Inch"}, fields.discSize);
+            return Word(kSizeWords, fields.discSize);
         case kExportYearReleased:
             return fields.yearReleased;
         default:

@@ -1,8 +1,9 @@
 // See match_rule.h.
 #include "database/match_rule.h"
 
-#include "database/database_walk.h"
-#include "disc/disc_toc.h"
+#include <algorithm>
+
+#include "database/disc_entry.h"
 
 bool TextContains(const std::string& field, const std::string& text) {
     size_t found = 0;
@@ -18,7 +19,36 @@ namespace {
 
 enum class FieldAnswer { kNoMatch, kMatch, kEntryEnds };
 
+// What stands behind the tracks, and how it is looked for.
+struct SearchedItem {
+    EntryItem item;
+    int field;                               // of a code: of its value 0
+    bool SearchFields::*searched = nullptr;  // of a text
+    int lastCode = 0;                        // of a code: the largest that has a field
+    bool lastStandsForMore = false;          // larger codes count as the last
+};
+
 }  // namespace
+
+static constexpr SearchedItem kSearchedItems[] = {
+    {{&EntryFields::artist}, kFieldArtist, &SearchFields::artist},
+    {{&EntryFields::discName}, kFieldDiscName, &SearchFields::discName},
+    {{&EntryFields::category}, kFieldCategory, &SearchFields::category},
+    {{&EntryFields::label}, kFieldLabel, &SearchFields::label},
+    {{&EntryFields::notes}, kFieldNotes, &SearchFields::notes},
+    {{&EntryFields::yearReleased}, kFieldYearReleased, &SearchFields::yearReleased},
+    {{nullptr, &EntryFields::recordingCode},
+     kFieldRecordingFirst,
+     nullptr,
+     std::size(kRecordingWords) - 1},
+    {{nullptr, &EntryFields::discType}, kFieldTypeFirst, nullptr, std::size(kTypeWords) - 1},
+    {{nullptr, &EntryFields::discSize}, kFieldThreeInch, nullptr, 1, true},
+};
+
+static const SearchedItem& SearchedItemOf(const EntryItem& item) {
+    return *std::find_if(std::begin(kSearchedItems), std::end(kSearchedItems),
+                         [&](const SearchedItem& each) { return each.item == item; });
+}
 
 // Reads or steps over one text.
 static FieldAnswer MatchText(WindowReader& reader, const SearchQuery& query, bool searched,
@@ -29,42 +59,40 @@ static FieldAnswer MatchText(WindowReader& reader, const SearchQuery& query, boo
     return TextContains(field, query.text) ? FieldAnswer::kMatch : FieldAnswer::kNoMatch;
 }
 
-static int MatchTexts(WindowReader& reader, const SearchQuery& query) {
+// Every text is looked at when no code is asked for, and none when one is.
+static bool LooksAt(const SearchQuery& query, bool SearchFields::*searched) {
+    return query.code == 0 && query.fields.*searched;
+}
+
+static bool CodeMatches(const SearchQuery& query, const SearchedItem& searched, int code) {
+    if (code > searched.lastCode && !searched.lastStandsForMore) return false;
+    return query.code == searched.field + std::min(code, searched.lastCode);
+}
+
+int MatchEntry(WindowReader& reader, const SearchQuery& query) {
     uint8_t trackCount = 0;
     if (!ReadU8(reader, trackCount)) return kNoMatch;
-    std::string field;
-    FieldAnswer answer = FieldAnswer::kNoMatch;
+    std::string text;
+    const auto matchText = [&](bool SearchFields::*searched, bool exists = true) {
+        return MatchText(reader, query, exists && LooksAt(query, searched), text);
+    };
     for (int track = 0; track < trackCount; ++track) {
-        answer = MatchText(reader, query, query.track && track < kMaxTracks, field);
+        const FieldAnswer answer = matchText(&SearchFields::track, track < kMaxTracks);
         if (answer == FieldAnswer::kEntryEnds) return kNoMatch;
         if (answer == FieldAnswer::kMatch) return track;
         reader.position += 2;
     }
-    const bool searched[] = {query.artist, query.discName, query.category, query.label,
-                             query.notes};
-    for (int text = 0; text < 5; ++text) {
-        answer = MatchText(reader, query, searched[text], field);
-        if (answer == FieldAnswer::kEntryEnds) return kNoMatch;
-        if (answer == FieldAnswer::kMatch) return kFieldArtist + text;
+    for (const EntryItem& item : kEntryItems) {
+        const SearchedItem& searched = SearchedItemOf(item);
+        if (item.text) {
+            const FieldAnswer answer = matchText(searched.searched);
+            if (answer == FieldAnswer::kEntryEnds) return kNoMatch;
+            if (answer == FieldAnswer::kMatch) return searched.field;
+        } else {
+            uint8_t code = 0;
+            if (!ReadU8(reader, code)) return kNoMatch;
+            if (CodeMatches(query, searched, code)) return query.code;
+        }
     }
-    reader.position += 3;
-    answer = MatchText(reader, query, query.yearReleased, field);
-    return answer == FieldAnswer::kMatch ? kFieldYearReleased : kNoMatch;
-}
-
-static int MatchCode(WindowReader& reader, int code) {
-    if (!SkipTracks(reader)) return kNoMatch;
-    for (int text = 0; text < 5; ++text) {
-        if (!SkipText(reader)) return kNoMatch;
-    }
-    uint8_t codes[3];
-    if (ReadUpTo(reader, codes, sizeof codes) != sizeof codes) return kNoMatch;
-    const int found[] = {kFieldRecordingFirst + codes[0], kFieldTypeFirst + codes[1],
-                         codes[2] == 0 ? kFieldThreeInch : kFieldFiveInch};
-    const int group = code < kFieldTypeFirst ? 0 : code < kFieldThreeInch ? 1 : 2;
-    return found[group] == code ? code : kNoMatch;
-}
-
-int MatchEntry(WindowReader& reader, const SearchQuery& query) {
-    return query.code == 0 ? MatchTexts(reader, query) : MatchCode(reader, query.code);
+    return kNoMatch;
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/search_fields.h"
 #include "database/window_reader.h"
 
 // Where an entry matches. Below kFieldArtist it is a track, from 0.
@@ -24,14 +25,7 @@ struct SearchQuery {
     std::string text;  // already lower-cased when case does not count
     // Brings a field into lower case; null when case counts.
     void (*lowerCase)(std::string& text) = nullptr;
-    // The fields that are searched.
-    bool track = true;
-    bool artist = true;
-    bool discName = true;
-    bool category = true;
-    bool label = true;
-    bool notes = true;
-    bool yearReleased = true;
+    SearchFields fields;
 };
 
 // Whether a field holds the text; the empty text is in none. The scan does not go back to behind

@@ -27,10 +27,10 @@ static const DialogButton kButtons[] = {
 constexpr int kMaxSearchText = 254;
 
 // The check boxes in the order of their numbers, and the flags that they stand for.
-static bool SearchSettings::*const kFieldFlags[] = {
-    &SearchSettings::track,       &SearchSettings::artist, &SearchSettings::discName,
-    &SearchSettings::category,    &SearchSettings::label,  &SearchSettings::notes,
-    &SearchSettings::yearReleased};
+static bool SearchFields::*const kFieldFlags[] = {
+    &SearchFields::track,       &SearchFields::artist, &SearchFields::discName,
+    &SearchFields::category,    &SearchFields::label,  &SearchFields::notes,
+    &SearchFields::yearReleased};
 
 // Kept while the program runs, as long as the file is the one that was searched.
 struct KeptResults {
@@ -137,13 +137,7 @@ static SearchQuery QueryOf(const SearchSettings& options) {
         query.lowerCase = LowerCase;
         LowerCase(query.text);
     }
-    query.track = options.track;
-    query.artist = options.artist;
-    query.discName = options.discName;
-    query.category = options.category;
-    query.label = options.label;
-    query.notes = options.notes;
-    query.yearReleased = options.yearReleased;
+    query.fields = options;
     return query;
 }
 

@@ -68,14 +68,14 @@ TEST_F(SearchTest, TheFirstEnabledFieldCounts) {
     StartOn({WordDisc()});
     SearchQuery query;
     query.text = "all";
-    bool SearchQuery::*const flags[] = {&SearchQuery::track,       &SearchQuery::artist,
-                                        &SearchQuery::discName,    &SearchQuery::category,
-                                        &SearchQuery::label,       &SearchQuery::notes,
-                                        &SearchQuery::yearReleased};
+    bool SearchFields::*const flags[] = {&SearchFields::track,       &SearchFields::artist,
+                                         &SearchFields::discName,    &SearchFields::category,
+                                         &SearchFields::label,       &SearchFields::notes,
+                                         &SearchFields::yearReleased};
     const int fields[] = {1, 100, 101, 102, 103, 104, 115};
     for (size_t i = 0; i < std::size(flags); ++i) {
         EXPECT_THAT(Find(query), ElementsAre(Pair(0, fields[i])));
-        query.*flags[i] = false;
+        query.fields.*flags[i] = false;
     }
     EXPECT_THAT(Find(query), IsEmpty());
 }

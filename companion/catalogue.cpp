@@ -121,10 +121,7 @@ static Refusal RefuseDamage() {
     const FileStatus status = OpenHeld(DatabasePath(), file);
     if (status != FileStatus::kOk) return TextOf(status);
     if (!CheckDatabase(file.handle, check)) return "the file cannot be read";
-    if (!IsIntact(check)) {
-        return "the catalogue is damaged; check says where, and salvage makes a whole one";
-    }
-    return {};
+    return IsIntact(check) ? Refusal() : kDamagedText;
 }
 
 Refusal WriteCatalogue(const CatalogueChange& change) {

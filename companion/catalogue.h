@@ -14,6 +14,9 @@
 // Why something could not be done, for the user; empty when it could.
 using Refusal = std::string;
 
+inline constexpr const char* kDamagedText =
+    "the catalogue is damaged; check says where, and salvage makes a whole one";
+
 // Names the catalogue for all that follows, by its path in UTF-8.
 Refusal ChooseCatalogue(const std::string& path);
 

@@ -14,10 +14,6 @@ struct CheckedEntry {
     std::vector<uint8_t> bytes;
 };
 
-struct CheckRun {
-    int faults = 0;
-};
-
 // How an item is called here, and what its codes are.
 struct ItemRule {
     EntryItem item;
@@ -51,14 +47,15 @@ static const ItemRule& RuleOf(const EntryItem& item) {
                          [&](const ItemRule& rule) { return rule.item == item; });
 }
 
-static void TellFault(CheckRun& run, uint64_t offset, const std::string& what) {
-    ++run.faults;
+static void TellFault(int& faults, uint64_t offset, const std::string& what) {
+    ++faults;
     Print("offset " + std::to_string(offset) + ": " + what + "\n");
 }
 
-static void TellFault(CheckRun& run, const CheckedEntry& entry, size_t position,
+static void TellFault(int& faults, const CheckedEntry& entry, size_t position,
                       const std::string& what) {
-    TellFault(run, entry.start + position, "entry " + std::to_string(entry.number) + ": " + what);
+    TellFault(faults, entry.start + position,
+              "entry " + std::to_string(entry.number) + ": " + what);
 }
 
 static std::string Instead(const char* field, uint64_t value, uint64_t right) {
@@ -66,20 +63,20 @@ static std::string Instead(const char* field, uint64_t value, uint64_t right) {
            std::to_string(right);
 }
 
-static void CheckPointers(CheckRun& run, const CheckedEntry& entry) {
+static void CheckPointers(int& faults, const CheckedEntry& entry) {
     const size_t size = entry.bytes.size();
     const uint32_t next = GetU32(entry.bytes.data());
     const uint16_t entrySize = GetU16(entry.bytes.data() + kEntrySizeOffset);
     const uint32_t trailer = GetU32(entry.bytes.data() + size - kTrailerBytes);
     if (next != entry.start + size) {
-        TellFault(run, entry, 0, Instead("NextOffset", next, entry.start + size));
+        TellFault(faults, entry, 0, Instead("NextOffset", next, entry.start + size));
     }
     if (entrySize != size - kNextOffsetBytes) {
-        TellFault(run, entry, kEntrySizeOffset,
+        TellFault(faults, entry, kEntrySizeOffset,
                   Instead("EntrySize", entrySize, size - kNextOffsetBytes));
     }
     if (trailer != entry.start) {
-        TellFault(run, entry, size - kTrailerBytes, Instead("EntryStart", trailer, entry.start));
+        TellFault(faults, entry, size - kTrailerBytes, Instead("EntryStart", trailer, entry.start));
     }
 }
 
@@ -98,12 +95,12 @@ static uint32_t TakeNumber(ContentsReader& reader, size_t sizeBytes) {
     return sizeBytes == 1 ? bytes[0] : GetU16(bytes);
 }
 
-static void CheckText(CheckRun& run, ContentsReader& reader, const std::string& field) {
+static void CheckText(int& faults, ContentsReader& reader, const std::string& field) {
     const size_t place = reader.position;
     const uint32_t length = TakeNumber(reader, 1);
     if (reader.shortOf) return;
     if (length > kMaxTextBytes) {
-        TellFault(run, reader.entry, place, field + " has " + std::to_string(length) + " bytes");
+        TellFault(faults, reader.entry, place, field + " has " + std::to_string(length) + " bytes");
     }
     if (reader.position + length > EndOfContents(reader.entry)) {
         reader.shortOf = true;
@@ -111,30 +108,30 @@ static void CheckText(CheckRun& run, ContentsReader& reader, const std::string& 
     }
     const auto text = reader.entry.bytes.begin() + static_cast<std::ptrdiff_t>(reader.position);
     if (std::find(text, text + length, 0) != text + length) {
-        TellFault(run, reader.entry, place, field + " holds a zero byte, which ends it");
+        TellFault(faults, reader.entry, place, field + " holds a zero byte, which ends it");
     }
     reader.position += length;
 }
 
-static void CheckCode(CheckRun& run, ContentsReader& reader, const char* field, uint32_t largest) {
+static void CheckCode(int& faults, ContentsReader& reader, const char* field, uint32_t largest) {
     const size_t place = reader.position;
     const uint32_t value = TakeNumber(reader, 1);
     if (!reader.shortOf && value > largest) {
-        TellFault(run, reader.entry, place, std::string(field) + " is " + std::to_string(value));
+        TellFault(faults, reader.entry, place, std::string(field) + " is " + std::to_string(value));
     }
 }
 
 // Names and lengths; they must add up to what the key says.
-static void CheckTracks(CheckRun& run, ContentsReader& reader) {
+static void CheckTracks(int& faults, ContentsReader& reader) {
     const CheckedEntry& entry = reader.entry;
     const uint32_t count = TakeNumber(reader, 1);
     if (count < 1 || count > kMaxTracks) {
-        TellFault(run, entry, kTrackCountOffset, std::to_string(count) + " tracks");
+        TellFault(faults, entry, kTrackCountOffset, std::to_string(count) + " tracks");
     }
     uint32_t total = 0;
     uint32_t first = 0;
     for (uint32_t track = 1; track <= count && !reader.shortOf; ++track) {
-        CheckText(run, reader, "the name of track " + std::to_string(track));
+        CheckText(faults, reader, "the name of track " + std::to_string(track));
         const uint32_t seconds = TakeNumber(reader, 2);
         if (track == 1) first = seconds;
         total += seconds;
@@ -143,31 +140,31 @@ static void CheckTracks(CheckRun& run, ContentsReader& reader) {
     const uint16_t storedTotal = GetU16(entry.bytes.data() + kDiscKeyOffset);
     const uint16_t storedFirst = GetU16(entry.bytes.data() + kDiscKeyOffset + 2);
     if (storedTotal != (total & 0xFFFF)) {
-        TellFault(run, entry, kDiscKeyOffset,
+        TellFault(faults, entry, kDiscKeyOffset,
                   Instead("the key's total", storedTotal, total & 0xFFFF));
     }
     if (storedFirst != first) {
-        TellFault(run, entry, kDiscKeyOffset + 2,
+        TellFault(faults, entry, kDiscKeyOffset + 2,
                   Instead("the key's length of track 1", storedFirst, first));
     }
 }
 
-static void CheckContents(CheckRun& run, const CheckedEntry& entry) {
+static void CheckContents(int& faults, const CheckedEntry& entry) {
     ContentsReader reader{entry, kTrackCountOffset};
-    CheckTracks(run, reader);
+    CheckTracks(faults, reader);
     for (const EntryItem& item : kEntryItems) {
         if (reader.shortOf) break;
         const ItemRule& rule = RuleOf(item);
         if (item.text) {
-            CheckText(run, reader, rule.name);
+            CheckText(faults, reader, rule.name);
         } else {
-            CheckCode(run, reader, rule.name, rule.largestCode);
+            CheckCode(faults, reader, rule.name, rule.largestCode);
         }
     }
     if (reader.shortOf) {
-        TellFault(run, entry, EndOfContents(entry), "the entry ends inside its contents");
+        TellFault(faults, entry, EndOfContents(entry), "the entry ends inside its contents");
     } else if (reader.position != EndOfContents(entry)) {
-        TellFault(run, entry, reader.position,
+        TellFault(faults, entry, reader.position,
                   std::to_string(EndOfContents(entry) - reader.position) +
                       " bytes more than the contents need");
     }
@@ -189,11 +186,11 @@ static bool ReadEntry(Catalogue& catalogue, CheckedEntry& entry) {
 ExitCode CheckCatalogue(const CommonOptions& options) {
     Catalogue catalogue;
     if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
-    CheckRun run;
+    int faults = 0;
     CheckedEntry entry{1, kHeaderBytes, {}};
     while (entry.number <= catalogue.entryCount && ReadEntry(catalogue, entry)) {
-        CheckPointers(run, entry);
-        CheckContents(run, entry);
+        CheckPointers(faults, entry);
+        CheckContents(faults, entry);
         entry.start += entry.bytes.size();
         ++entry.number;
         ShowProgress("entry", entry.number, catalogue.entryCount);
@@ -201,16 +198,16 @@ ExitCode CheckCatalogue(const CommonOptions& options) {
     ClearProgress();
     const uint32_t read = entry.number - 1;
     if (read < catalogue.entryCount) {
-        TellFault(run, entry.start,
+        TellFault(faults, entry.start,
                   "entry " + std::to_string(entry.number) + " of " +
                       std::to_string(catalogue.entryCount) +
                       " cannot be found, nor what follows it");
     } else if (entry.start != catalogue.sizeBytes) {
-        TellFault(run, entry.start,
+        TellFault(faults, entry.start,
                   std::to_string(catalogue.sizeBytes - entry.start) +
                       " bytes behind the last entry that is counted");
     }
     Print(std::to_string(read) + " of " + std::to_string(catalogue.entryCount) + " entries, " +
-          std::to_string(run.faults) + (run.faults == 1 ? " fault\n" : " faults\n"));
-    return run.faults > 0 ? kFound : kDone;
+          std::to_string(faults) + (faults == 1 ? " fault\n" : " faults\n"));
+    return faults > 0 ? kFound : kDone;
 }

@@ -1,7 +1,6 @@
 // Discs out of the catalogue: comma-separated values, JSON, xmcd files, a page.
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -10,6 +9,8 @@
 #include "companion/disc_csv.h"
 #include "companion/disc_html.h"
 #include "companion/disc_json.h"
+#include "companion/disc_names.h"
+#include "companion/paths.h"
 #include "companion/xmcd.h"
 
 namespace fs = std::filesystem;
@@ -24,10 +25,6 @@ struct Output {
 };
 
 }  // namespace
-
-static fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 static Refusal OpenOutput(const CommonOptions& options, const std::string& path, Output& output) {
     if (path.empty()) return {};
@@ -104,13 +101,6 @@ struct ListedDisc {
 
 }  // namespace
 
-static std::string Lowered(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return text;
-}
-
 // By artist and disc name without regard to the case of plain letters.
 static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, uint32_t& read) {
     std::vector<ListedDisc> discs;
@@ -121,9 +111,9 @@ static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, uint32_t& rea
     }
     read = place.index;
     std::stable_sort(discs.begin(), discs.end(), [](const ListedDisc& a, const ListedDisc& b) {
-        const std::string left = Lowered(a.artist);
-        const std::string right = Lowered(b.artist);
-        return left != right ? left < right : Lowered(a.discName) < Lowered(b.discName);
+        const std::string left = SmallLetters(a.artist);
+        const std::string right = SmallLetters(b.artist);
+        return left != right ? left < right : SmallLetters(a.discName) < SmallLetters(b.discName);
     });
     return discs;
 }
@@ -135,8 +125,8 @@ static ExitCode ExportHtml(const CommonOptions& options, Catalogue& catalogue, O
     Disc disc;
     Write(output, HtmlStart("Compact discs"));
     for (const ListedDisc& listed : discs) {
-        const bool sameArtist =
-            &listed != &discs.front() && Lowered((&listed)[-1].artist) == Lowered(listed.artist);
+        const bool sameArtist = &listed != &discs.front() &&
+                                SmallLetters((&listed)[-1].artist) == SmallLetters(listed.artist);
         if (!sameArtist) Write(output, HtmlArtist(listed.artist, options.page));
         if (ReadDiscAt(catalogue, listed.start, disc)) {
             Write(output, HtmlDisc(disc, options.page, totals));

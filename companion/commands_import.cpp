@@ -1,6 +1,5 @@
 // Discs into the catalogue: one checked rewrite for everything, or nothing.
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <unordered_map>
 
@@ -9,6 +8,8 @@
 #include "companion/disc.h"
 #include "companion/disc_csv.h"
 #include "companion/disc_json.h"
+#include "companion/disc_names.h"
+#include "companion/paths.h"
 #include "companion/player_ini.h"
 #include "companion/xmcd.h"
 #include "database/database_format.h"
@@ -42,15 +43,6 @@ struct ImportState {
 };
 
 }  // namespace
-
-static fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
-
-static std::string NameOf(const fs::path& path) {
-    const std::u8string name = path.u8string();
-    return {name.begin(), name.end()};
-}
 
 static std::string PlaceIn(const std::string& source, const std::string& where) {
     return where.empty() ? source : source + ": " + where;
@@ -110,10 +102,7 @@ static std::string FirstBytes(const fs::path& path) {
 enum class SourceKind { kXmcd, kCsv, kJson, kPlayerIni, kForeign };
 
 static SourceKind KindOf(const fs::path& path, std::string_view start) {
-    std::string extension = NameOf(path.extension());
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
+    const std::string extension = SmallLetters(NameOf(path.extension()));
     if (start.find('\0') != std::string_view::npos) return SourceKind::kForeign;
     if (start.starts_with("\xEF\xBB\xBF")) start.remove_prefix(3);
     if (LooksLikeXmcd(start)) return SourceKind::kXmcd;
@@ -197,7 +186,7 @@ static Refusal ReadKnownDiscs(ImportState& state) {
         state.known.try_emplace(TocKey(disc.toc), KnownPlace{false, place.index - 1});
     }
     if (place.index == catalogue.entryCount) return {};
-    return "the catalogue is damaged; check says where, and salvage makes a whole one";
+    return kDamagedText;
 }
 
 static ExitCode ReadLengths(const std::string& path, SectionLengths& lengths) {
@@ -257,7 +246,7 @@ static Refusal Gather(const std::string& path, CatalogueChange& change,
     }
     ClearProgress();
     if (place.index != catalogue.entryCount) {
-        return "the catalogue is damaged; check says where, and salvage makes a whole one";
+        return kDamagedText;
     }
     return {};
 }

@@ -8,7 +8,17 @@
 #include "companion/commands.h"
 #include "companion/disc_names.h"
 
-// Calls `visit` with every disc and its number from 1. A chain that breaks off is told.
+// A chain that breaks off before `place` has come to the end is told.
+static ExitCode TellBreak(const CommonOptions& options, const Catalogue& catalogue,
+                          const CataloguePlace& place) {
+    if (place.index == catalogue.entryCount) return kDone;
+    Tell(options.file + ": entry " + std::to_string(place.index + 1) + " of " +
+         std::to_string(catalogue.entryCount) + " at offset " + std::to_string(place.start) +
+         " cannot be read, nor what follows it; check says more");
+    return kFound;
+}
+
+// Calls `visit` with every disc and its number from 1.
 static ExitCode VisitDiscs(const CommonOptions& options,
                            const std::function<void(const Disc&, uint32_t number)>& visit) {
     Catalogue catalogue;
@@ -20,11 +30,7 @@ static ExitCode VisitDiscs(const CommonOptions& options,
         ShowProgress("disc", place.index, catalogue.entryCount);
     }
     ClearProgress();
-    if (place.index == catalogue.entryCount) return kDone;
-    Tell(options.file + ": entry " + std::to_string(place.index + 1) + " of " +
-         std::to_string(catalogue.entryCount) + " at offset " + std::to_string(place.start) +
-         " cannot be read, nor what follows it; check says more");
-    return kFound;
+    return TellBreak(options, catalogue, place);
 }
 
 static std::string TitleOf(const Disc& disc, const CodePage& page) {
@@ -70,13 +76,16 @@ static void PrintDisc(const Disc& disc, uint32_t number, const CodePage& page) {
 }
 
 ExitCode ShowDisc(const CommonOptions& options, int number) {
-    bool shown = false;
-    const ExitCode code = VisitDiscs(options, [&](const Disc& disc, uint32_t index) {
-        if (index != static_cast<uint32_t>(number)) return;
-        PrintDisc(disc, index, options.page);
-        shown = true;
-    });
-    if (shown || code == kFailed) return shown ? kDone : code;
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    CataloguePlace place;
+    Disc disc;
+    while (ReadNextDisc(catalogue, place, disc)) {
+        if (place.index != static_cast<uint32_t>(number)) continue;
+        PrintDisc(disc, place.index, options.page);
+        return kDone;
+    }
+    TellBreak(options, catalogue, place);
     return Fail(options.file, "there is no entry " + std::to_string(number));
 }
 

@@ -71,6 +71,13 @@ std::string TakeText(std::string_view utf8, const CodePage& page, const std::str
     return text;
 }
 
+std::string SmallLetters(std::string text) {
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return text;
+}
+
 bool ParseNumber(std::string_view text, int limit, int& number) {
     if (text.empty()) return false;
     int value = 0;

@@ -30,6 +30,9 @@ bool ParseCode(const DiscCode& code, const std::string& text, uint8_t& value);
 std::string TakeText(std::string_view utf8, const CodePage& page, const std::string& where,
                      const std::string& field, const DiscSink& sink);
 
+// Plain letters alone; whatever else there is stays.
+std::string SmallLetters(std::string text);
+
 // A whole number from 0 to `limit`, digits alone.
 bool ParseNumber(std::string_view text, int limit, int& number);
 

@@ -5,13 +5,6 @@
 
 #include "companion/disc_names.h"
 
-static std::string Capitals(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
-    }
-    return text;
-}
-
 // "187" or "3:07".
 static bool ParseLength(const std::string& text, uint16_t& seconds) {
     const size_t colon = text.find(':');
@@ -47,7 +40,7 @@ bool ReadSectionLengths(std::string_view text, SectionLengths& lengths, SourceFa
             }
             read.push_back(seconds);
         }
-        lengths[Capitals(section)] = std::move(read);
+        lengths[SmallLetters(section)] = std::move(read);
     }
     return true;
 }
@@ -66,7 +59,7 @@ static void TakeSection(const Section& section, const SectionLengths& lengths, c
                         const DiscSink& sink) {
     if (section.name.empty()) return;
     const std::string where = "line " + std::to_string(section.line) + ", [" + section.name + "]";
-    const auto found = lengths.find(Capitals(section.name));
+    const auto found = lengths.find(SmallLetters(section.name));
     if (found == lengths.end() || found->second.empty()) {
         sink.refuse(where, "its lengths are not known; --lengths gives them");
         return;
@@ -78,12 +71,12 @@ static void TakeSection(const Section& section, const SectionLengths& lengths, c
     Disc disc;
     int count = 0;
     const auto given = static_cast<int>(found->second.size());
-    if (!ParseNumber(value("NUMTRACKS"), kMaxTracks, count) || count != given) {
+    if (!ParseNumber(value("numtracks"), kMaxTracks, count) || count != given) {
         sink.refuse(where, "it has another number of tracks than the lengths given for it");
         return;
     }
-    disc.fields.artist = TakeText(value("ARTIST"), page, where, "artist", sink);
-    disc.fields.discName = TakeText(value("TITLE"), page, where, "disc name", sink);
+    disc.fields.artist = TakeText(value("artist"), page, where, "artist", sink);
+    disc.fields.discName = TakeText(value("title"), page, where, "disc name", sink);
     disc.toc.trackCount = static_cast<uint16_t>(count);
     for (size_t track = 0; track < found->second.size(); ++track) {
         const std::string key = std::to_string(track);
@@ -107,7 +100,7 @@ void ReadPlayerIni(std::string_view text, const CodePage& page, const SectionLen
             TakeSection(section, lengths, page, sink);
             section = {line.substr(1, line.find(']') - 1), number, {}};
         } else if (equals != std::string::npos) {
-            section.values.emplace(Capitals(line.substr(0, equals)), line.substr(equals + 1));
+            section.values.emplace(SmallLetters(line.substr(0, equals)), line.substr(equals + 1));
         }
     }
     TakeSection(section, lengths, page, sink);

@@ -9,7 +9,7 @@
 #include "companion/code_page.h"
 #include "companion/disc.h"
 
-// By section, in capitals: the tracks' lengths in seconds.
+// By section, in small letters: the tracks' lengths in seconds.
 using SectionLengths = std::map<std::string, std::vector<uint16_t>>;
 
 // Lines of a section's name and its tracks' lengths: "A1B2C3 3:07 4:12 187". Empty lines and those

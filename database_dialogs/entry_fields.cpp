@@ -13,24 +13,42 @@
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
 
-static const int kTextFields[] = {IDC_ENTRY_ARTIST,      IDC_ENTRY_DISC_NAME, IDC_ENTRY_CATEGORY,
-                                  IDC_ENTRY_LABEL_FIELD, IDC_ENTRY_NOTES,     IDC_ENTRY_YEAR};
+struct TextField {
+    int id;
+    std::string EntryFields::*text;
+};
+constexpr TextField kTextFields[] = {
+    {IDC_ENTRY_ARTIST, &EntryFields::artist},     {IDC_ENTRY_DISC_NAME, &EntryFields::discName},
+    {IDC_ENTRY_CATEGORY, &EntryFields::category}, {IDC_ENTRY_LABEL_FIELD, &EntryFields::label},
+    {IDC_ENTRY_NOTES, &EntryFields::notes},       {IDC_ENTRY_YEAR, &EntryFields::yearReleased},
+};
 
 struct ControlRange {
     int first;
     int last;
 };
-constexpr ControlRange kRecording = {IDC_ENTRY_RECORDING_FIRST, IDC_ENTRY_RECORDING_LAST};
-constexpr ControlRange kType = {IDC_ENTRY_TYPE_FIRST, IDC_ENTRY_TYPE_LAST};
-constexpr ControlRange kSize = {IDC_ENTRY_THREE_INCH, IDC_ENTRY_FIVE_INCH};
 constexpr ControlRange kNames = {IDC_ENTRY_NAME_FIRST, IDC_ENTRY_NAME_LAST};
 constexpr ControlRange kAdvanced[] = {
     {IDC_ENTRY_LABEL_CAPTION, IDC_ENTRY_RELEASED_CAPTION},
     {IDC_ENTRY_LABEL_FIELD, IDC_ENTRY_YEAR},
 };
 
+struct CodeGroup {
+    ControlRange buttons;
+    uint8_t EntryFields::*code;
+};
+constexpr CodeGroup kCodeGroups[] = {
+    {{IDC_ENTRY_RECORDING_FIRST, IDC_ENTRY_RECORDING_LAST}, &EntryFields::recordingCode},
+    {{IDC_ENTRY_TYPE_FIRST, IDC_ENTRY_TYPE_LAST}, &EntryFields::discType},
+    {{IDC_ENTRY_THREE_INCH, IDC_ENTRY_FIVE_INCH}, &EntryFields::discSize},
+};
+
 static bool IsIn(ControlRange range, int id) {
     return id >= range.first && id <= range.last;
+}
+
+static std::string LimitedText(const EntrySheet& sheet, int controlId) {
+    return ControlText(sheet.dialog, controlId).substr(0, kMaxTextBytes);
 }
 
 // Track rows
@@ -40,9 +58,8 @@ static int RowsOnPage(const EntrySheet& sheet) {
 }
 
 static void KeepRow(EntrySheet& sheet, int row) {
-    std::string name = ControlText(sheet.dialog, IDC_ENTRY_NAME_FIRST + row);
-    name.resize(std::min<size_t>(name.size(), kMaxTextBytes));
-    sheet.trackNames[sheet.page * kTrackPageSize + row] = std::move(name);
+    sheet.trackNames[sheet.page * kTrackPageSize + row] =
+        LimitedText(sheet, IDC_ENTRY_NAME_FIRST + row);
 }
 
 static void KeepRows(EntrySheet& sheet) {
@@ -206,29 +223,24 @@ void ShowFieldInLayout(EntrySheet& sheet, int controlId) {
 
 // Filling and reading
 
-static void CheckCode(const EntrySheet& sheet, ControlRange group, int code) {
+static void CheckCode(const EntrySheet& sheet, ControlRange buttons, int code) {
     // Codes that no button stands for light the last one.
-    CheckRadioButton(sheet.dialog, group.first, group.last,
-                     std::min(group.first + code, group.last));
+    CheckRadioButton(sheet.dialog, buttons.first, buttons.last,
+                     std::min(buttons.first + code, buttons.last));
 }
 
-// The last checked button counts, `code` when there is none.
-static uint8_t CheckedCode(const EntrySheet& sheet, ControlRange group, uint8_t code) {
-    for (int id = group.first; id <= group.last; ++id) {
-        if (IsDlgButtonChecked(sheet.dialog, id)) code = static_cast<uint8_t>(id - group.first);
+// The last checked button counts; `code` stays when there is none.
+static void ReadCode(const EntrySheet& sheet, ControlRange buttons, uint8_t& code) {
+    for (int id = buttons.first; id <= buttons.last; ++id) {
+        if (IsDlgButtonChecked(sheet.dialog, id)) code = static_cast<uint8_t>(id - buttons.first);
     }
-    return code;
-}
-
-static std::string FieldText(const EntrySheet& sheet, int controlId) {
-    return ControlText(sheet.dialog, controlId).substr(0, kMaxTextBytes);
 }
 
 void OpenEntryFields(EntrySheet& sheet, HWND dialog) {
     sheet = {};
     sheet.dialog = dialog;
-    for (int id : kTextFields)
-        SendDlgItemMessageA(dialog, id, EM_LIMITTEXT, kMaxTextBytes, 0);
+    for (const TextField& field : kTextFields)
+        SendDlgItemMessageA(dialog, field.id, EM_LIMITTEXT, kMaxTextBytes, 0);
     for (int id = kNames.first; id <= kNames.last; ++id) {
         HWND edit = GetDlgItem(dialog, id);
         SendMessageA(edit, EM_LIMITTEXT, kMaxTextBytes, 0);
@@ -257,15 +269,10 @@ void ShowEntry(EntrySheet& sheet, const DiscToc& disc, const EntryFields& fields
                    IDC_ENTRY_PAGE_DOWN_LABEL}) {
         ShowControl(sheet.dialog, id, sheet.pageCount != 0);
     }
-    SetControlText(sheet.dialog, IDC_ENTRY_ARTIST, fields.artist);
-    SetControlText(sheet.dialog, IDC_ENTRY_DISC_NAME, fields.discName);
-    SetControlText(sheet.dialog, IDC_ENTRY_CATEGORY, fields.category);
-    SetControlText(sheet.dialog, IDC_ENTRY_LABEL_FIELD, fields.label);
-    SetControlText(sheet.dialog, IDC_ENTRY_NOTES, fields.notes);
-    SetControlText(sheet.dialog, IDC_ENTRY_YEAR, fields.yearReleased);
-    CheckCode(sheet, kRecording, fields.recordingCode);
-    CheckCode(sheet, kType, fields.discType);
-    CheckCode(sheet, kSize, fields.discSize);
+    for (const TextField& field : kTextFields)
+        SetControlText(sheet.dialog, field.id, fields.*field.text);
+    for (const CodeGroup& group : kCodeGroups)
+        CheckCode(sheet, group.buttons, fields.*group.code);
     FillRows(sheet);
 }
 
@@ -273,15 +280,10 @@ EntryFields ReadEntry(EntrySheet& sheet) {
     KeepRows(sheet);
     EntryFields fields;
     std::copy(std::begin(sheet.trackNames), std::end(sheet.trackNames), fields.trackNames);
-    fields.artist = FieldText(sheet, IDC_ENTRY_ARTIST);
-    fields.discName = FieldText(sheet, IDC_ENTRY_DISC_NAME);
-    fields.category = FieldText(sheet, IDC_ENTRY_CATEGORY);
-    fields.label = FieldText(sheet, IDC_ENTRY_LABEL_FIELD);
-    fields.notes = FieldText(sheet, IDC_ENTRY_NOTES);
-    fields.yearReleased = FieldText(sheet, IDC_ENTRY_YEAR);
-    fields.recordingCode = CheckedCode(sheet, kRecording, 0);
-    fields.discType = CheckedCode(sheet, kType, 0);
-    fields.discSize = CheckedCode(sheet, kSize, 1);
+    for (const TextField& field : kTextFields)
+        fields.*field.text = LimitedText(sheet, field.id);
+    for (const CodeGroup& group : kCodeGroups)
+        ReadCode(sheet, group.buttons, fields.*group.code);
     return fields;
 }
 
@@ -294,7 +296,8 @@ bool HandleEntryFieldCommand(EntrySheet& sheet, int controlId, int notification)
     }
     const bool onPicture = controlId == IDC_ENTRY_PAGE_UP || controlId == IDC_ENTRY_PAGE_DOWN;
     if (!IsClick(notification, onPicture)) return false;
-    if (IsIn(kRecording, controlId) || IsIn(kType, controlId) || IsIn(kSize, controlId)) {
+    if (std::ranges::any_of(kCodeGroups,
+                            [&](const auto& group) { return IsIn(group.buttons, controlId); })) {
         PlayClickSound(IDS_SOUND_RADIO);
         return true;
     }

@@ -1,7 +1,7 @@
 // What dialog 800 shows while a file is copied.
 #include "files/copy_progress.h"
 
-#include "files/destination_path.h"
+#include "base/file_texts.h"
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"

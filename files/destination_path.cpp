@@ -66,10 +66,3 @@ DestinationFault SplitDestination(const std::string& typed, const std::string& o
 bool IsTargetName(const std::string& name) {
     return name.find_first_of(":*?<>|\"") == std::string::npos;
 }
-
-std::string PercentText(uint64_t done, uint64_t total) {
-    if (total == 0) return "100%";
-    const double percent = static_cast<double>(done) / static_cast<double>(total) * 100;
-    constexpr double limit = 1e18;  // any number of digits the conversion can still hold
-    return std::to_string(static_cast<uint64_t>(std::min(percent, limit))) + "%";
-}

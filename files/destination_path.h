@@ -1,7 +1,6 @@
 // The text half of where copied and moved files go.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -32,6 +31,3 @@ DestinationFault SplitDestination(const std::string& typed, const std::string& o
 // False for a name with a character that means something else to the system: a device, a stream
 // inside a file, a pattern.
 bool IsTargetName(const std::string& name);
-
-// Whole per cent, above 100 when more was done than there was at first; 100 of nothing.
-std::string PercentText(uint64_t done, uint64_t total);

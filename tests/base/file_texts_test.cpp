@@ -31,3 +31,12 @@ TEST(FileTexts, DatesAndShiftedHours) {
     EXPECT_EQ(DateText(packDate(1980, 1, 1), packTime(6, 0)), "1-1-1980 12:00AM");
     EXPECT_EQ(DateText(packDate(2107, 12, 31), packTime(6, 0)), "12-31-2107 12:00AM");
 }
+
+TEST(FileTexts, PercentOfAnyLength) {
+    EXPECT_EQ(PercentText(0, 3), "0%");
+    EXPECT_EQ(PercentText(2, 3), "66%");
+    EXPECT_EQ(PercentText(9'999'999'999, 10'000'000'000), "99%");
+    EXPECT_EQ(PercentText(30, 20), "150%");  // the file grew
+    EXPECT_EQ(PercentText(0, 0), "100%");
+    EXPECT_EQ(PercentText(UINT64_MAX, 1), "1000000000000000000%");
+}

@@ -87,12 +87,3 @@ TEST(DestinationPath, SingleFilesAreSplitIntoDirectoryAndName) {
     for (const char* name : {"new.wav:hidden", "*.wav", "?", "<a", "a>", "|", "\""})
         EXPECT_FALSE(IsTargetName(name)) << name;
 }
-
-TEST(DestinationPath, PercentOfAnyLength) {
-    EXPECT_EQ(PercentText(0, 3), "0%");
-    EXPECT_EQ(PercentText(2, 3), "66%");
-    EXPECT_EQ(PercentText(9'999'999'999, 10'000'000'000), "99%");
-    EXPECT_EQ(PercentText(30, 20), "150%");  // the file grew
-    EXPECT_EQ(PercentText(0, 0), "100%");
-    EXPECT_EQ(PercentText(UINT64_MAX, 1), "1000000000000000000%");
-}

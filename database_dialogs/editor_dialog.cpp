@@ -1,7 +1,6 @@
 // See editor_dialog.h.
 #include "database_dialogs/editor_dialog.h"
 
-#include <algorithm>
 #include <string>
 
 #include "base/program_state.h"
@@ -42,20 +41,53 @@ struct EditorState {
 };
 static EditorState Editor;
 
+// A database that cannot be read just now keeps the number that it had.
 static void ShowCount(HWND dialog) {
-    Editor.entryCount = DatabaseEntryCount();
+    uint16_t entryCount = 0;
+    if (ReadDatabaseEntryCount(entryCount) == DatabaseResult::kOk) Editor.entryCount = entryCount;
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(Editor.entryCount));
 }
 
+static void Close(HWND dialog) {
+    CloseEntryFields(Editor.sheet);
+    EndDialog(dialog, 0);
+}
+
+// kChangedMeanwhile when the file no longer has this number: it is shorter, not damaged.
+static DatabaseResult LoadEntryAt(uint32_t entryIndex, NumberedEntry& entry) {
+    const DatabaseResult result = LoadNumberedEntry(entryIndex, entry);
+    uint16_t entryCount = 0;
+    const bool isShorter = result == DatabaseResult::kDamaged &&
+                           ReadDatabaseEntryCount(entryCount) == DatabaseResult::kOk &&
+                           entryIndex >= entryCount;
+    return isShorter ? DatabaseResult::kChangedMeanwhile : result;
+}
+
+// Once is enough for damage: many entries can lie behind one damaged place.
+static void TellWhatIsMissing(DatabaseResult result) {
+    const bool damaged = result == DatabaseResult::kDamaged;
+    if (result == DatabaseResult::kOk || (damaged && Editor.damageTold)) return;
+    Editor.damageTold = Editor.damageTold || damaged;
+    ShowMessage(DatabaseResultText(result));
+}
+
+// The last entry when there is none of this number any more; the end when there is none at all.
 static void ShowNumberedEntry(HWND dialog, uint32_t entryIndex) {
+    DatabaseResult result = LoadEntryAt(entryIndex, Editor.shown);
+    if (result == DatabaseResult::kChangedMeanwhile) {
+        ShowCount(dialog);
+        if (Editor.entryCount == 0) {
+            ShowMessage("Database Empty. Nothing to edit!");
+            Close(dialog);
+            return;
+        }
+        entryIndex = Editor.entryCount - 1;
+        result = LoadEntryAt(entryIndex, Editor.shown);
+    }
     Editor.entryIndex = entryIndex;
-    const DatabaseResult result = LoadNumberedEntry(entryIndex, Editor.shown);
     ShowEntry(Editor.sheet, Editor.shown.disc, Editor.shown.fields);
     ShowEntryNumber(dialog, entryIndex);
-    // Once is enough: many entries can lie behind one damaged place.
-    if (result == DatabaseResult::kOk || Editor.damageTold) return;
-    Editor.damageTold = true;
-    ShowMessage(DatabaseResultText(result));
+    TellWhatIsMissing(result);
 }
 
 static void OnInitDialog(HWND dialog) {
@@ -69,11 +101,6 @@ static void OnInitDialog(HWND dialog) {
     ShowNumberedEntry(dialog, 0);
 }
 
-static void Close(HWND dialog) {
-    CloseEntryFields(Editor.sheet);
-    EndDialog(dialog, 0);
-}
-
 static void OnLeaveNumber(HWND dialog) {
     uint32_t entryIndex = 0;
     if (!TakeTypedNumber(dialog, Editor.entryCount, entryIndex)) return;
@@ -83,7 +110,7 @@ static void OnLeaveNumber(HWND dialog) {
 // Where the entry that is shown starts now: another program may have written the file since.
 static DatabaseResult FindShownEntry(uint32_t& entryStart) {
     NumberedEntry entry;
-    const DatabaseResult result = LoadNumberedEntry(Editor.entryIndex, entry);
+    const DatabaseResult result = LoadEntryAt(Editor.entryIndex, entry);
     if (result != DatabaseResult::kOk) return result;
     if (!(entry.disc == Editor.shown.disc) || !(entry.fields == Editor.shown.fields)) {
         return DatabaseResult::kChangedMeanwhile;
@@ -97,7 +124,10 @@ static DatabaseResult SaveShownEntry() {
     const DatabaseResult found = FindShownEntry(entryStart);
     if (found != DatabaseResult::kOk) return found;
     CopyDiscToc(Editor.sheet.disc);
-    return ReplaceEntry(entryStart, ReadEntry(Editor.sheet));
+    const EntryFields fields = ReadEntry(Editor.sheet);
+    const DatabaseResult replaced = ReplaceEntry(entryStart, fields);
+    if (replaced == DatabaseResult::kOk) Editor.shown = {entryStart, Editor.sheet.disc, fields};
+    return replaced;
 }
 
 // A file that cannot be opened, or none made beside it: that is told by a beep alone.
@@ -111,14 +141,12 @@ static void OnSave(HWND dialog) {
     const WaitCursor wait;
     const std::optional<DatabaseResult> result = ChangeDatabase(SaveShownEntry);
     if (!result) return;
-    ShowCount(dialog);
-    if (*result == DatabaseResult::kOk) {
-        LoadNumberedEntry(Editor.entryIndex, Editor.shown);
-    } else if (IsSilent(*result)) {
+    if (IsSilent(*result)) {
         MessageBeep(MB_ICONHAND);
-    } else {
-        ShowMessage(DatabaseResultText(*result));
+        return;
     }
+    ShowCount(dialog);
+    if (*result != DatabaseResult::kOk) ShowMessage(DatabaseResultText(*result));
 }
 
 static DatabaseResult DeleteShownEntry() {
@@ -137,12 +165,7 @@ static void OnDelete(HWND dialog) {
         ShowMessage(DatabaseResultText(*result));
         return;
     }
-    if (Editor.entryCount == 0) {
-        ShowMessage("Database Empty. Nothing to edit!");
-        Close(dialog);
-    } else {
-        ShowNumberedEntry(dialog, std::min(Editor.entryIndex, Editor.entryCount - 1));
-    }
+    ShowNumberedEntry(dialog, Editor.entryIndex);
 }
 
 static int ControlOfField(int field) {
@@ -167,6 +190,8 @@ static int ControlOfField(int field) {
 static void FocusField(HWND dialog, int field) {
     int controlId = 0;
     if (field < kFieldArtist) {
+        // The search may have read another state of the file.
+        if (field >= Editor.sheet.disc.trackCount) return;
         ShowTrackPage(Editor.sheet, field / kTrackPageSize);
         controlId = IDC_ENTRY_NAME_FIRST + field % kTrackPageSize;
     } else {

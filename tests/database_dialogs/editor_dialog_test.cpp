@@ -4,11 +4,8 @@
 
 #include <gmock/gmock.h>
 
-#include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
-#include "database/database_changes.h"
-#include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/disc_lookup.h"
 #include "resources/ids.h"
@@ -16,6 +13,7 @@
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
+using testing::_;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -154,12 +152,13 @@ TEST_F(EditorTest, WhatAnotherProgramChangedIsNotOverwritten) {
         EXPECT_THAT(TheBoxes.shown,
                     ElementsAre(HasSubstr("Another program has changed"), HasSubstr("? Delete"),
                                 HasSubstr("Another program has changed")));
-        // A file that was only written anew is no reason.
+        // A file that was only written anew is no reason; one that is held is no message.
         StoreDatabase(discs);
         HANDLE holder = HoldDatabase();
         Press(dialog, IDC_EDITOR_SAVE);
         CloseHandle(holder);
-        EXPECT_EQ(TheBoxes.shown.size(), 3u) << "a file that cannot be opened is no message";
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "2") << "as read before";
+        EXPECT_EQ(TheBoxes.shown.size(), 3u);
         Press(dialog, IDC_EDITOR_SAVE);
         discs[1].fields.artist = "Typed";
         EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
@@ -167,47 +166,51 @@ TEST_F(EditorTest, WhatAnotherProgramChangedIsNotOverwritten) {
     EXPECT_EQ(TheBoxes.shown.size(), 3u);
 }
 
-TEST_F(EditorTest, DamageIsToldOnceAndNotWrittenOver) {
-    std::string cut = DatabaseImage(discs);
-    cut.resize(cut.size() - 20);
-    StoreDatabase(discs);
-    HANDLE file = HoldDatabase();
-    CloseHandle(file);
-    file = CreateFileA((InAppDirectory(kDatabaseName)).c_str(), GENERIC_WRITE, 0, nullptr,
-                       OPEN_EXISTING, 0, nullptr);
-    SetFilePointer(file, -20, nullptr, FILE_END);
-    SetEndOfFile(file);
-    CloseHandle(file);
+TEST_F(EditorTest, AShorterDatabaseIsNotADamagedOne) {
     Edit([&](HWND dialog) {
-        EXPECT_THAT(TheBoxes.shown, IsEmpty());
+        Press(dialog, IDC_ENTRY_INDEX_BACK);
+        StoreDatabase({discs[0], discs[1]});
+        Press(dialog, IDC_EDITOR_SAVE);
+        EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Another program has changed")));
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        StoreDatabase({discs[0]});
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        EXPECT_EQ(Number(dialog), "1");
+        EXPECT_EQ(Artist(dialog), discs[0].fields.artist);
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "1");
+        StoreDatabase({});
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
+        EXPECT_FALSE(IsOpen(dialog));
+    });
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(_, "Database Empty. Nothing to edit!"));
+}
+
+TEST_F(EditorTest, DamageIsToldOnceAndNotWrittenOver) {
+    std::string damaged = DatabaseImage(discs);
+    damaged[EntryStarts(discs)[1] + kEntrySizeOffset] ^= 1;
+    const std::string cut = damaged.substr(0, damaged.size() - 20);
+    StoreBytes(cut);
+    Edit([&](HWND dialog) {
         Press(dialog, IDC_ENTRY_INDEX_BACK);
         Press(dialog, IDC_ENTRY_INDEX_BACK);
+        EXPECT_EQ(TheBoxes.shown.size(), 1u);
         Press(dialog, IDC_ENTRY_INDEX_FORWARD);
         EXPECT_EQ(Artist(dialog), discs[2].fields.artist) << "what can be read is shown";
         EXPECT_EQ(TheBoxes.shown.size(), 1u);
-        TheBoxes.answerOk = false;
-        Press(dialog, IDC_EDITOR_SAVE);
-        EXPECT_THAT(TheBoxes.shown.back(), StartsWith("? The database file is damaged. Rebuild"));
-    });
-    EXPECT_EQ(DatabaseBytes(), cut);
-}
-
-TEST_F(EditorTest, ASaveGoesOnInTheRebuiltDatabase) {
-    std::string damaged = DatabaseImage(discs);
-    damaged[EntryStarts(discs)[1] + kEntrySizeOffset] ^= 1;
-    StoreBytes(damaged);
-    Edit([&](HWND dialog) {
+        Press(dialog, IDC_ENTRY_INDEX_FORWARD);
         Type(dialog, IDC_ENTRY_ARTIST, "Typed");
         TheBoxes.answerOk = false;
         Press(dialog, IDC_EDITOR_SAVE);
-        EXPECT_EQ(DatabaseBytes(), damaged);
-        EXPECT_EQ(Artist(dialog), "Typed");
+        EXPECT_THAT(TheBoxes.shown.back(), StartsWith("? The database file is damaged. Rebuild"));
+        EXPECT_EQ(DatabaseBytes(), cut);
+        // Rebuilt, everything lies elsewhere; the save goes on where the entry is then.
+        StoreBytes(damaged);
         TheBoxes.answerOk = true;
         Press(dialog, IDC_EDITOR_SAVE);
     });
     discs[0].fields.artist = "Typed";
     EXPECT_EQ(DatabaseBytes(), DatabaseImage(discs));
-    EXPECT_EQ(TheBoxes.shown.size(), 2u);
+    EXPECT_EQ(TheBoxes.shown.size(), 3u);
 }
 
 TEST_F(EditorTest, ASearchLandsOnTheFieldThatMatches) {

@@ -5,8 +5,6 @@
 
 #include <mmsystem.h>
 
-#include <digitalv.h>
-
 #include "base/file_description.h"
 #include "base/modes.h"
 #include "playback/file_info_texts.h"
@@ -14,6 +12,7 @@
 #include "playback/mci.h"
 #include "playback/media_device.h"
 #include "playback/play_position.h"
+#include "playback/video_player.h"
 #include "resources/ids.h"
 
 static bool QueryLength(HWND window, PlayUnit unit, DWORD& length) {
@@ -55,10 +54,8 @@ static void AskMidi(HWND window, FileInfo& info) {
 }
 
 static std::string AskPictureSize(HWND window) {
-    MCI_DGV_RECT_PARMS where = {};
-    if (!SendToDevice(window, MCI_WHERE, MCI_DGV_WHERE_SOURCE | MCI_WAIT, &where)) return "";
-    // In place of the right and bottom edges stand width and height.
-    return PictureSizeText(where.rc.right, where.rc.bottom);
+    VideoSize size;
+    return QueryPictureSize(window, size) ? PictureSizeText(size.width, size.height) : "";
 }
 
 static void AskVideo(HWND window, FileInfo& info) {

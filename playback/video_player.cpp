@@ -14,16 +14,23 @@
 
 VideoPlayerState VideoPlayer;
 
+bool QueryPictureSize(HWND window, VideoSize& size) {
+    MCI_DGV_RECT_PARMS where = {};
+    if (!SendToDevice(window, MCI_WHERE, MCI_DGV_WHERE_SOURCE | MCI_WAIT, &where)) return false;
+    // In place of the right and bottom edges stand width and height.
+    size = {static_cast<int>(where.rc.right), static_cast<int>(where.rc.bottom)};
+    return true;
+}
+
 bool OpenVideo(HWND window, const std::string& path, VideoSize& size) {
     ShowPicture(window, true);
     if (!OpenDevice(window, path, GetDlgItem(window, IDC_VIDEO_AREA))) {
         ShowPicture(window, false);
         return false;
     }
-    // Right and bottom of the answer hold width and height.
-    MCI_DGV_RECT_PARMS where = {};
-    if (!SendToDevice(window, MCI_WHERE, MCI_DGV_WHERE_SOURCE | MCI_WAIT, &where)) return false;
-    if (TakeVideoSize(where.rc.right, where.rc.bottom, size)) return true;
+    VideoSize answer;
+    if (!QueryPictureSize(window, answer)) return false;
+    if (TakeVideoSize(answer.width, answer.height, size)) return true;
     ReportMediaError(window, MCIERR_INTERNAL);
     return false;
 }

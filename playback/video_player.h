@@ -13,6 +13,10 @@ struct VideoPlayerState {
 };
 extern VideoPlayerState VideoPlayer;
 
+// The size of the open film's pictures, as its player answers it: negative where they are stored
+// from the top. A failure is reported.
+bool QueryPictureSize(HWND window, VideoSize& size);
+
 // Opens a film into the main window's picture and asks for its size. A failure is reported, and so
 // is a size that no screen has.
 bool OpenVideo(HWND window, const std::string& path, VideoSize& size);

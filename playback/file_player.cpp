@@ -94,7 +94,7 @@ static void OpenFilm(HWND window, const std::string& path, const std::string& sh
     const bool opened = OpenVideo(window, path, size);
     AdvanceQueue(PlayQueue);
     if (opened && !FitsVideoFrame(window, size)) {
-        PlayInOwnWindow(window, {path, shown, size});
+        PlayInOwnWindow(window, {path, shown, size, MediaDevice.seekPause});
         return;
     }
     if (opened) PlacePicture(window, size);

@@ -71,6 +71,7 @@ static void OnInitDialog(HWND dialog) {
 static void Start(HWND dialog) {
     ShowStatus(dialog, "Playing");
     if (!MediaDevice.open) {
+        MediaDevice.seekPause = Film.seekPause;
         if (OpenDevice(dialog, Film.path, Picture(dialog))) StartVideo(dialog, Picture(dialog));
     } else {
         ShowLength(dialog, MediaDevice.length);

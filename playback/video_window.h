@@ -11,6 +11,7 @@ struct LargeFilm {
     std::string path;
     std::string name;  // shown in the title
     VideoSize size;
+    bool seekPause;  // a seek is preceded by a pause
 };
 
 enum class VideoWindowEnd {

@@ -49,8 +49,26 @@ static bool ReadMainSwitch(const char* key) {
     return DecodeOnOff(ReadMainWord(key));
 }
 
-static bool IsProgramChosen(const char* key) {
-    return CharacterAt(ReadMainSetting(key, "0", kDecodedLimit), 0) != '0';
+static bool ReadChosen(const std::string& key, std::string& text) {
+    text = ReadMainSetting(key.c_str(), "0", kDirectoryLimit);
+    return !text.empty() && text[0] != '0';
+}
+
+bool ReadProgramSetting(const std::string& name, std::string& directory, std::string& file) {
+    std::string storedDirectory;
+    std::string storedFile;
+    if (!ReadChosen(name + "Path", storedDirectory) || !ReadChosen(name + "Name", storedFile)) {
+        return false;
+    }
+    directory = storedDirectory;
+    file = storedFile;
+    return true;
+}
+
+static bool IsProgramChosen(const std::string& name) {
+    std::string directory;
+    std::string file;
+    return ReadProgramSetting(name, directory, file);
 }
 
 static char ReadSearchLetter(const char* key) {
@@ -125,10 +143,10 @@ void ReadSettings() {
                                   ? DatabaseLayout::kSimple
                                   : DatabaseLayout::kAdvanced;
     for (size_t i = 0; i < std::size(Settings.editorChosen); ++i) {
-        const std::string key = MediaTypes()[i].extension + std::string("EditorPath");
-        Settings.editorChosen[i] = IsProgramChosen(key.c_str());
+        Settings.editorChosen[i] =
+            IsProgramChosen(MediaTypes()[i].extension + std::string("Editor"));
     }
-    Settings.volumeChosen = IsProgramChosen("VolumeApplicationPath");
+    Settings.volumeChosen = IsProgramChosen("VolumeApplication");
     ReadSearchSettings();
 }
 

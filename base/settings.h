@@ -18,6 +18,10 @@ std::string ReadMainSetting(const char* key, const char* fallback, int limit);
 // A null value removes the key. False when the file cannot be written.
 bool WriteMainSetting(const char* key, const char* value);
 
+// A program that the user has chosen: NAMEPath, its directory, and NAMEName. Asks the file at each
+// call. False when none is chosen; the outputs are then left alone.
+bool ReadProgramSetting(const std::string& name, std::string& directory, std::string& file);
+
 // EntryFieldColorization alone, which start-up needs before everything else.
 void ReadColorizationSetting();
 // The three media directories into WaveFilesPath, MidiFilesPath and VideoFilesPath.

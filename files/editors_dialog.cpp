@@ -16,7 +16,7 @@ void ShowEditorsDialog(HWND owner, const MediaType& type) {
         purposes.push_back({"Select editor for " + FilePattern(each) + " files", EditorSlot(each)});
     }
     ShowProgramDialog(owner, IDD_EDITORS, purposes,
-                      static_cast<size_t>(&type - MediaTypes().data()), WhenNone::kRemoveKeys);
+                      static_cast<size_t>(&type - MediaTypes().data()));
 }
 
 void ShowEditorsDialog(HWND owner) {

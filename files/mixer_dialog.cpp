@@ -5,5 +5,5 @@
 #include "resources/ids.h"
 
 void ShowMixerDialog(HWND owner) {
-    ShowProgramDialog(owner, IDD_MIXER, {{"", MixerSlot()}}, 0, WhenNone::kWriteZero);
+    ShowProgramDialog(owner, IDD_MIXER, {{"", MixerSlot()}}, 0);
 }

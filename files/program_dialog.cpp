@@ -30,8 +30,7 @@ struct ProgramChoice {
 struct ProgramSheet {
     std::vector<ProgramChoice> choices;
     size_t working = 0;
-    std::string directory;  // of the programs in the list
-    WhenNone whenNone = WhenNone::kRemoveKeys;
+    std::string directory;    // of the programs in the list
     int commandsRunning = 0;  // the field is not left by what the program does itself
 };
 static ProgramSheet Sheet;
@@ -157,13 +156,8 @@ static void OnBrowse(HWND dialog) {
 
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
-    for (const ProgramChoice& choice : Sheet.choices) {
-        if (choice.program.name.empty()) {
-            ClearProgram(choice.purpose.slot, Sheet.whenNone);
-        } else {
-            WriteProgram(choice.purpose.slot, choice.program);
-        }
-    }
+    for (const ProgramChoice& choice : Sheet.choices)
+        WriteProgram(choice.purpose.slot, choice.program);
     EndDialog(dialog, 0);
 }
 
@@ -231,10 +225,9 @@ static INT_PTR CALLBACK ProgramProcedure(HWND dialog, UINT message, WPARAM wPara
 }
 
 void ShowProgramDialog(HWND owner, int dialogId, const std::vector<ProgramPurpose>& purposes,
-                       size_t working, WhenNone whenNone) {
+                       size_t working) {
     Sheet = {};
     Sheet.working = working;
-    Sheet.whenNone = whenNone;
     for (const ProgramPurpose& purpose : purposes) {
         ProgramChoice choice = {purpose, {}};
         ReadProgram(purpose.slot, choice.program);

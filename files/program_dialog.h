@@ -18,4 +18,4 @@ struct ProgramPurpose {
 // `working` is the purpose shown at first. Where there are several, the dialog has a radio button
 // for each.
 void ShowProgramDialog(HWND owner, int dialogId, const std::vector<ProgramPurpose>& purposes,
-                       size_t working, WhenNone whenNone);
+                       size_t working);

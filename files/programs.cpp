@@ -5,43 +5,36 @@
 
 #include "base/settings.h"
 
-constexpr int kPathLimit = 260;  // with its final NUL
-
 ProgramSlot EditorSlot(const MediaType& type) {
     const std::string extension = type.extension;
     const auto index = static_cast<size_t>(&type - MediaTypes().data());
-    return {extension + "EditorPath", extension + "EditorName", &Settings.editorChosen[index]};
+    return {extension + "Editor", WhenNone::kRemoveKeys, &Settings.editorChosen[index]};
 }
 
 ProgramSlot MixerSlot() {
-    return {"VolumeApplicationPath", "VolumeApplicationName", &Settings.volumeChosen};
-}
-
-static bool ReadPart(const std::string& key, std::string& text) {
-    text = ReadMainSetting(key.c_str(), "0", kPathLimit);
-    return !text.empty() && text[0] != '0';
+    return {"VolumeApplication", WhenNone::kWriteZero, &Settings.volumeChosen};
 }
 
 bool ReadProgram(const ProgramSlot& slot, Program& program) {
+    *slot.chosen = ReadProgramSetting(slot.setting, program.directory, program.name);
+    return *slot.chosen;
+}
+
+// The file may refuse, so the flag is what it says afterwards.
+static void Write(const ProgramSlot& slot, const char* directory, const char* name) {
+    WriteMainSetting((slot.setting + "Path").c_str(), directory);
+    WriteMainSetting((slot.setting + "Name").c_str(), name);
     Program stored;
-    if (!ReadPart(slot.directoryKey, stored.directory) || !ReadPart(slot.nameKey, stored.name)) {
-        return false;
-    }
-    program = stored;
-    return true;
+    ReadProgram(slot, stored);
 }
 
 void WriteProgram(const ProgramSlot& slot, const Program& program) {
-    WriteMainSetting(slot.directoryKey.c_str(), program.directory.c_str());
-    WriteMainSetting(slot.nameKey.c_str(), program.name.c_str());
-    *slot.chosen = true;
-}
-
-void ClearProgram(const ProgramSlot& slot, WhenNone how) {
-    const char* none = how == WhenNone::kWriteZero ? "0" : nullptr;
-    WriteMainSetting(slot.directoryKey.c_str(), none);
-    WriteMainSetting(slot.nameKey.c_str(), none);
-    *slot.chosen = false;
+    if (program.name.empty() || program.name[0] == '0') {
+        const char* none = slot.whenNone == WhenNone::kWriteZero ? "0" : nullptr;
+        Write(slot, none, none);
+    } else {
+        Write(slot, program.directory.c_str(), program.name.c_str());
+    }
 }
 
 static bool IsFile(const std::string& path) {

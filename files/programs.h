@@ -11,10 +11,14 @@ struct Program {
     std::string name;
 };
 
-// A place in the settings for one program, and the flag in memory that tells whether it is filled.
+// What is written where no program is chosen any more.
+enum class WhenNone { kRemoveKeys, kWriteZero };
+
+// A place in the settings for one program, and the flag in memory that tells whether it was filled
+// when the file was last asked.
 struct ProgramSlot {
-    std::string directoryKey;
-    std::string nameKey;
+    std::string setting;  // the beginning of its two keys
+    WhenNone whenNone;
     bool* chosen;
 };
 ProgramSlot EditorSlot(const MediaType& type);
@@ -22,11 +26,9 @@ ProgramSlot MixerSlot();
 
 // Asks the settings file. False when no program is chosen; `program` is then left alone.
 bool ReadProgram(const ProgramSlot& slot, Program& program);
+// One without a name is none, and so is one whose name begins with "0": that is how the file says
+// none.
 void WriteProgram(const ProgramSlot& slot, const Program& program);
-
-// No program any more.
-enum class WhenNone { kRemoveKeys, kWriteZero };
-void ClearProgram(const ProgramSlot& slot, WhenNone how);
 
 // Starts the program and does not wait for it. False when it cannot be started.
 bool StartProgram(const Program& program, const std::string& arguments);

@@ -21,8 +21,7 @@ constexpr DialogButton kButtons[] = {
     {IDC_COPY_OK, kFaceOk},
     {IDC_COPY_CANCEL, kFaceCancel},
 };
-constexpr int kPathLimit = 260;             // with its final NUL
-constexpr UINT kFaultMessage = WM_APP + 1;  // posted: a DestinationFault to be told
+constexpr int kPathLimit = 260;  // with its final NUL
 
 // The dialog's own state, from opening to closing.
 struct CopySheet {
@@ -109,17 +108,13 @@ static DestinationFault TakeField(HWND dialog) {
     return directoryFault;
 }
 
-// OK and Browse look at the field themselves. The box comes after the mouse click that took the
-// focus away.
+// OK and Browse look at the field themselves.
 static void OnLeaveField(HWND dialog) {
-    const int next = GetParent(GetFocus()) == dialog ? GetDlgCtrlID(GetFocus()) : 0;
     const bool clicked = GetKeyState(VK_LBUTTON) < 0;
-    if (next == IDC_COPY_OK || next == IDC_COPY_CANCEL) return;
-    if (next == IDC_COPY_BROWSE && clicked) return;
+    if (!HasLeftField(dialog, IDC_COPY_OK, IDC_COPY_CANCEL)) return;
+    if (FocusedControl(dialog) == IDC_COPY_BROWSE && clicked) return;
     const DestinationFault fault = TakeField(dialog);
-    if (fault != DestinationFault::kNone) {
-        PostMessageA(dialog, kFaultMessage, static_cast<WPARAM>(fault), 0);
-    }
+    if (fault != DestinationFault::kNone) ShowMessageLater(dialog, DestinationMessage(fault));
 }
 
 static void OnBrowse(HWND dialog) {
@@ -206,9 +201,6 @@ static INT_PTR CALLBACK CopyProcedure(HWND dialog, UINT message, WPARAM wParam, 
     switch (message) {
         case WM_INITDIALOG:
             OnInitDialog(dialog);
-            return TRUE;
-        case kFaultMessage:
-            ShowMessage(DestinationMessage(static_cast<DestinationFault>(wParam)));
             return TRUE;
         case WM_COMMAND:
             return OnCommand(dialog, wParam);

@@ -18,7 +18,7 @@ constexpr DialogButton kButtons[] = {
     {IDC_CANCEL, kFaceCancel},
 };
 constexpr int kPathLimit = 259;
-constexpr UINT kReleasePollMs = 20;
+constexpr char kInvalidPath[] = "Invalid path!";
 
 // A purpose while the dialog is open; no name: no program.
 struct ProgramChoice {
@@ -132,17 +132,9 @@ static bool TakeField(HWND dialog) {
     return valid;
 }
 
-// The box has to wait for the mouse button that took the focus away.
 static void OnLeaveField(HWND dialog) {
-    const int next = GetParent(GetFocus()) == dialog ? GetDlgCtrlID(GetFocus()) : 0;
-    if (next == IDC_OK || next == IDC_CANCEL) return;
-    if (!TakeField(dialog)) SetTimer(dialog, ID_PROGRAM_TIMER, kReleasePollMs, nullptr);
-}
-
-static void OnTimer(HWND dialog) {
-    if (GetKeyState(VK_LBUTTON) < 0 || Sheet.commandsRunning > 0) return;
-    KillTimer(dialog, ID_PROGRAM_TIMER);
-    ShowMessage("Invalid path!");
+    if (HasLeftField(dialog, IDC_OK, IDC_CANCEL) && !TakeField(dialog))
+        ShowMessageLater(dialog, kInvalidPath);
 }
 
 static void OnBrowse(HWND dialog) {
@@ -168,11 +160,11 @@ static void OnCancel(HWND dialog) {
 
 // Enter in a field with a new text stands for leaving it, so that the list follows.
 static void OnEnterOrOk(HWND dialog, bool enter) {
-    const bool inField = GetFocus() == GetDlgItem(dialog, IDC_PROGRAM_LOCATION);
+    const bool inField = FocusedControl(dialog) == IDC_PROGRAM_LOCATION;
     if (!enter || !inField || ControlText(dialog, IDC_PROGRAM_LOCATION) == Sheet.directory) {
         OnOk(dialog);
     } else if (!TakeField(dialog)) {
-        ShowMessage("Invalid path!");
+        ShowMessage(kInvalidPath);
     }
 }
 
@@ -212,9 +204,6 @@ static INT_PTR CALLBACK ProgramProcedure(HWND dialog, UINT message, WPARAM wPara
     switch (message) {
         case WM_INITDIALOG:
             OnInitDialog(dialog);
-            return TRUE;
-        case WM_TIMER:
-            OnTimer(dialog);
             return TRUE;
         case WM_COMMAND:
             OnCommand(dialog, wParam);

@@ -11,6 +11,7 @@
 #define ID_DIRECTORY_TIMER 3
 
 // Shared by several dialogs
+#define ID_LATE_MESSAGE_TIMER 4
 #define IDC_OK 326
 #define IDC_CANCEL 327
 #define IDC_SEARCH 328
@@ -291,7 +292,6 @@
 #define IDC_PROGRAM_NAME 1640
 #define IDC_PROGRAM_DESCRIPTION 1641
 #define IDC_PROGRAM_LOCATION 1650
-#define ID_PROGRAM_TIMER 1
 
 // Dialog 1700: the entry dialog; the database editor uses the same field numbers.
 #define IDD_ENTRY 1700

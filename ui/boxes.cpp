@@ -96,6 +96,20 @@ void ShowMessage(const std::string& text) {
     ShowMessageText();
 }
 
+static const char* LateText;
+
+static void CALLBACK OnLateMessage(HWND dialog, UINT, UINT_PTR timer, DWORD) {
+    if (GetKeyState(VK_LBUTTON) < 0 || !IsWindowEnabled(dialog)) return;
+    KillTimer(dialog, timer);
+    ShowMessage(LateText);
+}
+
+void ShowMessageLater(HWND dialog, const char* text) {
+    constexpr UINT pollMs = 20;
+    LateText = text;
+    SetTimer(dialog, ID_LATE_MESSAGE_TIMER, pollMs, OnLateMessage);
+}
+
 bool AskQuestion(const std::string& text) {
     SetMessageText(text);
     Boxes.question(BoxOwner());

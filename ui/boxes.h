@@ -17,6 +17,10 @@ extern int QuestionAnswer;
 
 // Opens the message box over whatever the user has in front. Texts are cut at 255 bytes.
 void ShowMessage(const std::string& text);
+// The same over a dialog that stays open, as soon as no mouse button is held and nothing that the
+// dialog has opened stands in front: a field's check fails in the middle of the click that leaves
+// it. The text must be a constant.
+void ShowMessageLater(HWND dialog, const char* text);
 // True when the user pressed OK.
 bool AskQuestion(const std::string& text);
 // Shows MessageText as it stands.

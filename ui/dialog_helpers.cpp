@@ -79,15 +79,22 @@ bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
     return HandleDialogLook(dialog, message, wParam, lParam, buttons, result);
 }
 
+int FocusedControl(HWND dialog) {
+    return GetParent(GetFocus()) == dialog ? GetDlgCtrlID(GetFocus()) : 0;
+}
+
+bool HasLeftField(HWND dialog, int okId, int cancelId) {
+    const int next = FocusedControl(dialog);
+    return IsWindowEnabled(dialog) && next != okId && next != cancelId;
+}
+
 int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
                 int cancelId) {
     const int id = LOWORD(wParam);
     if (id == IDCANCEL) return cancelId;
     if (id != IDOK) return id;
-    const int focused = GetDlgCtrlID(GetFocus());
-    const bool onOwnButton =
-        GetParent(GetFocus()) == dialog && FindButton(buttons, focused) != nullptr;
-    return onOwnButton ? focused : okId;
+    const int focused = FocusedControl(dialog);
+    return FindButton(buttons, focused) != nullptr ? focused : okId;
 }
 
 bool CloseOnOk(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons) {

@@ -37,6 +37,13 @@ bool HandleBoxLook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
 int MeantButton(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons, int okId,
                 int cancelId);
 
+// The dialog's control that has the keyboard; 0 when it is elsewhere.
+int FocusedControl(HWND dialog);
+
+// Whether a field that has lost the keyboard is to be looked at: not when a box of the program took
+// it, and not for Cancel, nor for OK, which looks itself.
+bool HasLeftField(HWND dialog, int okId, int cancelId);
+
 // A WM_COMMAND of a box whose only answer is IDC_OK: with its click sound it closes the box. False
 // for any other command.
 bool CloseOnOk(HWND dialog, WPARAM wParam, std::span<const DialogButton> buttons);

@@ -1,30 +1,14 @@
-// The demo's drive as a program meets it: through MCI, with the sound recorded.
+// The demo's drive and projector as a program meets them: through MCI. What they do over time is
+// tested where it is reckoned; that they are seen and heard, where the player plays on them.
 #include <windows.h>
 
 #include <mmsystem.h>
 
+#include <digitalv.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
+#include "demo/media/film_maker.h"
 #include "tests/desktop/driver.h"
-
-static constexpr double kHeard = 300;  // of 32767, root of the mean square
-static constexpr double kSilent = 2;   // the recording's own rounding
-static constexpr int kListenMs = 300;
-
-static uint32_t Tmsf(uint32_t track, uint32_t minute, uint32_t second, uint32_t frame) {
-    return track | minute << 8 | second << 16 | frame << 24;
-}
-
-static bool WaitForSound() {
-    return WaitUntil([] { return SoundLevel(kListenMs) > kHeard; });
-}
-
-static bool WaitForSilence() {
-    return WaitUntil([] { return SoundLevel(kListenMs) < kSilent; });
-}
 
 static std::string Directory() {
     char path[MAX_PATH];
@@ -32,173 +16,216 @@ static std::string Directory() {
     return std::string(path) + "demo-devices\\";
 }
 
-// A program with the drive open, set to track, minute, second and frame, as a player has it.
-struct DriveTest : testing::Test {
+template <typename Parameters>
+static DWORD_PTR Block(Parameters& parameters) {
+    return reinterpret_cast<DWORD_PTR>(&parameters);
+}
+
+struct DeviceTest : testing::Test {
     MCIDEVICEID device = 0;
 
-    void SetUp() override {
-        CreateDirectoryA(Directory().c_str(), nullptr);
-        DeleteFileA((Directory() + "log.txt").c_str());
-        SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", (Directory() + "tray.txt").c_str());
-        SetEnvironmentVariableA("TARNWELL_DRIVE_LOG", (Directory() + "log.txt").c_str());
-        SetEnvironmentVariableA("TARNWELL_DRIVE_SPINUPMS", "0");
-        Insert("");
-    }
-
+    void SetUp() override { CreateDirectoryA(Directory().c_str(), nullptr); }
     void TearDown() override {
         if (device == 0) return;
         Send(MCI_STOP);
         mciSendCommandA(device, MCI_CLOSE, 0, 0);
     }
 
+    MCIERROR Send(UINT message, DWORD flags = 0) const {
+        MCI_GENERIC_PARMS parameters = {};
+        return mciSendCommandA(device, message, flags, Block(parameters));
+    }
+    MCIERROR Play(DWORD flags, DWORD from = 0, DWORD to = 0) const {
+        MCI_PLAY_PARMS play = {0, from, to};
+        return mciSendCommandA(device, MCI_PLAY, flags, Block(play));
+    }
+    MCIERROR Set(DWORD flags, DWORD timeFormat = 0) const {
+        MCI_SET_PARMS set = {0, timeFormat, MCI_SET_AUDIO_ALL};
+        return mciSendCommandA(device, MCI_SET, flags, Block(set));
+    }
+    // The answer, or the error code made negative.
+    long Status(DWORD item) const {
+        MCI_STATUS_PARMS status = {};
+        status.dwItem = item;
+        const MCIERROR error =
+            mciSendCommandA(device, MCI_STATUS, MCI_STATUS_ITEM | MCI_WAIT, Block(status));
+        return error != 0 ? -static_cast<long>(error) : static_cast<long>(status.dwReturn);
+    }
+    void ExpectNullRefused(std::initializer_list<UINT> messages) const {
+        for (const UINT message : messages)
+            EXPECT_EQ(mciSendCommandA(device, message, 0, 0), MCIERROR{MCIERR_NULL_PARAMETER_BLOCK})
+                << message;
+    }
+};
+
+struct DriveTest : DeviceTest {
+    void SetUp() override {
+        DeviceTest::SetUp();
+        SetEnvironmentVariableA("TARNWELL_DRIVE_TRAY", (Directory() + "tray.txt").c_str());
+        SetEnvironmentVariableA("TARNWELL_DRIVE_SPINUPMS", "0");
+        WriteFileBytes(Directory() + "disc.cue",
+                       "TRACK 1 AUDIO\nREM TONE 440\nREM LENGTH 00:04:00\n");
+        Insert("");
+    }
     static void Insert(const std::string& sheetName) {
-        std::ofstream(Directory() + "tray.new") << sheetName << "\r\n";
+        WriteFileBytes(Directory() + "tray.new", sheetName + "\r\n");
         MoveFileExA((Directory() + "tray.new").c_str(), (Directory() + "tray.txt").c_str(),
                     MOVEFILE_REPLACE_EXISTING);
     }
-
-    // A disc of tones, one length a track.
-    static void MakeDisc(const std::string& sheetName, const std::vector<std::string>& lengths) {
-        std::ofstream sheet(Directory() + sheetName);
-        int number = 0;
-        for (const std::string& length : lengths)
-            sheet << "TRACK " << ++number << " AUDIO\nREM TONE 440\nREM LENGTH " << length << "\n";
-    }
-
     void Open() {
         MCI_OPEN_PARMSA open = {};
         open.lpstrDeviceType = "cdaudio";
         ASSERT_EQ(mciSendCommandA(0, MCI_OPEN, MCI_OPEN_TYPE | MCI_WAIT, Block(open)), 0U);
         device = open.wDeviceID;
-        MCI_SET_PARMS set = {};
-        set.dwTimeFormat = MCI_FORMAT_TMSF;
-        ASSERT_EQ(mciSendCommandA(device, MCI_SET, MCI_SET_TIME_FORMAT | MCI_WAIT, Block(set)), 0U);
-    }
-
-    template <typename Parameters>
-    static DWORD_PTR Block(Parameters& parameters) {
-        return reinterpret_cast<DWORD_PTR>(&parameters);
-    }
-
-    MCIERROR Send(UINT message, DWORD flags = 0) const {
-        MCI_GENERIC_PARMS parameters = {};
-        return mciSendCommandA(device, message, flags, Block(parameters));
-    }
-
-    MCIERROR Play(uint32_t from) const {
-        MCI_PLAY_PARMS play = {};
-        play.dwFrom = from;
-        return mciSendCommandA(device, MCI_PLAY, MCI_FROM, Block(play));
-    }
-
-    // The answer, or the error code made negative.
-    long Status(DWORD item, DWORD track = 0) const {
-        MCI_STATUS_PARMS status = {};
-        status.dwItem = item;
-        status.dwTrack = track;
-        const DWORD flags = MCI_STATUS_ITEM | MCI_WAIT | (track != 0 ? MCI_TRACK : 0U);
-        const MCIERROR error = mciSendCommandA(device, MCI_STATUS, flags, Block(status));
-        return error != 0 ? -static_cast<long>(error) : static_cast<long>(status.dwReturn);
-    }
-
-    MCIERROR MoveDoor(DWORD flag) const {
-        MCI_SET_PARMS set = {};
-        return mciSendCommandA(device, MCI_SET, flag, Block(set));
-    }
-
-    static std::string Log() {
-        std::stringstream text;
-        text << std::ifstream(Directory() + "log.txt").rdbuf();
-        return text.str();
+        ASSERT_EQ(Set(MCI_SET_TIME_FORMAT | MCI_WAIT, MCI_FORMAT_TMSF), 0U);
     }
 };
 
-TEST_F(DriveTest, PlaysPausesGoesOnAndEndsAudibly) {
-    MakeDisc("tones.cue", {"00:10:00", "00:12:30"});
-    Insert("tones.cue");
+TEST_F(DriveTest, DoorAndSpinUpAreAnsweredAsADriveDoes) {
     Open();
-    ASSERT_EQ(Play(Tmsf(1, 0, 2, 30)), 0U);
-    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_PLAY);
-    EXPECT_TRUE(WaitForSound());
-    EXPECT_EQ(Send(MCI_PAUSE), 0U);
-    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_STOP) << "a paused drive reads as stopped";
-    const long position = Status(MCI_STATUS_POSITION);
-    EXPECT_TRUE(WaitForSilence());
-    EXPECT_EQ(Status(MCI_STATUS_POSITION), position);
-    MCI_PLAY_PARMS play = {};
-    EXPECT_EQ(mciSendCommandA(device, MCI_PLAY, 0, Block(play)), 0U);
-    EXPECT_TRUE(WaitForSound());
-    ASSERT_EQ(Play(Tmsf(2, 0, 11, 0)), 0U);
-    EXPECT_EQ(Status(MCI_STATUS_CURRENT_TRACK), 2);
-    EXPECT_TRUE(WaitUntil([this] { return Status(MCI_STATUS_MODE) == MCI_MODE_STOP; }));
-    EXPECT_TRUE(WaitForSilence());
-    EXPECT_EQ(static_cast<uint32_t>(Status(MCI_STATUS_POSITION)), Tmsf(2, 0, 12, 30));
-    EXPECT_NE(Log().find("play flags=00000004 from=1e020001 (01:00:02:30) result=0"),
-              std::string::npos)
-        << Log();
-}
-
-TEST_F(DriveTest, DiscsComeGoAndChangeFromOutside) {
-    MakeDisc("first.cue", {"00:30:00", "00:30:00"});
-    MakeDisc("second.cue", {"00:20:00", "00:20:00", "00:20:00"});
-    Open();
-    EXPECT_EQ(Status(MCI_STATUS_MEDIA_PRESENT), FALSE);
     EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_NOT_READY);
-    EXPECT_EQ(Play(Tmsf(1, 0, 0, 0)), static_cast<MCIERROR>(MCIERR_HARDWARE));
-    Insert("first.cue");
-    EXPECT_EQ(Play(Tmsf(2, 0, 0, 0)), 0U);
-    EXPECT_TRUE(WaitForSound());
-    Insert("second.cue");
-    EXPECT_EQ(Status(MCI_STATUS_NUMBER_OF_TRACKS), 3);
-    EXPECT_TRUE(WaitForSilence());
-    EXPECT_EQ(MoveDoor(MCI_SET_DOOR_OPEN), 0U);
-    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_OPEN);
-    EXPECT_EQ(MoveDoor(MCI_SET_DOOR_CLOSED), 0U);
-    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_STOP);
+    EXPECT_EQ(Play(MCI_FROM, 1), MCIERROR{MCIERR_HARDWARE});
+    Insert("disc.cue");
     EXPECT_EQ(Status(MCI_STATUS_MEDIA_PRESENT), TRUE);
+    EXPECT_EQ(Set(MCI_SET_DOOR_OPEN), 0U);
+    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_OPEN);
+    EXPECT_EQ(Set(MCI_SET_DOOR_CLOSED), 0U);
+    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_STOP);
     Insert("no such disc.cue");
     EXPECT_EQ(Status(MCI_STATUS_MEDIA_PRESENT), FALSE);
     SetEnvironmentVariableA("TARNWELL_DRIVE_SPINUPMS", "400");
-    Insert("first.cue");
+    Insert("disc.cue");
     EXPECT_EQ(Status(MCI_STATUS_NUMBER_OF_TRACKS), -MCIERR_DEVICE_NOT_READY);
-    EXPECT_TRUE(WaitUntil([this] { return Status(MCI_STATUS_NUMBER_OF_TRACKS) == 2; }));
+    EXPECT_TRUE(WaitUntil([this] { return Status(MCI_STATUS_NUMBER_OF_TRACKS) == 1; }));
 }
 
 TEST_F(DriveTest, RefusesWhatADriverRefuses) {
-    MakeDisc("short.cue", {"00:04:00"});
-    Insert("short.cue");
+    Insert("disc.cue");
     Open();
-    for (const UINT message :
-         {MCI_PLAY, MCI_PAUSE, MCI_RESUME, MCI_STOP, MCI_SEEK, MCI_SET, MCI_STATUS, MCI_GETDEVCAPS})
-        EXPECT_EQ(mciSendCommandA(device, message, 0, 0),
-                  static_cast<MCIERROR>(MCIERR_NULL_PARAMETER_BLOCK))
-            << message;
-    EXPECT_EQ(Play(Tmsf(1, 0, 4, 30)), static_cast<MCIERROR>(MCIERR_OUTOFRANGE)) << "frame 30";
-    EXPECT_EQ(Send(MCI_RESUME), static_cast<MCIERROR>(MCIERR_NONAPPLICABLE_FUNCTION));
-    EXPECT_EQ(Send(MCI_RECORD), static_cast<MCIERROR>(MCIERR_UNSUPPORTED_FUNCTION));
-    MCI_SET_PARMS set = {};
-    set.dwTimeFormat = MCI_FORMAT_FRAMES;
-    EXPECT_EQ(mciSendCommandA(device, MCI_SET, MCI_SET_TIME_FORMAT, Block(set)),
-              static_cast<MCIERROR>(MCIERR_BAD_TIME_FORMAT));
+    ExpectNullRefused(
+        {MCI_PLAY, MCI_PAUSE, MCI_RESUME, MCI_STOP, MCI_SEEK, MCI_SET, MCI_STATUS, MCI_GETDEVCAPS});
+    EXPECT_EQ(Play(MCI_FROM, MCI_MAKE_TMSF(1, 0, 4, 30)), MCIERROR{MCIERR_OUTOFRANGE});
+    EXPECT_EQ(Send(MCI_RESUME), MCIERROR{MCIERR_NONAPPLICABLE_FUNCTION});
+    EXPECT_EQ(Send(MCI_RECORD), MCIERROR{MCIERR_UNSUPPORTED_FUNCTION});
+    EXPECT_EQ(Set(MCI_SET_TIME_FORMAT, MCI_FORMAT_FRAMES), MCIERROR{MCIERR_BAD_TIME_FORMAT});
     MCI_OPEN_PARMSA second = {};
     second.lpstrDeviceType = "cdaudio";
     second.lpstrAlias = "second";  // without a name of its own it does not get as far as the driver
     EXPECT_EQ(
         mciSendCommandA(0, MCI_OPEN, MCI_OPEN_TYPE | MCI_OPEN_ALIAS | MCI_WAIT, Block(second)),
-        static_cast<MCIERROR>(MCIERR_MUST_USE_SHAREABLE));
+        MCIERROR{MCIERR_MUST_USE_SHAREABLE});
 }
 
 TEST_F(DriveTest, PlaysOnAfterCloseAndOpensAgain) {
-    MakeDisc("long.cue", {"01:00:00"});
-    Insert("long.cue");
+    Insert("disc.cue");
     for (int round = 0; round < 3; ++round) {
         Open();
         EXPECT_EQ(Status(MCI_STATUS_MODE), round == 0 ? MCI_MODE_STOP : MCI_MODE_PLAY);
-        ASSERT_EQ(Play(Tmsf(1, 0, 1, 0)), 0U);
+        ASSERT_EQ(Play(MCI_FROM, MCI_MAKE_TMSF(1, 0, 1, 0)), 0U);
         ASSERT_EQ(mciSendCommandA(device, MCI_CLOSE, 0, 0), 0U) << "close takes no parameters";
     }
-    EXPECT_TRUE(WaitForSound());
+    EXPECT_TRUE(WaitUntil([] { return SoundLevel(300) > 300; }));
     Open();
     EXPECT_EQ(Send(MCI_STOP, MCI_WAIT), 0U);
-    EXPECT_TRUE(WaitForSilence());
+    EXPECT_TRUE(WaitUntil([] { return SoundLevel(300) < 2; }));
+}
+
+// Thirty pictures of 80 by 60, ten a second, each of its own red.
+static Bytes ColouredFilm() {
+    const auto draw = [](int frame) {
+        Bytes picture;
+        for (int i = 0; i < 80 * 60; ++i)
+            picture.insert(picture.end(), {static_cast<uint8_t>(8 * frame), 40, 200});
+        return picture;
+    };
+    return PackFilm({80, 60, 30, 10}, draw, {}, 22050);
+}
+
+// A program with a window, and a place in it for the film.
+struct ProjectorTest : DeviceTest {
+    HWND window = nullptr;
+
+    void SetUp() override {
+        DeviceTest::SetUp();
+        WriteFile(Directory() + "film.mov", ColouredFilm());
+        window = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 100, 100, 300, 200, nullptr,
+                               nullptr, nullptr, nullptr);
+    }
+    void TearDown() override {
+        DeviceTest::TearDown();
+        if (window) DestroyWindow(window);
+    }
+    MCIERROR Open(const std::string& name) {
+        MCI_DGV_OPEN_PARMSA open = {};
+        const std::string path = Directory() + name;
+        open.lpstrElementName = const_cast<char*>(path.c_str());
+        open.dwStyle = WS_CHILD;
+        open.hWndParent = window;
+        const DWORD flags = MCI_OPEN_ELEMENT | MCI_DGV_OPEN_PARENT | MCI_DGV_OPEN_WS | MCI_WAIT;
+        const MCIERROR error = mciSendCommandA(0, MCI_OPEN, flags, Block(open));
+        if (error == 0) device = open.wDeviceID;
+        return error;
+    }
+    // Lets the program's messages run until this frame's colour stands at a place of its window;
+    // -1 for the window's own.
+    bool WaitForFrame(int frame, int x, int y) const {
+        POINT place = {x, y};
+        ClientToScreen(window, &place);
+        return WaitUntil([&] {
+            MSG message;
+            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+                DispatchMessageA(&message);
+            HDC screen = GetDC(nullptr);
+            const COLORREF colour = GetPixel(screen, place.x, place.y);
+            ReleaseDC(nullptr, screen);
+            const bool isFilm = GetGValue(colour) == 40 && GetBValue(colour) == 200;
+            return frame < 0 ? !isFilm : isFilm && GetRValue(colour) == 8 * frame;
+        });
+    }
+};
+
+TEST_F(ProjectorTest, ShowsTheFrameAskedForAtItsPlaceUntilItIsClosed) {
+    ASSERT_EQ(Open("film.mov"), 0U);
+    MCI_DGV_RECT_PARMS where = {};
+    ASSERT_EQ(mciSendCommandA(device, MCI_WHERE, MCI_DGV_WHERE_SOURCE | MCI_WAIT, Block(where)),
+              0U);
+    EXPECT_EQ(where.rc.right, 80);
+    EXPECT_EQ(where.rc.bottom, 60);
+    EXPECT_TRUE(WaitForFrame(-1, 10, 10)) << "hidden until it plays";
+    ASSERT_EQ(Play(MCI_FROM | MCI_TO, 400, 400), 0U);
+    EXPECT_TRUE(WaitForFrame(4, 79, 59));
+    EXPECT_TRUE(WaitForFrame(-1, 80, 59)) << "the picture has its own size";
+    MCI_DGV_RECT_PARMS put = {0, {20, 30, 160, 120}};
+    ASSERT_EQ(mciSendCommandA(device, MCI_PUT, MCI_DGV_RECT | MCI_DGV_PUT_WINDOW, Block(put)), 0U);
+    EXPECT_TRUE(WaitForFrame(4, 20, 30));
+    EXPECT_TRUE(WaitForFrame(-1, 19, 30));
+
+    ASSERT_EQ(Set(MCI_SET_TIME_FORMAT | MCI_WAIT, MCI_FORMAT_FRAMES), 0U);
+    EXPECT_EQ(Status(MCI_STATUS_LENGTH), 30);
+    ASSERT_EQ(Play(MCI_FROM, 27), 0U);
+    EXPECT_TRUE(WaitForFrame(29, 20, 30)) << "the last one stays";
+    EXPECT_TRUE(WaitUntil([&] { return Status(MCI_STATUS_MODE) == MCI_MODE_STOP; }));
+    EXPECT_EQ(Status(MCI_STATUS_POSITION), 30);
+    ASSERT_EQ(Send(MCI_CLOSE), 0U);
+    device = 0;
+    EXPECT_TRUE(WaitForFrame(-1, 20, 30)) << "closing takes it away";
+}
+
+TEST_F(ProjectorTest, RefusesWhatADriverRefusesAndOutlivesItsWindow) {
+    WriteFileBytes(Directory() + "broken.mov", "moov");
+    WriteFileBytes(Directory() + "empty.mov", "");
+    EXPECT_EQ(Open("broken.mov"), MCIERROR{MCIERR_INVALID_FILE});
+    EXPECT_EQ(Open("empty.mov"), MCIERROR{MCIERR_INVALID_FILE});
+    EXPECT_NE(Open("missing.mov"), 0U);
+    ASSERT_EQ(Open("film.mov"), 0U);
+    ExpectNullRefused({MCI_PLAY, MCI_PAUSE, MCI_STOP, MCI_SEEK, MCI_SET, MCI_WHERE});
+    EXPECT_EQ(Set(MCI_SET_TIME_FORMAT, MCI_FORMAT_TMSF), MCIERROR{MCIERR_BAD_TIME_FORMAT});
+    EXPECT_EQ(Send(MCI_RESUME), MCIERROR{MCIERR_NONAPPLICABLE_FUNCTION});
+    EXPECT_EQ(Play(MCI_FROM, 3001), MCIERROR{MCIERR_OUTOFRANGE});
+    ASSERT_EQ(Play(0), 0U);
+    DestroyWindow(window);
+    window = nullptr;
+    EXPECT_EQ(Status(MCI_STATUS_MODE), MCI_MODE_PLAY);
+    EXPECT_EQ(Play(MCI_FROM, 2000), 0U);
+    EXPECT_EQ(Send(MCI_STOP), 0U);
 }

@@ -164,6 +164,14 @@ void Command(HWND dialog, int id, int notification) {
                  reinterpret_cast<LPARAM>(Control(dialog, id)));
 }
 
+void SetText(HWND dialog, int id, const std::string& text) {
+    Send(Control(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void FocusOn(HWND dialog, int id) {
+    PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, id)), TRUE);
+}
+
 bool Settle(const Program& program) {
     // A message sent from outside can be answered in the middle of a command; one that is posted is
     // not. This one's effect is seen nowhere but here.
@@ -189,6 +197,23 @@ HWND WaitForPopup(const Program& program, int deadlineMs) {
         },
         deadlineMs);
     return popup;
+}
+
+static HWND WaitForPopupWhere(const Program& program, const std::function<bool(HWND)>& isIt) {
+    HWND popup = nullptr;
+    const bool found = WaitUntil([&] {
+        popup = WaitForPopup(program, 0);
+        return popup != nullptr && IsWindowEnabled(popup) && isIt(popup);
+    });
+    return found ? popup : nullptr;
+}
+
+HWND WaitForDialog(const Program& program, const std::string& title) {
+    return WaitForPopupWhere(program, [&](HWND popup) { return Title(popup) == title; });
+}
+
+HWND WaitForDialogThatShows(const Program& program, int id, const std::string& text) {
+    return WaitForPopupWhere(program, [&](HWND popup) { return Text(popup, id) == text; });
 }
 
 bool WaitForNoPopup(const Program& program, int deadlineMs) {
@@ -283,7 +308,7 @@ void PressKey(uint8_t virtualKey, uint8_t heldKey) {
     if (heldKey) keybd_event(heldKey, 0, KEYEVENTF_KEYUP, 0);
 }
 
-static void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
+void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
     for (int i = 0; i < count; ++i)
         bytes += static_cast<char>(value >> (8 * i) & 0xff);
 }
@@ -330,6 +355,11 @@ int AudibleMs(int lastMs) {
 
 void WriteFileBytes(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string FileBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::string WaveFile(int lengthMs) {

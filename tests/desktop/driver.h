@@ -58,11 +58,19 @@ bool IsShown(HWND dialog, int id);
 void Command(HWND dialog, int id, int notification = 0);
 // Waits until every command posted so far has been carried out, or has opened a dialog.
 bool Settle(const Program& program);
+// Puts a text into a field, in place of what is there.
+void SetText(HWND dialog, int id, const std::string& text);
+// Gives a control of a dialog the keyboard.
+void FocusOn(HWND dialog, int id);
 // Waits for a text of a control.
 bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs = kDeadlineMs);
 
 // The dialog that stands in front of the main window; null when none comes before the deadline.
 HWND WaitForPopup(const Program& program, int deadlineMs = kDeadlineMs);
+// The same for the dialog of this title, or the one that shows this text in a control; null when it
+// does not come.
+HWND WaitForDialog(const Program& program, const std::string& title);
+HWND WaitForDialogThatShows(const Program& program, int id, const std::string& text);
 // Waits until the main window is in front again and enabled.
 bool WaitForNoPopup(const Program& program, int deadlineMs = kDeadlineMs);
 
@@ -94,5 +102,8 @@ int AudibleMs(int lastMs);
 // Small media files. A wave is a sine of 440 Hz, 16 bit, mono, 22,050 Hz; the MIDI file holds one
 // note for the time given.
 void WriteFileBytes(const std::string& path, const std::string& bytes);
+// Empty when there is no such file.
+std::string FileBytes(const std::string& path);
+void AppendLittleEndian(std::string& bytes, uint32_t value, int count);
 std::string WaveFile(int lengthMs);
 std::string MidiFile(int lengthMs);

@@ -1,4 +1,5 @@
-// Films in the real program: in the frame and in a window of their own, seen and heard.
+// Films in the real program, on the platform's player and on the demo's driver of .mov files: in
+// the frame and in a window of their own, seen and heard.
 #include <windows.h>
 
 #include <cmath>
@@ -6,15 +7,15 @@
 #include "demo/media/video_maker.h"
 #include "tests/desktop/desktop_test.h"
 
-constexpr int kSmall[] = {160, 120};
-constexpr int kLarge[] = {400, 300};
+constexpr SIZE kSmall = {160, 120};
+constexpr SIZE kLarge = {400, 300};
 
 class VideoTest : public DesktopTest {
 protected:
     // A film of 15 pictures a second, with a tone.
-    void AddFilm(const std::string& name, const int (&size)[2], int frames) {
+    void AddFilm(const std::string& name, const SIZE& size, int frames) {
         const bool quickTime = name.ends_with(".mov");
-        const Cartoon cartoon = {size[0], size[1], frames, 15, !quickTime};
+        const Cartoon cartoon = {size.cx, size.cy, frames, 15, !quickTime};
         std::vector<int16_t> tone(22050 / 15 * static_cast<size_t>(frames));
         for (size_t i = 0; i < tone.size(); ++i)
             tone[i] = static_cast<int16_t>(8000 * std::sin(static_cast<double>(i) * 0.125));
@@ -22,13 +23,8 @@ protected:
         AddMedia(name, std::string(bytes.begin(), bytes.end()));
     }
 
-    HWND WaitForFilmWindow(const std::string& name) {
-        HWND window = nullptr;
-        WaitUntil([&] {
-            window = GetLastActivePopup(player.window);
-            return window != player.window && Title(window) == "Tarnwell 1.1 - " + name;
-        });
-        return GetDlgItem(window, IDC_VIDEO_WINDOW_AREA) != nullptr ? window : nullptr;
+    HWND FilmWindow(const std::string& name) {
+        return WaitForDialog(player, "Tarnwell 1.1 - " + name);
     }
 };
 
@@ -77,7 +73,7 @@ TEST_F(VideoTest, FilmsOfBothSizesPlayInOneQueue) {
     EXPECT_NEAR(picture.left - frame.left, frame.right - picture.right, 5) << "not centred";
     EXPECT_NEAR(picture.top - frame.top, frame.bottom - picture.bottom, 5) << "not centred";
 
-    HWND film = WaitForFilmWindow("b large.avi");
+    HWND film = FilmWindow("b large.avi");
     ASSERT_NE(film, nullptr);
     EXPECT_FALSE(IsWindowVisible(area)) << "the first film's last picture";
     EXPECT_TRUE(WaitForPicture(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA)));
@@ -100,24 +96,24 @@ TEST_F(VideoTest, FilmsOfBothSizesPlayInOneQueue) {
 }
 
 TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
-    AddFilm("large.avi", kLarge, 150);
+    AddFilm("large.avi", kLarge, 90);
     AddFilm("other.avi", kSmall, 30);
     PutSetting(player, "VideoOutput", "Time");
     ASSERT_NO_FATAL_FAILURE(StartIn("video"));
     ASSERT_NO_FATAL_FAILURE(Play({"large.avi", "other.avi"}));
-    HWND film = WaitForFilmWindow("large.avi");
+    HWND film = FilmWindow("large.avi");
     ASSERT_NE(film, nullptr);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
-    EXPECT_EQ(ReadOutMs(Text(film, IDC_LENGTH)) / 100, 99);
+    EXPECT_EQ(ReadOutMs(Text(film, IDC_LENGTH)) / 100, 59);
     Command(film, IDC_VIDEO_PAUSE);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Paused"));
     PostMessageA(film, WM_HSCROLL, MAKELONG(SB_THUMBTRACK, 500), 0);
     PostMessageA(film, WM_HSCROLL, MAKELONG(SB_THUMBPOSITION, 500), 0);
-    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) / 100 == 49; }));
+    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) / 100 == 29; }));
     EXPECT_EQ(Text(film, IDC_STATUS), "Paused");
     Command(film, IDC_VIDEO_PLAY);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
-    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) > 5000; }));
+    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Text(film, IDC_POSITION)) > 3000; }));
     Command(film, IDC_VIDEO_STOP);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Ready"));
     EXPECT_EQ(Text(film, IDC_POSITION), "");
@@ -134,31 +130,48 @@ TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
     EXPECT_EQ(WaitForPopup(player, 500), nullptr);
 }
 
-TEST_F(VideoTest, RepeatKeepsTheWindowOfASingleFilm) {
-    AddFilm("large.avi", kLarge, 20);
-    PutSetting(player, "VideoOutput", "Frames");
+TEST_F(VideoTest, TheFrameAndTheScreenBoundAFilm) {
     ASSERT_NO_FATAL_FAILURE(StartIn("video"));
-    Command(player.window, IDC_REPEAT);
-    ASSERT_NO_FATAL_FAILURE(Play({"large.avi"}));
-    HWND film = WaitForFilmWindow("large.avi");
-    ASSERT_NE(film, nullptr);
-    for (int round = 0; round < 2; ++round) {
-        ASSERT_TRUE(WaitUntil([&] { return FramesShown(film) > 10; }));
-        ASSERT_TRUE(WaitUntil([&] { return FramesShown(film) < 10; }));
+    RECT frame = {};
+    GetClientRect(Control(player.window, IDC_VIDEO_FRAME), &frame);
+    AddFilm("exact.avi", {frame.right / 4 * 4, frame.bottom}, 4);
+    AddFilm("higher.avi", {40, frame.bottom + 1}, 4);
+    AddFilm("huge.avi", {1304, 900}, 4);
+    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
+    ASSERT_NO_FATAL_FAILURE(Play({"exact.avi"}));
+    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "exact.avi"));
+    EXPECT_EQ(WaitForPopup(player, 200), nullptr);
+    for (const char* name : {"higher.avi", "huge.avi"}) {
+        ASSERT_NO_FATAL_FAILURE(Play({name}));
+        HWND film = FilmWindow(name);
+        ASSERT_NE(film, nullptr) << name;
+        RECT place = {};
+        GetWindowRect(film, &place);
+        EXPECT_TRUE(place.left >= 0 && place.top >= 0);
+        EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
+        EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+        SendMessageA(film, WM_SYSCOMMAND, SC_CLOSE, 0);
+        ASSERT_TRUE(WaitForNoPopup(player));
     }
-    EXPECT_TRUE(IsWindow(film));
-    SendMessageA(film, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
 }
 
 TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
     if (!HasVirtualProjector()) GTEST_SKIP() << "no driver for .mov files is registered";
-    AddFilm("film.mov", kSmall, 90);
+    AddFilm("film.mov", kSmall, 150);
+    PutSetting(player, "VideoOutput", "Frames");
     ASSERT_NO_FATAL_FAILURE(StartIn("video"));
     ASSERT_NO_FATAL_FAILURE(Play({"film.mov"}));
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
     EXPECT_TRUE(WaitForPicture(Control(player.window, IDC_VIDEO_AREA)));
     EXPECT_TRUE(WaitForSound());
+    Command(player.window, IDC_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
+    Scroll(player, SB_THUMBTRACK, 10);
+    Scroll(player, SB_THUMBPOSITION, 10);
+    EXPECT_EQ(Shown(IDC_POSITION), "10 Frames");
+    Command(player.window, IDC_PAUSE);
+    EXPECT_TRUE(WaitUntil([&] { return FramesShown(player.window) > 12; }));
+    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
     Command(player.window, IDC_SOUND);
     EXPECT_TRUE(WaitForSilence());
     EXPECT_EQ(Shown(IDC_STATUS), "Playing");

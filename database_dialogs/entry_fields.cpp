@@ -28,6 +28,9 @@ struct ControlRange {
     int last;
 };
 constexpr ControlRange kNames = {IDC_ENTRY_NAME_FIRST, IDC_ENTRY_NAME_LAST};
+// A page has a row for each of its tracks.
+static_assert(IDC_ENTRY_NAME_LAST - IDC_ENTRY_NAME_FIRST + 1 == kTrackPageSize);
+static_assert(IDC_ENTRY_NUMBER_LAST - IDC_ENTRY_NUMBER_FIRST + 1 == kTrackPageSize);
 constexpr ControlRange kAdvanced[] = {
     {IDC_ENTRY_LABEL_CAPTION, IDC_ENTRY_RELEASED_CAPTION},
     {IDC_ENTRY_LABEL_FIELD, IDC_ENTRY_YEAR},

@@ -15,6 +15,10 @@
 #include "resources/ids.h"
 #include "ui/boxes.h"
 
+// A page has a button and a label for each of its tracks.
+static_assert(IDC_TRACK_LAST - IDC_TRACK_FIRST + 1 == kTrackPageSize);
+static_assert(IDC_TRACK_LABEL_LAST - IDC_TRACK_LABEL_FIRST + 1 == kTrackPageSize);
+
 constexpr int kPageScrollSeconds = 8;
 // Seeks land in the middle of the second, also a seek to 0:00. It is meant.
 constexpr int kSeekFrame = 30;

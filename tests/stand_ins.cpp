@@ -12,6 +12,7 @@
 #include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
+#include "database/database_file.h"
 #include "playback/cd_player.h"
 #include "playback/player_timers.h"
 #include "resources/ids.h"
@@ -217,6 +218,7 @@ static void WriteEmptyFile(const std::string& path) {
 void OpenTestWindow(int mode, const std::vector<std::string>& files, const std::string& startFile) {
     CloseTestWindow();
     ResetProgramState(GetModuleHandleA(nullptr));
+    ResetDatabaseState();
     AppDirectory = FreshDirectory();
     SettingsPath = InAppDirectory("TARNWELL.INI");
     for (const std::string& file : files)

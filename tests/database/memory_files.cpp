@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/app_directory.h"
+#include "database/database_file.h"
 
 const std::string kNoSuchFile = "(no such file)";
 
@@ -252,6 +253,7 @@ void UseMemoryFiles() {
                  Inside<Rename>::Do,   Inside<Remove>::Do,
                  Inside<Exists>::Do,   Pause};
     AppDirectory.clear();
+    ResetDatabaseState();
     StartOnDisk({});
 }
 

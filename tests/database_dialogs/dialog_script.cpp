@@ -7,6 +7,7 @@
 #include "base/app_directory.h"
 #include "base/program_state.h"
 #include "base/settings.h"
+#include "database/database_file.h"
 #include "database/database_format.h"
 #include "resources/ids.h"
 #include "tests/stand_ins.h"
@@ -57,6 +58,7 @@ HANDLE HoldDatabase() {
 
 void DialogTest::SetUp() {
     UseStandIns();
+    ResetDatabaseState();
     AppDirectory = FreshDirectory();
     SettingsPath = InAppDirectory("TARNWELL.INI");
     Settings = {};

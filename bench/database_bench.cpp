@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
 #include "base/app_directory.h"
 #include "database/database_changes.h"
@@ -78,25 +79,50 @@ static void Require(bool holds, const char* what) {
     std::exit(1);
 }
 
-static void ReadFileOnce() {
+static void LowerAscii(std::string& text) {
+    for (char& c : text)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+static void ReadFileOnce(bool lowerCase) {
     ScopedFile file;
-    uint8_t window[kWindowBytes];
+    std::string window(kWindowBytes, '\0');
     uint32_t count = 1;
     const std::string path = InAppDirectory(kDatabaseName);
     Require(FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle) == FileStatus::kOk,
             "open");
-    while (count > 0)
-        FileCalls.read(file.handle, window, sizeof window, count);
+    while (count > 0) {
+        FileCalls.read(file.handle, window.data(), kWindowBytes, count);
+        if (lowerCase) LowerAscii(window);
+    }
+}
+
+// A copy by the platform's own means that is on the disk afterwards.
+static void CopyFlushed(const fs::path& from, const fs::path& to) {
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+    ScopedFile file;
+    Require(
+        FileCalls.open(to.string().c_str(), FileMode::kReadWrite, file.handle) == FileStatus::kOk &&
+            FileCalls.flush(file.handle) == FileStatus::kOk,
+        "copy");
+}
+
+// In the blocks that the export writes.
+static void WriteText(const std::string& path, const std::string& text) {
+    ScopedFile file;
+    Require(FileCalls.open(path.c_str(), FileMode::kCreateAlways, file.handle) == FileStatus::kOk,
+            "text file");
+    for (size_t at = 0; at < text.size(); at += 32768) {
+        uint32_t written = 0;
+        const size_t size = std::min<size_t>(32768, text.size() - at);
+        FileCalls.write(file.handle, text.data() + at, static_cast<uint32_t>(size), written);
+        Require(written == size, "writing the text");
+    }
 }
 
 static void LookUp(const Disc& disc, bool known) {
     CopyDiscToc(disc.toc);
     Require(FindDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount) == known, "look-up");
-}
-
-static void LowerAscii(std::string& text) {
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
 // Of a text that is in no field, so that all of them are read.
@@ -178,12 +204,14 @@ static void MeasureAmong(int count, const fs::path& directory, int rounds) {
     const Disc& moved = discs[discs.size() / 2];
 
     std::vector<Measure> measures = {
-        {"one reading of the file", ReadFileOnce},
+        {"one reading of the file", [] { ReadFileOnce(false); }},
         {"look-up, last disc", [&] { LookUp(discs.back(), true); }},
         {"look-up, unknown disc", [&] { LookUp(extra, false); }},
         {"title text, last disc", [&] { DiscTitleText(); }},
         {"start-up recovery, nothing to do",
          [&] { Require(RecoverDatabase() == RecoveryResult::kNothingToDo, "recovery"); }},
+        {"a flushed copy of the file",
+         [&] { CopyFlushed(directory / kDatabaseName, directory / "copy.dat"); }},
         {"delete, middle", [&] { Require(DeleteEntry(middle) == DatabaseResult::kOk, "delete"); }},
         {"append",
          [&] {
@@ -216,12 +244,22 @@ static void MeasureWalksAmong(int count, const fs::path& directory, int rounds) 
     const std::vector<Disc> discs = MakeDiscs(count);
     std::ofstream(directory / kDatabaseName, std::ios::binary) << DatabaseImage(discs);
     const std::string text = (directory / "export.txt").string();
+    ExportAll(text, nullptr);
+    std::ostringstream bytes;
+    bytes << std::ifstream(text, std::ios::binary).rdbuf();
+    const std::string exported = bytes.str();
     std::vector<Measure> measures = {
-        {"one reading of the file", ReadFileOnce},
+        {"one reading of the file", [] { ReadFileOnce(false); }},
         {"search, case counts", [] { SearchAll(false); }},
         {"search, lower case", [] { SearchAll(true); }},
+        {"one reading, lower-cased", [] { ReadFileOnce(true); }},
         {"information", [&] { Require(SumDatabase().entries == count, "information"); }},
         {"export", [&] { ExportAll(text, nullptr); }},
+        {"one reading, export's text written",
+         [&] {
+             ReadFileOnce(false);
+             WriteText(text, exported);
+         }},
         {"export, sorted", [&] { ExportAll(text, std::strcmp); }},
         {"sort",
          [] {
@@ -245,18 +283,25 @@ static void MeasureWalksAmong(int count, const fs::path& directory, int rounds) 
         Print(measure, measures[0].microseconds.front());
 }
 
-int main() {
+static int RoundsFor(int count) {
+    return count <= 1000 ? 101 : count <= 10000 ? 31 : 7;
+}
+
+// database_bench [DISCS...]
+int main(int argc, char** argv) {
     const fs::path directory =
         fs::temp_directory_path() / ("tarnwell_bench_" + std::to_string(std::random_device()()));
     fs::create_directory(directory);
     AppDirectory = (directory / "").string();
     CountSystemCalls();
     // The unknown disc is never in the file, and the last one leaves room for an append.
-    MeasureAmong(1000, directory, 101);
-    MeasureAmong(10000, directory, 31);
-    MeasureAmong(65534, directory, 7);
-    MeasureWalksAmong(1000, directory, 31);
-    MeasureWalksAmong(10000, directory, 11);
-    MeasureWalksAmong(65534, directory, 3);
+    std::vector<int> counts = {1000, 10000, 65534};
+    if (argc > 1) counts.clear();
+    for (int i = 1; i < argc; ++i)
+        counts.push_back(std::clamp(std::atoi(argv[i]), 1, 65534));
+    for (const int count : counts)
+        MeasureAmong(count, directory, RoundsFor(count));
+    for (const int count : counts)
+        MeasureWalksAmong(count, directory, RoundsFor(count) / 3 + 1);
     fs::remove_all(directory);
 }

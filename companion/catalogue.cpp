@@ -65,10 +65,8 @@ Refusal OpenCatalogue(Catalogue& catalogue) {
 }
 
 bool ReadDiscAt(Catalogue& catalogue, uint64_t start, Disc& disc) {
-    static std::vector<uint8_t> bytes(kMaxEntryBytes);
-    catalogue.reader.position = start;
-    const uint32_t size = ReadUpTo(catalogue.reader, bytes.data(), kMaxEntryBytes);
-    return DecodeEntry(bytes.data(), size, disc.toc, disc.fields) == DecodeResult::kWhole;
+    return start <= UINT32_MAX && ReadEntry(catalogue.reader, static_cast<uint32_t>(start),
+                                            disc.toc, disc.fields) == DecodeResult::kWhole;
 }
 
 bool ReadNextDisc(Catalogue& catalogue, CataloguePlace& place, Disc& disc) {

@@ -173,7 +173,7 @@ static bool PrintGroups(const char* what, const Groups& groups) {
         if (numbers.size() < 2) continue;
         std::string& line = lines[numbers.front()];
         for (const uint32_t number : numbers)
-            line += " " + std::to_string(number);
+            line.append(" ").append(std::to_string(number));
     }
     for (const auto& [first, line] : lines)
         Print(std::string(what) + line + "\n");

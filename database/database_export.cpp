@@ -36,13 +36,12 @@ static DatabaseResult OrderEntries(WindowReader& reader, uint32_t entryCount, Co
     return DatabaseResult::kOk;
 }
 
-static bool StartOfNext(WindowReader& reader, uint32_t& entryStart) {
+// 0 when no entry follows. Asked before the entry is read, so that the reading goes straight on.
+static uint32_t StartOfNext(WindowReader& reader, uint32_t entryStart) {
     EntryHeader header;
-    if (!ReadEntryHeader(reader, entryStart, header) || header.nextOffset <= entryStart) {
-        return false;
-    }
-    entryStart = header.nextOffset;
-    return true;
+    const bool follows =
+        ReadEntryHeader(reader, entryStart, header) && header.nextOffset > entryStart;
+    return follows ? header.nextOffset : 0;
 }
 
 static DatabaseResult WriteEntries(WindowReader& reader, uint32_t entryCount,
@@ -51,16 +50,19 @@ static DatabaseResult WriteEntries(WindowReader& reader, uint32_t entryCount,
     const auto linesOf = request.form == ExportForm::kPlain ? PlainLines : DelimitedRecord;
     const bool ordered = request.compare != nullptr;
     const size_t count = ordered ? starts.size() : entryCount;
-    uint32_t entryStart = kHeaderBytes;
+    uint32_t next = kHeaderBytes;
     DiscToc disc;
     EntryFields fields;
+    const std::string kWriting = "Writing: ";
+    std::string line = kWriting;
     std::string gathered;
     status("Writing export file.");
     for (size_t i = 0; i < count; ++i) {
-        if (ordered) entryStart = starts[i];
-        if (!ordered && i > 0 && !StartOfNext(reader, entryStart)) break;
+        const uint32_t entryStart = ordered ? starts[i] : next;
+        if (entryStart == 0) break;
+        if (!ordered) next = StartOfNext(reader, entryStart);
         if (ReadEntry(reader, entryStart, disc, fields) != DecodeResult::kWhole) continue;
-        status(("Writing: " + fields.artist).c_str());
+        status(line.replace(kWriting.size(), std::string::npos, fields.artist).c_str());
         gathered += linesOf(disc, fields, request.items);
         if (gathered.size() < kExportBlockBytes) continue;
         const DatabaseResult result = WriteGathered(exportFile, gathered);

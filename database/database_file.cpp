@@ -164,10 +164,15 @@ DecodeResult ReadEntry(WindowReader& reader, uint32_t entryStart, DiscToc& disc,
         return DecodeResult::kCutShort;
     }
     reader.position = entryStart;
-    std::vector<uint8_t> bytes;
-    DecodeResult result = DecodeResult::kCutShort;
     uint32_t wanted =
         std::clamp(kNextOffsetBytes + header.entrySize, kMinEntryBytes, kMaxEntryBytes);
+    const uint8_t* inWindow = PeekInWindow(reader, wanted);
+    if (inWindow && DecodeEntry(inWindow, wanted, disc, fields) == DecodeResult::kWhole) {
+        reader.position += wanted;
+        return DecodeResult::kWhole;
+    }
+    std::vector<uint8_t> bytes;
+    DecodeResult result = DecodeResult::kCutShort;
     uint32_t readBytes = wanted;
     while (result == DecodeResult::kCutShort && readBytes == wanted) {
         if (!bytes.empty()) wanted = kFirstWindowBytes;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 #include "database/database_format.h"
 
@@ -87,34 +86,45 @@ static uint16_t TakeU16(ByteCursor& cursor) {
     return field ? GetU16(field) : uint16_t{0};
 }
 
-static std::string TakeText(ByteCursor& cursor) {
+static void TakeText(ByteCursor& cursor, std::string& text) {
     const size_t length = TakeU8(cursor);
-    const char* text = reinterpret_cast<const char*>(Take(cursor, length));
-    return text ? std::string(text, strnlen(text, length)) : std::string();
+    const char* stored = reinterpret_cast<const char*>(Take(cursor, length));
+    text.assign(stored ? stored : "", stored ? strnlen(stored, length) : 0);
 }
 
+static void SkipText(ByteCursor& cursor) {
+    Take(cursor, TakeU8(cursor));
+}
+
+// What the fields held keeps its memory: a walk over many discs would else spend its time on making
+// 99 names anew for each.
 DecodeResult DecodeEntry(const uint8_t* bytes, size_t sizeBytes, DiscToc& disc,
                          EntryFields& fields) {
-    disc = {};
-    fields = {};
+    static const EntryFields kFirstValues;
     ByteCursor cursor = {bytes, sizeBytes, false};
     Take(cursor, kDiscKeyOffset);
     disc.totalSeconds = TakeU16(cursor);
     Take(cursor, 2);  // the first track's length stands in its record too
     const int trackCount = TakeU8(cursor);
     disc.trackCount = static_cast<uint16_t>(std::min(trackCount, kMaxTracks));
-    for (int track = 0; track < trackCount; ++track) {
-        std::string name = TakeText(cursor);
-        const uint16_t lengthSeconds = TakeU16(cursor);
-        if (track >= kMaxTracks) continue;
-        fields.trackNames[track] = std::move(name);
-        disc.lengthSeconds[track] = lengthSeconds;
+    for (int track = 0; track < disc.trackCount; ++track) {
+        TakeText(cursor, fields.trackNames[track]);
+        disc.lengthSeconds[track] = TakeU16(cursor);
+    }
+    for (int track = disc.trackCount; track < trackCount; ++track) {
+        SkipText(cursor);
+        Take(cursor, 2);
+    }
+    for (int track = disc.trackCount; track < kMaxTracks; ++track) {
+        if (!fields.trackNames[track].empty()) fields.trackNames[track].clear();
+        disc.lengthSeconds[track] = 0;
     }
     for (const EntryItem& item : kEntryItems) {
         if (item.text) {
-            fields.*item.text = TakeText(cursor);
-        } else if (const uint8_t* code = Take(cursor, 1)) {
-            fields.*item.code = *code;  // one that is missing keeps its first value
+            TakeText(cursor, fields.*item.text);
+        } else {
+            const uint8_t* code = Take(cursor, 1);
+            fields.*item.code = code ? *code : kFirstValues.*item.code;
         }
     }
     return cursor.cutShort ? DecodeResult::kCutShort : DecodeResult::kWhole;

@@ -69,6 +69,64 @@ static bool CodeMatches(const SearchQuery& query, const SearchedItem& searched, 
     return query.code == searched.field + std::min(code, searched.lastCode);
 }
 
+// The bytes that become `letter` in lower case. False when there are more than two. A byte of
+// several-byte characters may become another beside others than alone; plain letters do not.
+static bool FindCases(const SearchQuery& query, char letter, uint8_t (&cases)[2]) {
+    cases[0] = cases[1] = static_cast<uint8_t>(letter);
+    if (query.lowerCase == nullptr) return true;
+    if (cases[0] >= 0x80) return false;
+    int count = 0;
+    for (int byte = 0; byte < 256; ++byte) {
+        std::string lowered(1, static_cast<char>(byte));
+        query.lowerCase(lowered);
+        if (lowered[0] != letter) continue;
+        if (count == 2) return false;
+        cases[1] = static_cast<uint8_t>(byte);
+        if (count++ == 0) cases[0] = cases[1];
+    }
+    return true;
+}
+
+TextFilter FilterOf(const SearchQuery& query) {
+    TextFilter filter;
+    if (query.code != 0 || query.text.empty()) return filter;
+    filter.isOfUse = true;
+    filter.bothCases = query.lowerCase != nullptr;
+    const size_t last = query.text.size() - 1;
+    const size_t distances[] = {0, last / 2, last};
+    for (int i = 0; i < 3; ++i) {
+        filter.distances[i] = distances[i];
+        filter.isOfUse &= FindCases(query, query.text[distances[i]], filter.letters[i]);
+    }
+    return filter;
+}
+
+// Without a branch inside, so that a compiler can look at many bytes at once.
+template <bool kBothCases>
+static bool HoldsLetters(const TextFilter& filter, const uint8_t* bytes, size_t count) {
+    const uint8_t* middle = bytes + filter.distances[1];
+    const uint8_t* last = bytes + filter.distances[2];
+    const auto [a, b, c] = filter.letters;
+    // A byte, not a bool: compilers put bytes side by side.
+    uint8_t found = 0;
+    for (size_t i = 0; i < count; ++i) {
+        const auto is = [](uint8_t byte, const uint8_t(&cases)[2]) {
+            return (byte == cases[0]) | (kBothCases && byte == cases[1]);
+        };
+        const int here = is(bytes[i], a) & is(middle[i], b) & is(last[i], c);
+        found = static_cast<uint8_t>(found | here);
+    }
+    return found != 0;
+}
+
+bool CanHoldText(const TextFilter& filter, const uint8_t* bytes, size_t sizeBytes) {
+    if (!filter.isOfUse) return true;
+    if (sizeBytes <= filter.distances[2]) return false;
+    const size_t count = sizeBytes - filter.distances[2];
+    return filter.bothCases ? HoldsLetters<true>(filter, bytes, count)
+                            : HoldsLetters<false>(filter, bytes, count);
+}
+
 int MatchEntry(WindowReader& reader, const SearchQuery& query) {
     uint8_t trackCount = 0;
     if (!ReadU8(reader, trackCount)) return kNoMatch;

@@ -1,6 +1,8 @@
 // When an entry of the database matches what the user looks for, and in which of its fields.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "base/search_fields.h"
@@ -31,6 +33,17 @@ struct SearchQuery {
 // Whether a field holds the text; the empty text is in none. The scan does not go back to behind
 // the beginning of a partial match, so that "ab" is not found in "aab": this is meant.
 bool TextContains(const std::string& field, const std::string& text);
+
+// Tells most of the entries that cannot match by their bytes alone, without taking them apart: the
+// first, a middle and the last letter of the text stand nowhere at their distances.
+struct TextFilter {
+    bool isOfUse = false;
+    bool bothCases = false;
+    size_t distances[3] = {};
+    uint8_t letters[3][2] = {};
+};
+TextFilter FilterOf(const SearchQuery& query);
+bool CanHoldText(const TextFilter& filter, const uint8_t* bytes, size_t sizeBytes);
 
 constexpr int kNoMatch = -1;
 // The first field that matches: tracks 1 to 99, artist, disc name, category, label, notes, year

@@ -46,26 +46,29 @@ static bool FillWindow(WindowReader& reader) {
     return reader.windowSize > 0;
 }
 
+const uint8_t* ReadInWindow(WindowReader& reader, uint64_t mostBytes, uint32_t& sizeBytes) {
+    const uint8_t* bytes = PeekInWindow(reader, 1);
+    while (bytes == nullptr) {
+        if (!FillWindow(reader)) return nullptr;
+        bytes = PeekInWindow(reader, 1);
+    }
+    const uint64_t inWindow = reader.windowStart + reader.windowSize - reader.position;
+    sizeBytes = static_cast<uint32_t>(std::min(mostBytes, inWindow));
+    reader.position += sizeBytes;
+    return bytes;
+}
+
 uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes) {
     uint8_t* to = static_cast<uint8_t*>(data);
     uint32_t done = 0;
     while (done < sizeBytes) {
-        const uint64_t inWindow = reader.position - reader.windowStart;
-        if (reader.position < reader.windowStart || inWindow >= reader.windowSize) {
-            if (!FillWindow(reader)) break;
-            continue;
-        }
-        const uint32_t from = static_cast<uint32_t>(inWindow);
-        const uint32_t count = std::min(sizeBytes - done, reader.windowSize - from);
-        std::memcpy(to + done, reader.window + from, count);
+        uint32_t count = 0;
+        const uint8_t* bytes = ReadInWindow(reader, sizeBytes - done, count);
+        if (bytes == nullptr) break;
+        std::memcpy(to + done, bytes, count);
         done += count;
-        reader.position += count;
     }
     return done;
-}
-
-bool ReadU8(WindowReader& reader, uint8_t& value) {
-    return ReadUpTo(reader, &value, 1) == 1;
 }
 
 bool ReadU16(WindowReader& reader, uint16_t& value) {
@@ -84,11 +87,10 @@ bool ReadU32(WindowReader& reader, uint32_t& value) {
 
 // Most texts lie whole in the window.
 static bool ReadTextInWindow(WindowReader& reader, std::string& text) {
-    const uint64_t inWindow = reader.position - reader.windowStart;
-    if (reader.position < reader.windowStart || inWindow >= reader.windowSize) return false;
-    const uint8_t* stored = reader.window + inWindow;
+    const uint8_t* stored = PeekInWindow(reader, 1);
+    if (stored == nullptr) return false;
     const uint8_t length = *stored;
-    if (inWindow + 1 + length > reader.windowSize) return false;
+    if (PeekInWindow(reader, 1u + length) == nullptr) return false;
     const char* bytes = reinterpret_cast<const char*>(stored + 1);
     text.assign(bytes, strnlen(bytes, length));
     reader.position += 1u + length;

@@ -9,7 +9,11 @@
 #include "base/file_access.h"
 
 constexpr uint32_t kFirstWindowBytes = 2048;
-constexpr uint32_t kWindowBytes = 65536;
+// Measured: larger windows win nothing any more. tools/bench measures other sizes.
+#ifndef TARNWELL_WINDOW_KB
+#define TARNWELL_WINDOW_KB 64
+#endif
+constexpr uint32_t kWindowBytes = TARNWELL_WINDOW_KB * 1024;
 
 // Borrows the handle. Nothing but this reader moves the file's position while it is in use.
 struct WindowReader {
@@ -31,6 +35,10 @@ void StartReading(WindowReader& reader, FileHandle file, uint64_t fileOffset = 0
 // a failure.
 uint32_t ReadUpTo(WindowReader& reader, void* data, uint32_t sizeBytes);
 
+// The next bytes where they lie in the window, as many as it holds and at most `mostBytes`, and on
+// behind them. Null at the end of the file and after a failure. Good until the next read.
+const uint8_t* ReadInWindow(WindowReader& reader, uint64_t mostBytes, uint32_t& sizeBytes);
+
 // The next bytes where they lie in the window, without moving on; null unless it holds all of them.
 inline const uint8_t* PeekInWindow(const WindowReader& reader, uint32_t sizeBytes) {
     const uint64_t from = reader.position - reader.windowStart;
@@ -40,7 +48,13 @@ inline const uint8_t* PeekInWindow(const WindowReader& reader, uint32_t sizeByte
 }
 
 // These answer false, leave the output alone and `position` anywhere when the file ends before.
-bool ReadU8(WindowReader& reader, uint8_t& value);
+inline bool ReadU8(WindowReader& reader, uint8_t& value) {
+    const uint8_t* byte = PeekInWindow(reader, 1);
+    if (!byte) return ReadUpTo(reader, &value, 1) == 1;
+    ++reader.position;
+    value = *byte;
+    return true;
+}
 bool ReadU16(WindowReader& reader, uint16_t& value);
 bool ReadU32(WindowReader& reader, uint32_t& value);
 

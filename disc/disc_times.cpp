@@ -2,6 +2,7 @@
 #include "disc/disc_times.h"
 
 #include <algorithm>
+#include <charconv>
 
 constexpr int kSecondsPerMinute = 60;
 // "<< Skip" starts the track again once more than this has been heard of it.
@@ -30,8 +31,12 @@ int SecondsIntoTrack(const DiscPosition& position) {
 
 std::string MinutesSecondsText(int totalSeconds) {
     const int seconds = totalSeconds % kSecondsPerMinute;
-    return std::to_string(totalSeconds / kSecondsPerMinute) + (seconds < 10 ? ":0" : ":") +
-           std::to_string(seconds);
+    char text[16];
+    char* end = std::to_chars(text, text + 12, totalSeconds / kSecondsPerMinute).ptr;
+    *end++ = ':';
+    *end++ = static_cast<char>('0' + seconds / 10);
+    *end++ = static_cast<char>('0' + seconds % 10);
+    return {text, end};
 }
 
 uint16_t TrackLengthSeconds(const DiscToc& toc, int track) {

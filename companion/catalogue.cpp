@@ -48,18 +48,17 @@ Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes) {
     return status == FileStatus::kOk ? Refusal() : TextOf(status);
 }
 
-Refusal OpenCatalogue(Catalogue& catalogue) {
+Refusal OpenCatalogue(Catalogue& catalogue, HeaderMark accepted) {
     if (Refusal why = OpenAnyFile(catalogue.file, catalogue.sizeBytes); !why.empty()) return why;
     StartReading(catalogue.reader, catalogue.file.handle);
     uint8_t header[kHeaderBytes];
     const uint32_t size = ReadUpTo(catalogue.reader, header, kHeaderBytes);
-    if (catalogue.reader.failed) return "the file cannot be read, or is a folder";
+    if (catalogue.reader.failed) return kUnreadableText;
     if (size == 0) return "the file is empty";
-    if (size < kHeaderBytes ||
-        !std::equal(std::begin(kHeaderMark), std::end(kHeaderMark), header)) {
-        return "this is no disc catalogue: it does not begin like one (salvage looks for discs in "
-               "it all the same)";
-    }
+    catalogue.markIsRight =
+        size == kHeaderBytes && std::equal(std::begin(kHeaderMark), std::end(kHeaderMark), header);
+    const bool mayBeWrong = accepted == HeaderMark::kAny && size == kHeaderBytes;
+    if (!catalogue.markIsRight && !mayBeWrong) return kForeignText;
     catalogue.entryCount = GetU16(header + kCountOffset);
     return {};
 }
@@ -117,6 +116,7 @@ static Refusal RefuseDamage() {
     ScopedFile file;
     DatabaseCheck check;
     const FileStatus status = OpenHeld(DatabasePath(), file);
+    if (status == FileStatus::kMissing) return kUnmadeText;
     if (status != FileStatus::kOk) return TextOf(status);
     if (!CheckDatabase(file.handle, check)) return "the file cannot be read";
     return IsIntact(check) ? Refusal() : kDamagedText;

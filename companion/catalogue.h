@@ -14,6 +14,11 @@
 // Why something could not be done, for the user; empty when it could.
 using Refusal = std::string;
 
+inline constexpr const char* kUnmadeText = "the file cannot be made there";
+inline constexpr const char* kUnreadableText = "the file cannot be read, or is a folder";
+inline constexpr const char* kForeignText =
+    "this is no disc catalogue: it does not begin like one (check and salvage look for discs in it "
+    "all the same)";
 inline constexpr const char* kDamagedText =
     "the catalogue is damaged; check says where, and salvage makes a whole one";
 
@@ -25,14 +30,17 @@ struct Catalogue {
     WindowReader reader;
     uint64_t sizeBytes = 0;
     uint16_t entryCount = 0;  // as the header says
+    bool markIsRight = true;
 };
 
 // Opens the chosen file for reading, whatever it is.
 Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes);
 
 // Opens the chosen catalogue for reading. A file that another program holds is waited for, some
-// seconds long. Files that do not begin like a catalogue are refused.
-Refusal OpenCatalogue(Catalogue& catalogue);
+// seconds long. Files that do not begin like a catalogue are refused, unless any mark in front is
+// accepted.
+enum class HeaderMark { kRight, kAny };
+Refusal OpenCatalogue(Catalogue& catalogue, HeaderMark accepted = HeaderMark::kRight);
 
 // One disc, with where it lies. False at the end of the chain.
 struct CataloguePlace {

@@ -183,12 +183,21 @@ static bool ReadEntry(Catalogue& catalogue, CheckedEntry& entry) {
     return ReadUpTo(catalogue.reader, entry.bytes.data(), size) == size;
 }
 
+// Where an entry follows, it is the mark that is damaged and not another kind of file.
+static void CheckMark(int& faults, const Catalogue& catalogue) {
+    if (catalogue.markIsRight) return;
+    TellFault(faults, 0, "the six bytes that mark a catalogue are not FF 51 4D 52 00 0A");
+}
+
 ExitCode CheckCatalogue(const CommonOptions& options) {
     Catalogue catalogue;
-    if (const Refusal why = OpenCatalogue(catalogue); !why.empty()) return Fail(options.file, why);
+    if (const Refusal why = OpenCatalogue(catalogue, HeaderMark::kAny); !why.empty()) {
+        return Fail(options.file, why);
+    }
     int faults = 0;
     CheckedEntry entry{1, kHeaderBytes, {}};
     while (entry.number <= catalogue.entryCount && ReadEntry(catalogue, entry)) {
+        if (entry.number == 1) CheckMark(faults, catalogue);
         CheckPointers(faults, entry);
         CheckContents(faults, entry);
         entry.start += entry.bytes.size();
@@ -197,6 +206,11 @@ ExitCode CheckCatalogue(const CommonOptions& options) {
     }
     ClearProgress();
     const uint32_t read = entry.number - 1;
+    if (read == 0 && !catalogue.markIsRight) {
+        return Fail(options.file,
+                    "this is no disc catalogue: neither its beginning nor a first entry "
+                    "is there (salvage looks for discs in it all the same)");
+    }
     if (read < catalogue.entryCount) {
         TellFault(faults, entry.start,
                   "entry " + std::to_string(entry.number) + " of " +

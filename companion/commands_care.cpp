@@ -19,7 +19,10 @@ static uint32_t TellFindings(const CommonOptions& options, RewriteSource& damage
     uint64_t lost = 0;
     uint64_t from = kHeaderBytes;
     SalvagedEntry entry;
-    while (FindSalvageableEntry(damaged.reader, from, damaged.sizeBytes, entry)) {
+    const SalvageProgress progress = [&](uint64_t offset) {
+        ShowProgress("looked at byte", offset, damaged.sizeBytes);
+    };
+    while (FindSalvageableEntry(damaged.reader, from, damaged.sizeBytes, entry, progress)) {
         ++found;
         lost += entry.start - from;
         if (!entry.contentsFit) {
@@ -28,7 +31,6 @@ static uint32_t TellFindings(const CommonOptions& options, RewriteSource& damage
                   " is doubtful: its texts do not fill it, what can be read of them is kept\n");
         }
         from = entry.end;
-        ShowProgress("offset", from, damaged.sizeBytes);
     }
     ClearProgress();
     if (damaged.sizeBytes > from) lost += damaged.sizeBytes - from;
@@ -45,9 +47,13 @@ static Refusal WriteSalvagedTo(const std::string& output, RewriteSource& damaged
         return "this file exists already";
     }
     EnsureDatabase();
+    if (FileCalls.exists(DatabasePath().c_str()) == FileStatus::kMissing) return kUnmadeText;
     const DatabaseResult result = SafeRewrite([&damaged](RewriteSource&, RewriteTarget& target) {
-        return WriteSalvaged(damaged, target);
+        return WriteSalvaged(damaged, target, [&damaged](uint64_t offset) {
+            ShowProgress("taken from byte", offset, damaged.sizeBytes);
+        });
     });
+    ClearProgress();
     if (result == DatabaseResult::kOk) return {};
     RemovePatiently(DatabasePath().c_str());
     return DatabaseResultText(result);
@@ -64,6 +70,7 @@ ExitCode SalvageCatalogue(const CommonOptions& options, const std::string& outpu
     }
     StartReading(damaged.reader, file.handle);
     ReadEntryCount(damaged.reader, damaged.entryCount);
+    if (damaged.reader.failed) return Fail(options.file, kUnreadableText);
     if (TellFindings(options, damaged) == 0) return Fail(options.file, "there is no disc in it");
     if (const Refusal why = WriteSalvagedTo(output, damaged); !why.empty()) {
         return Fail(output, why);

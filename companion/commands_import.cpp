@@ -159,6 +159,10 @@ static ExitCode ReadSources(ImportState& state, const std::vector<std::string>& 
                  path, fs::directory_options::skip_permission_denied, error)) {
             if (entry.is_regular_file(error)) files.push_back(entry.path());
         }
+        if (files.empty()) {
+            Tell(source + ": there is no file in this folder");
+            ++state.warned;
+        }
         std::sort(files.begin(), files.end());
         for (size_t i = 0; i < files.size(); ++i) {
             if (const Refusal why = ReadSource(state, files[i]); !why.empty()) {

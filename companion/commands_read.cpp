@@ -90,6 +90,7 @@ ExitCode ShowDisc(const CommonOptions& options, int number) {
 }
 
 ExitCode FindText(const CommonOptions& options, const std::string& text) {
+    if (text.empty()) return Fail("find", "there is no text to look for");
     int lost = 0;
     const std::string wanted = FromUtf8(text, options.page, lost);
     if (lost > 0) Tell("\"" + text + "\" holds characters that are not in the code page");

@@ -114,14 +114,16 @@ static void AddTrack(CsvImport& import, const std::vector<std::string>& record,
                      const std::string& where) {
     PendingDisc& pending = import.pending;
     DiscToc& toc = pending.disc.toc;
+    // The disc's refusal names its first line itself.
+    const std::string place = where == pending.where ? "" : where + ": ";
     int number = 0;
     int seconds = 0;
     if (!ParseNumber(FieldOf(import, record, kTrack), kMaxTracks, number) ||
         number != toc.trackCount + 1) {
-        pending.fault = where + ": track " + std::to_string(toc.trackCount + 1) + " of at most " +
+        pending.fault = place + "track " + std::to_string(toc.trackCount + 1) + " of at most " +
                         std::to_string(kMaxTracks) + " is expected here";
     } else if (!ParseNumber(FieldOf(import, record, kSeconds), UINT16_MAX, seconds)) {
-        pending.fault = where + ": seconds must be a number up to 65535";
+        pending.fault = place + "seconds must be a number up to 65535";
     }
     if (!pending.fault.empty()) return;
     pending.disc.fields.trackNames[toc.trackCount] =
@@ -130,7 +132,7 @@ static void AddTrack(CsvImport& import, const std::vector<std::string>& record,
     int total = SumOfLengths(toc);
     const std::string& stored = FieldOf(import, record, kTotal);
     if (!stored.empty() && !ParseNumber(stored, UINT16_MAX, total)) {
-        pending.fault = where + ": total seconds must be a number up to 65535";
+        pending.fault = place + "total seconds must be a number up to 65535";
     }
     toc.totalSeconds = static_cast<uint16_t>(total);
 }

@@ -1,6 +1,7 @@
 // See disc_json.h.
 #include "companion/disc_json.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "companion/disc_names.h"
@@ -138,12 +139,26 @@ static void ImportDisc(const Json& json, JsonImport& import) {
     }
 }
 
-// The library's message without its own name and number. It says line and column, but for a number
-// that is too large.
-static SourceFault FaultOf(const Json::exception& error) {
+// Of a number that is too large the library quotes the text and does not tell the place.
+static std::string PlaceOfQuoted(std::string_view text, const std::string& what) {
+    const size_t from = what.find('\'');
+    const size_t to = what.rfind('\'');
+    if (from == std::string::npos || to <= from) return "";
+    const size_t found = text.find(what.substr(from + 1, to - from - 1));
+    if (found == std::string_view::npos) return "";
+    const std::string_view before = text.substr(0, found);
+    const size_t lineStart = before.rfind('\n') + 1;  // 0 in the first line
+    return "line " + std::to_string(1 + std::count(before.begin(), before.end(), '\n')) +
+           ", column " + std::to_string(found - lineStart + 1);
+}
+
+// The library's message without its own name and number. Of a fault of the form it says line and
+// column itself.
+static SourceFault FaultOf(const Json::exception& error, std::string_view text) {
     std::string what = error.what();
     if (const size_t end = what.find("] "); end != std::string::npos) what.erase(0, end + 2);
-    return {"", what};
+    const bool placed = dynamic_cast<const Json::parse_error*>(&error) != nullptr;
+    return {placed ? "" : PlaceOfQuoted(text, what), what};
 }
 
 bool ReadJson(std::string_view text, const CodePage& page, const DiscSink& sink,
@@ -174,7 +189,7 @@ bool ReadJson(std::string_view text, const CodePage& page, const DiscSink& sink,
         for (const Json& other : rest.at("discs"))
             sink.refuse(other.dump(), "an object is expected");
     } catch (const Json::exception& error) {
-        fault = FaultOf(error);
+        fault = FaultOf(error, text);
         return false;
     }
     return true;

@@ -81,7 +81,8 @@ static void AddExchangeCommands(CLI::App& app, Invocation& given) {
         ->add_option("--known", given.imported.known,
                      "what becomes of discs that are in the catalogue: skip (as it is without "
                      "this), replace or both")
-        ->transform(CLI::CheckedTransformer(kKnown));
+        ->transform(CLI::CheckedTransformer(kKnown).description(""))
+        ->type_name("KIND");
     command->add_option("--lengths", given.imported.lengths,
                         "for cdplayer.ini: a file with lines such as A1B2C3 3:07 4:12");
 

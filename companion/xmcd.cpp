@@ -142,6 +142,7 @@ namespace {
 struct XmcdLines {
     std::vector<int> offsets;
     int discSeconds = -1;
+    int lengthLine = 0;
     std::map<std::string, std::string> values;  // lines of one key joined
 };
 
@@ -170,6 +171,7 @@ static bool ReadComment(std::string_view line, int number, bool& inOffsets, Xmcd
     }
     if (text.starts_with(kLength)) {
         const std::string_view value = Trimmed(text.substr(kLength.size()));
+        lines.lengthLine = number;
         const std::string_view digits = value.substr(0, value.find_first_not_of("0123456789"));
         if (!ParseNumber(digits, kMostFrames / kFramesPerSecond, lines.discSeconds)) {
             fault = FaultAt(number, line.find(':') + 2, "a disc's length in seconds is expected");
@@ -218,7 +220,8 @@ static bool ReadToc(const XmcdLines& lines, DiscToc& toc, SourceFault& fault) {
         fault = {"", "the disc's length is missing"};
     } else if (!LengthsFromOffsets(lines.offsets.data(), static_cast<int>(lines.offsets.size()),
                                    lines.discSeconds, toc)) {
-        fault = {"", "the last offset lies beyond the disc's length, or a track is too long"};
+        fault = FaultAt(lines.lengthLine, 1,
+                        "the last offset lies beyond this length, or a track is too long");
     } else {
         return true;
     }

@@ -10,6 +10,7 @@
 #include "database/disc_entry.h"
 
 constexpr int kMaxKeptFiles = 999;
+constexpr uint64_t kProgressBytes = 64 * 1024;
 
 static bool TrailerNames(WindowReader& reader, uint64_t entryStart, uint64_t entryEnd) {
     uint32_t trailer = 0;
@@ -51,9 +52,11 @@ static bool NamesItsPlace(WindowReader& reader, uint64_t entryStart, uint64_t fi
 }
 
 bool FindSalvageableEntry(WindowReader& reader, uint64_t from, uint64_t fileBytes,
-                          SalvagedEntry& entry) {
+                          SalvagedEntry& entry, const SalvageProgress& progress) {
+    if (progress) progress(from);
     if (FindAgreedEnd(reader, from, fileBytes, entry) >= 2) return true;
     for (uint64_t start = from + 1; start + kMinEntryBytes <= fileBytes; ++start) {
+        if (progress && start % kProgressBytes == 0) progress(start);
         if (NamesItsPlace(reader, start, fileBytes)) {
             return FindAgreedEnd(reader, start, fileBytes, entry) > 0;
         }
@@ -79,12 +82,13 @@ static DatabaseResult PutReadablePart(RewriteSource& source, const SalvagedEntry
     return DatabaseResult::kOk;
 }
 
-DatabaseResult WriteSalvaged(RewriteSource& source, RewriteTarget& target) {
+DatabaseResult WriteSalvaged(RewriteSource& source, RewriteTarget& target,
+                             const SalvageProgress& progress) {
     std::vector<SalvagedEntry> entries;
     SalvagedEntry entry;
     uint64_t from = kHeaderBytes;
     while (entries.size() < kMaxEntries &&
-           FindSalvageableEntry(source.reader, from, source.sizeBytes, entry)) {
+           FindSalvageableEntry(source.reader, from, source.sizeBytes, entry, progress)) {
         entries.push_back(entry);
         from = entry.end;
     }
@@ -130,7 +134,8 @@ DatabaseResult RebuildDatabase() {
         RemovePatiently(NewDatabasePath().c_str());
         return result;
     }
-    const DatabaseResult rebuilt = SafeRewrite(WriteSalvaged);
+    const DatabaseResult rebuilt = SafeRewrite(
+        [](RewriteSource& source, RewriteTarget& target) { return WriteSalvaged(source, target); });
     // The database is still the damaged one: no second copy of it.
     const bool unchanged =
         rebuilt != DatabaseResult::kOk && rebuilt != DatabaseResult::kNotTakenBack;

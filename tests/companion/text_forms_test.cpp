@@ -96,7 +96,7 @@ TEST(TextForms, AWrongDiscIsRefusedAndTheOthersAreTaken) {
         const char* lines;
         const char* why;
     } cases[] = {
-        {"1,2,60,,\n", "line 2: line 2: track 1"},
+        {"1,2,60,,\n", "line 2: track 1"},
         {"1,1,65536,,\n", "seconds"},
         {"1,1,-1,,\n", "seconds"},
         {"1,1,60,DDDD,\n", "recording"},

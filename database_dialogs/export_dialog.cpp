@@ -121,6 +121,7 @@ static const char* FailureText(DatabaseResult result) {
 static void OnStart(HWND dialog) {
     PlayClickSound(IDS_SOUND_START);
     ReadOptions(dialog);
+    SetControlText(dialog, IDC_RUN_STATUS, "");
     if (std::ranges::count(Options.items, true) == 0 || DatabaseEntryCount() == 0) {
         ShowMessage("Error: nothing to export!");
         return;

@@ -223,3 +223,33 @@ TEST_F(StartTest, SettingsHaveTheirEffect) {
         EXPECT_EQ(GetSetting(player, "SearchTrack", "SEARCH"), "TRUE");
     }
 }
+
+// In the place of a browser, the system's shell makes a copy of what it is to show.
+static void ChooseBrowser(const std::string& copy) {
+    const auto set = [](const char* key, const std::string& value) {
+        const auto* bytes = reinterpret_cast<const BYTE*>(value.c_str());
+        HKEY made = nullptr;
+        RegCreateKeyA(HKEY_CLASSES_ROOT, key, &made);
+        RegSetValueExA(made, nullptr, 0, REG_SZ, bytes, static_cast<DWORD>(value.size() + 1));
+        RegCloseKey(made);
+    };
+    set(".htm", "copied");
+    set("copied\\shell\\open\\command", "cmd.exe /c copy \"%1\" \"" + copy + "\"");
+}
+
+TEST_F(StartTest, F1OpensTheManualFromTheWindowAndFromABox) {
+    const std::string copy = player.directory + "shown";
+    ChooseBrowser(copy);
+    const auto isShown = [&] { return DeleteFileA(copy.c_str()) != FALSE; };
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    PressKey(VK_F1);
+    ASSERT_TRUE(Settle(player));
+    EXPECT_EQ(WaitForPopup(player, 100), nullptr) << "there is no manual";
+    WriteFileBytes(player.directory + "MANUAL.HTM", "<p>F1");
+    PressKey(VK_F1);
+    EXPECT_TRUE(WaitUntil(isShown));
+    Command(player.window, IDC_ABOUT);
+    ASSERT_NE(WaitForPopup(player), nullptr);
+    PressKey(VK_F1);
+    EXPECT_TRUE(WaitUntil(isShown));
+}

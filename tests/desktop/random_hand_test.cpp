@@ -1,6 +1,6 @@
 // A hand that presses, types, scrolls, drags, opens and closes at random. It knows no dialog: it
 // takes whatever window is in front, so that it reaches those that are yet to be built.
-//   TARNWELL_HAND_SEED     its choices; printed, another one each day
+//   TARNWELL_HAND_SEED     its choices; printed, 1 by default
 //   TARNWELL_HAND_SECONDS  how long it plays; 30 by default
 // It runs on a desktop whose prefix has no way out (tools/with-desktop --closed).
 #include <algorithm>
@@ -76,7 +76,7 @@ class RandomHand : public DesktopTest {
 protected:
     void SetUp() override {
         DesktopTest::SetUp();
-        seed = static_cast<uint32_t>(FromEnvironment("TARNWELL_HAND_SEED", DayNumber()));
+        seed = static_cast<uint32_t>(FromEnvironment("TARNWELL_HAND_SEED", 1));
         random.seed(seed);
         for (const char* key : {"WavEditorPath", "MidEditorPath", "RmiEditorPath", "AviEditorPath",
                                 "MovEditorPath", "VolumeApplicationPath"}) {
@@ -85,12 +85,6 @@ protected:
         PutSetting(player, "SoundControls", "Off");  // some are waited for
         WriteFileBytes(player.directory + "tarnwell.dat", FirstCatalogue());
         FillMedia();
-    }
-
-    static int DayNumber() {
-        SYSTEMTIME now = {};
-        GetSystemTime(&now);
-        return now.wYear * 1000 + now.wMonth * 50 + now.wDay;
     }
 
     int Below(int bound) {
@@ -351,13 +345,18 @@ TEST_F(RandomHand, FindsNoWayToBreakTheProgram) {
         ASSERT_NO_FATAL_FAILURE(StartAgainIfEnded()) << LastActions();
         if (actions % 100 == 0) ExpectDiscs();
     }
-    // Out again by the front door, from wherever the hand has come.
+    // Out again by the front door, from wherever the hand has come. What it pressed last may open
+    // its dialog only now, before which the way out is barred: it is tried until it is found.
     WaitUntil([&] {
         if (ExitCode(player, 0) != -1) return true;
-        if (HWND front = Front(); front != player.window) PostMessageA(front, WM_CLOSE, 0, 0);
-        return IsWindowEnabled(player.window) && Front() == player.window;
+        const HWND front = Front();
+        if (front != player.window) {
+            PostMessageA(front, WM_CLOSE, 0, 0);
+        } else if (IsWindowEnabled(player.window)) {
+            PostMessageA(player.window, WM_COMMAND, IDC_EXIT, 0);
+        }
+        return ExitCode(player, 100) != -1;
     });
-    Command(player.window, IDC_EXIT);
     EXPECT_EQ(ExitCode(player), 0) << LastActions();
     ExpectDiscs();
     if (HasFailure()) ADD_FAILURE() << LastActions();

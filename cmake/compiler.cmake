@@ -9,7 +9,9 @@ if(WIN32)
   target_compile_options(tarnwell_flags INTERFACE -msse2 -mfpmath=sse -fstack-protector-strong)
   target_compile_definitions(tarnwell_flags INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0501 _WIN32_WINNT=0x0501)
-  target_link_options(tarnwell_flags INTERFACE
+  # In the file the sections lie as in memory, a page apart: the platform then maps the file instead
+  # of copying it into memory of the process's own.
+  target_link_options(tarnwell_flags INTERFACE -Wl,--file-alignment,4096
     -static -fstack-protector-strong -Wl,--dynamicbase,--nxcompat
     -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>) # the same bytes from the same source
   if(TARNWELL_CHECKED)

@@ -14,6 +14,7 @@ int LargeSkin;
 HPALETTE ProgramPalette;
 
 static HBITMAP SlotBitmaps[kSkinSlotCount];
+static bool SkinInUse;  // from LoadSkin to FreeSkin
 
 constexpr size_t kColorCount = 16;
 
@@ -154,10 +155,7 @@ void LoadSkin(HWND window) {
     BuildPalette();
     LargeSkin = ChooseSkinSet(GetDeviceCaps(dc.get(), LOGPIXELSX),
                               GetDeviceCaps(dc.get(), LOGPIXELSY), LargeSkin);
-    for (const SlotSource& source : kSlotSources) {
-        SlotBitmaps[source.slot] =
-            LoadSkinBitmap(dc.get(), LargeSkin ? source.largeId : source.smallId, source.ground);
-    }
+    SkinInUse = true;
 }
 
 static void FreeBitmaps() {
@@ -177,9 +175,17 @@ void ReloadSkin(HWND window) {
 void FreeSkin() {
     FreeBitmaps();
     LargeSkin = 0;
+    SkinInUse = false;
 }
 
 HBITMAP SkinBitmap(SkinSlot slot) {
+    if (!SkinInUse || SlotBitmaps[slot] != nullptr) return SlotBitmaps[slot];
+    const auto* source =
+        std::find_if(std::begin(kSlotSources), std::end(kSlotSources),
+                     [slot](const SlotSource& candidate) { return candidate.slot == slot; });
+    const UniqueWindowDc dc = GetUniqueDc(nullptr);
+    SlotBitmaps[slot] =
+        LoadSkinBitmap(dc.get(), LargeSkin ? source->largeId : source->smallId, source->ground);
     return SlotBitmaps[slot];
 }
 

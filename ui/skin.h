@@ -1,4 +1,6 @@
 // The skin's bitmaps and the palette, recoloured to the user's system colours when they are loaded.
+// On the screen's own pixels the whole skin takes three megabytes, most of it for other modes and
+// for dialogs that few open: each bitmap is loaded when it is first drawn.
 #pragma once
 
 #include <windows.h>
@@ -10,14 +12,15 @@ extern int LargeSkin;
 // The palette of palette devices, or null.
 extern HPALETTE ProgramPalette;
 
-// Decides LargeSkin from the window's screen, builds the palette and loads every slot. What cannot
-// be loaded stays null and is drawn as nothing.
+// Decides LargeSkin from the window's screen and builds the palette; bitmaps can be drawn from then
+// on.
 void LoadSkin(HWND window);
-// In the system's present colours.
+// Everything anew, in the system's present colours.
 void ReloadSkin(HWND window);
 // Leaves every slot null, and nothing of what was decided.
 void FreeSkin();
-// Null before LoadSkin. Owned by the skin.
+// Null before LoadSkin, and where the bitmap cannot be loaded: it is drawn as nothing. Owned by the
+// skin.
 HBITMAP SkinBitmap(SkinSlot slot);
 // Copies a part of a slot's bitmap in its natural size; nothing when there is no bitmap.
 void CopyFromSkin(HDC target, int x, int y, SkinSlot slot, const SkinRect& source);

@@ -161,8 +161,11 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
             return 0;
         case WM_DRAWITEM:
             return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
-        case WM_CTLCOLORDLG:
         case WM_CTLCOLORSTATIC:
+            if (HBRUSH black = PictureGround(reinterpret_cast<HWND>(lParam)))
+                return reinterpret_cast<LRESULT>(black);
+            [[fallthrough]];
+        case WM_CTLCOLORDLG:
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORLISTBOX:
             // The window and its labels stand on the colour of its entry fields.

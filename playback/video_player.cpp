@@ -92,6 +92,13 @@ void LeaveOutPicture(HWND picture, HDC dc) {
     ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
 }
 
+HBRUSH PictureGround(HWND control) {
+    // A black rectangle among the static controls would be as black as the user's colours have it.
+    const int id = GetDlgCtrlID(control);
+    const bool picture = id == IDC_VIDEO_AREA || id == IDC_VIDEO_WINDOW_AREA;
+    return picture ? static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)) : nullptr;
+}
+
 void RealizeVideoPalette(HWND picture) {
     if (!MediaDevice.open || picture == nullptr) return;
     const UniqueWindowDc dc = GetUniqueDc(picture);

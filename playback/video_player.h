@@ -35,5 +35,8 @@ void SwitchVideoSound(HWND window);
 // For WM_ERASEBKGND of the window around a picture: leaves it out, so that it does not flicker.
 void LeaveOutPicture(HWND picture, HDC dc);
 
+// For WM_CTLCOLORSTATIC: the black behind a picture. Null for every other control.
+HBRUSH PictureGround(HWND control);
+
 // On a screen with a palette the film's colours are put into it, when its player offers them.
 void RealizeVideoPalette(HWND picture);

@@ -172,6 +172,8 @@ static INT_PTR CALLBACK VideoProcedure(HWND dialog, UINT message, WPARAM wParam,
         case WM_ERASEBKGND:
             LeaveOutPicture(Picture(dialog), reinterpret_cast<HDC>(wParam));
             return FALSE;
+        case WM_CTLCOLORSTATIC:
+            return reinterpret_cast<INT_PTR>(PictureGround(reinterpret_cast<HWND>(lParam)));
         case WM_QUERYNEWPALETTE:
             RealizeVideoPalette(Picture(dialog));
             return TRUE;

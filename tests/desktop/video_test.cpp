@@ -2,10 +2,12 @@
 // the frame and in a window of their own, seen and heard.
 #include <windows.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "demo/media/video_maker.h"
 #include "tests/desktop/desktop_test.h"
+#include "tests/desktop/screen.h"
 
 constexpr SIZE kSmall = {160, 120};
 constexpr SIZE kLarge = {400, 300};
@@ -28,19 +30,17 @@ protected:
     }
 };
 
-// Whether a control shows many colours, as a film does and a black rectangle does not.
+// Whether a control shows many colours, as a film does and the ground behind it does not.
 static bool ShowsPicture(HWND control) {
-    RECT place = {};
-    GetWindowRect(control, &place);
-    HDC screen = GetDC(nullptr);
-    COLORREF first = GetPixel(screen, place.left + 4, place.top + 4);
-    bool differs = false;
-    for (LONG y = place.top + 4; y < place.bottom - 4; y += 9) {
-        for (LONG x = place.left + 4; x < place.right - 4; x += 9)
-            differs |= GetPixel(screen, x, y) != first;
-    }
-    ReleaseDC(nullptr, screen);
-    return differs && IsWindowVisible(control);
+    const std::vector<uint32_t> pixels = Photograph(control).pixels;
+    return std::count(pixels.begin(), pixels.end(), pixels.at(0)) <
+               static_cast<ptrdiff_t>(pixels.size()) &&
+           IsWindowVisible(control);
+}
+
+static bool IsBlack(HWND control) {
+    const std::vector<uint32_t> pixels = Photograph(control).pixels;
+    return std::count(pixels.begin(), pixels.end(), 0u) == static_cast<ptrdiff_t>(pixels.size());
 }
 
 static bool WaitForPicture(HWND control) {
@@ -117,7 +117,7 @@ TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
     Command(film, IDC_VIDEO_STOP);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Ready"));
     EXPECT_EQ(Text(film, IDC_POSITION), "");
-    EXPECT_FALSE(ShowsPicture(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA)));
+    EXPECT_TRUE(WaitUntil([&] { return IsBlack(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA)); }));
     Command(film, IDC_VIDEO_PLAY);
     ASSERT_TRUE(WaitForText(film, IDC_STATUS, "Playing"));
 

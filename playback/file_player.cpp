@@ -155,9 +155,9 @@ bool SelectStartFile(HWND window, const std::string& name) {
 }
 
 void OnStop(HWND window) {
+    StopAndReset(window);
     // It runs on without a device when a film has failed and another one is next.
     StopPositionTimer(window);
-    StopAndReset(window);
     PlayClickSound(IDS_SOUND_STOP);
     MediaDevice.playAndExit = false;
 }

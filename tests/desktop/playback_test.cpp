@@ -194,12 +194,15 @@ TEST_F(PlaybackTest, TypedDirectoryIsEnteredWhenTheClickOutOfItEnds) {
         SetText(player.window, IDC_DIRECTORY, text);
     };
     // The same directory: where the user was in the list he still is.
+    ASSERT_TRUE(Select(List(), "file 131.wav"));
     SendMessageA(List(), LB_SETTOPINDEX, 30, 0);
     type(MediaDirectory());
     AddMedia("one more.wav", "");
     PressKey(VK_TAB);
     EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "61 Wave Files:"));
     EXPECT_EQ(SendMessageA(List(), LB_GETTOPINDEX, 0, 0), 30);
+    EXPECT_GT(SendMessageA(List(), LB_GETSEL, 31, 0), 0);
+    EXPECT_EQ(SendMessageA(List(), LB_GETSELCOUNT, 0, 0), 1);
 
     for (const auto& [typed, directory] :
          {std::pair{other, other}, std::pair{"c:\\\\" + other, other}}) {

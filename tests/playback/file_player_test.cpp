@@ -27,6 +27,7 @@ protected:
 
     static HWND List() { return GetDlgItem(MainWindow, IDC_FILE_LIST); }
     static void Select(int first, int last) {
+        SendMessageA(List(), LB_SETSEL, FALSE, -1);
         for (int i = first; i <= last; ++i)
             SendMessageA(List(), LB_SETSEL, TRUE, i);
     }
@@ -49,39 +50,46 @@ protected:
     static void Tick() { SendMessageA(MainWindow, WM_TIMER, ID_POSITION_TIMER, 0); }
 };
 
-TEST_F(FilePlayerTest, PlaysTheSelectionFileByFile) {
-    Select(0, 1);
-    Command(IDC_PLAY);
-    EXPECT_EQ(TakeLog(), OpeningOf("a.wav"));
-    EXPECT_EQ(Text(IDC_SELECTED_COUNT), "2");
-    EXPECT_EQ(Text(IDC_FILES_LEFT), "1");
-    EXPECT_EQ(Text(IDC_FILE_NAME), "a.wav");
-    EXPECT_EQ(Text(IDC_STATUS), "Playing");
-    EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
-    EXPECT_TRUE(IsPositionTimerRunning(MainWindow));
+TEST_F(FilePlayerTest, PlaysTheSelectionFileByFileUnderEitherScrollBar) {
+    const auto thumb = [] { return SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0); };
+    for (const bool recreation : {false, true}) {
+        SCOPED_TRACE(recreation);
+        Settings.recreationScroll = recreation;
+        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
+        Select(0, 1);
+        TakeLog();
+        Command(IDC_PLAY);
+        const Log log = TakeLog();
+        EXPECT_EQ(Log(log.end() - 5, log.end()), OpeningOf("a.wav"));
+        EXPECT_EQ(Text(IDC_SELECTED_COUNT), "2");
+        EXPECT_EQ(Text(IDC_FILES_LEFT), "1");
+        EXPECT_EQ(Text(IDC_FILE_NAME), "a.wav");
+        EXPECT_EQ(Text(IDC_STATUS), "Playing");
+        EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
+        EXPECT_TRUE(IsPositionTimerRunning(MainWindow));
 
-    TheMci.status[MCI_STATUS_POSITION] = 1500;
-    Tick();
-    EXPECT_EQ(TakeLog(), (Log{"mode", "position"}));
-    EXPECT_EQ(Text(IDC_POSITION), "1.500 Seconds");
-    EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 750);
+        TheMci.status[MCI_STATUS_POSITION] = 1500;
+        Tick();
+        EXPECT_EQ(TakeLog(), (Log{"mode", "position"}));
+        EXPECT_EQ(Text(IDC_POSITION), "1.500 Seconds");
+        EXPECT_EQ(thumb(), recreation ? 0 : 750);
 
-    FileEnds();
-    Tick();
-    Log expected = {"mode", "close"};
-    for (const std::string& line : OpeningOf("b.wav"))
-        expected.push_back(line);
-    expected.push_back("position");
-    EXPECT_EQ(TakeLog(), expected);
-    EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
+        FileEnds();
+        Tick();
+        Log expected = OpeningOf("b.wav");
+        expected.insert(expected.begin(), {"mode", "close"});
+        expected.push_back("position");
+        EXPECT_EQ(TakeLog(), expected);
+        EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
 
-    Tick();  // the last file has ended; it stays open at its end
-    EXPECT_EQ(TakeLog(), Log{"mode"});
-    EXPECT_EQ(Text(IDC_POSITION), "2.000 Seconds");
-    EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 1000);
-    EXPECT_EQ(Text(IDC_STATUS), "Ready");
-    EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
-    EXPECT_TRUE(MediaDevice.open);
+        Tick();  // the last file has ended; it stays open at its end
+        EXPECT_EQ(TakeLog(), Log{"mode"});
+        EXPECT_EQ(Text(IDC_POSITION), "2.000 Seconds");
+        EXPECT_EQ(thumb(), recreation ? 0 : 1000);
+        EXPECT_EQ(Text(IDC_STATUS), "Ready");
+        EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
+        EXPECT_TRUE(MediaDevice.open);
+    }
 }
 
 // A whole afternoon with two files, once undisturbed and once for every command that can fail.
@@ -104,14 +112,15 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
         SCOPED_TRACE(n);
         TheBoxes = {};
         mode(MCI_MODE_PLAY);
-        SendMessageA(List(), LB_SETSEL, FALSE, -1);
         Select(0, 1);
+        PlayQueue.repeat = n >= 0;
         TakeLog();
         FailCall(n);
         for (const auto& step : steps) {
             step();
             if (MediaDevice.open) continue;
             ExpectIdle();
+            EXPECT_EQ(PlayQueue.repeat, n >= 0 && TheBoxes.shown.empty());
             for (int id : {IDC_FILE_NAME, IDC_LENGTH, IDC_POSITION, IDC_POSITION_UNIT})
                 EXPECT_EQ(Text(id), "") << id;
             const size_t sent = TheMci.log.size();
@@ -135,19 +144,6 @@ TEST_F(FilePlayerTest, NoBoxIsEmptyAndNoTextRunsOverItsEnd) {
     ShowMessage(std::string(300, 'x'));
     EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INTERNAL),
                                    std::string(kMessageTextSize - 1, 'x')}));
-}
-
-TEST_F(FilePlayerTest, AFileThatCannotBeClosedIsTheLastOfItsQueue) {
-    PlayFirst(2);
-    PlayQueue.repeat = true;
-    FileEnds();
-    FailCall(1);
-    Tick();
-    EXPECT_EQ(TakeLog(), (Log{"mode", "close", "stop", "close"}));
-    EXPECT_EQ(TheBoxes.shown, Log{"error 262"});
-    ExpectIdle();
-    EXPECT_EQ(PlayQueue.filesLeft, 1u) << "the counters stay as they were";
-    EXPECT_FALSE(PlayQueue.repeat);
 }
 
 TEST_F(FilePlayerTest, PauseAndResume) {
@@ -212,19 +208,6 @@ TEST_F(FilePlayerTest, ScrollingSeeksAndAnIdleScrollBarRevivesNothing) {
     ExpectIdle();
 }
 
-TEST_F(FilePlayerTest, RecreationLeavesTheThumbToTheUser) {
-    Settings.recreationScroll = true;
-    PlayFirst(1);
-    TheMci.status[MCI_STATUS_POSITION] = 1500;
-    Tick();
-    EXPECT_EQ(Text(IDC_POSITION), "1.500 Seconds");
-    EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 0);
-    FileEnds();
-    Tick();
-    EXPECT_EQ(Text(IDC_POSITION), "2.000 Seconds");
-    EXPECT_EQ(SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0), 0);
-}
-
 TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     Command(IDC_REPEAT);
     Command(IDC_REPEAT, BN_DOUBLECLICKED);  // how a quick second click arrives
@@ -261,29 +244,27 @@ TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
     EXPECT_TRUE(IsWindow(MainWindow));
 }
 
-TEST_F(FilePlayerTest, TheQueueThatEndsTheProgramStaysOnAfterAnError) {
+TEST_F(FilePlayerTest, ARequestToEndWithTheQueueGoesWithItsErrorAndItsStop) {
     Select(0, 0);
-    MediaDevice.playAndExit = true;
-    FailCall(0);
-    Command(IDC_PLAY);
-    EXPECT_FALSE(MediaDevice.playAndExit);
-
-    MediaDevice.playAndExit = true;
-    Command(IDC_PLAY);
-    EXPECT_TRUE(MediaDevice.playAndExit) << "Play itself keeps the request";
-    Command(IDC_STOP);
-    EXPECT_FALSE(MediaDevice.playAndExit);
-}
-
-TEST_F(FilePlayerTest, AFileGoneBetweenTwoRoundsTakesTheRequestToEndWithIt) {
-    PlayFirst(1);
-    MediaDevice.playAndExit = true;
     PlayQueue.repeat = true;
-    FileEnds();
-    Tick();
-    FailCall(2);  // mode, close, open
-    Tick();
-    ExpectIdle();
+    // At the first opening, and at that of a second round: mode, close, open.
+    for (const int failing : {0, 2}) {
+        MediaDevice.playAndExit = true;
+        if (failing == 0) FailCall(failing);
+        Command(IDC_PLAY);
+        EXPECT_EQ(MediaDevice.playAndExit, failing != 0) << "Play itself keeps the request";
+        if (failing == 0) continue;
+        PlayQueue.repeat = true;
+        FileEnds();
+        Tick();
+        FailCall(failing);
+        Tick();
+        ExpectIdle();
+        EXPECT_FALSE(MediaDevice.playAndExit);
+    }
+    Command(IDC_PLAY);
+    MediaDevice.playAndExit = true;
+    Command(IDC_STOP);
     EXPECT_FALSE(MediaDevice.playAndExit);
 }
 
@@ -348,26 +329,4 @@ TEST_F(FilePlayerTest, AQueueThatEndsTheProgramWaitsForAnOpenBox) {
     EXPECT_EQ(TakeLog(), (Log{"mode", "stop", "close"}));
     MSG message;
     EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-}
-
-TEST_F(FilePlayerTest, LeavingTheDirectoryFieldKeepsWhatWasSelected) {
-    Select(1, 2);
-    SetFocus(GetDlgItem(MainWindow, IDC_DIRECTORY));
-    Command(IDOK);
-    EXPECT_EQ(SendMessageA(List(), LB_GETSEL, 1, 0), 1);
-    EXPECT_EQ(SendMessageA(List(), LB_GETSELCOUNT, 0, 0), 2);
-
-    const std::string before = WaveFilesPath;
-    SetDlgItemTextA(MainWindow, IDC_DIRECTORY, "c://nowhere");
-    Command(IDOK);
-    EXPECT_TRUE(TheBoxes.shown.empty()) << "the box waits for the click to end";
-    PumpMessages();
-    EXPECT_EQ(TheBoxes.shown, Log{"Invalid path!"});
-    EXPECT_EQ(WaveFilesPath, before);
-    EXPECT_EQ(SendMessageA(List(), LB_GETSELCOUNT, 0, 0), 2);
-
-    SetDlgItemTextA(MainWindow, IDC_DIRECTORY, "c:/windows");
-    Command(IDOK);
-    EXPECT_EQ(WaveFilesPath, "c:\\windows\\");
-    EXPECT_EQ(Text(IDC_LIST_COUNT), "0 Wave Files:");
 }

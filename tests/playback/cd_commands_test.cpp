@@ -137,15 +137,12 @@ TEST_F(CdCommandsTest, ATrackThatDoesNotPlayChangesNothing) {
         OnTrackButton(MainWindow, IDC_TRACK_FIRST + 2);
         expectSecondTrack();
         EXPECT_EQ(CdPlayer.paused, paused);
-        ExpectShown(
-            {{IDC_TRACK_NUMBER, "2"}, {IDC_TRACK_LENGTH, "3:20"}, {IDC_SCROLL_RIGHT, "3:20"}});
+        ExpectShown({{IDC_TRACK_NUMBER, "2"}, {IDC_SCROLL_RIGHT, "3:20"}});
         EXPECT_EQ(Range(), 200);
     }
     EXPECT_EQ(TheBoxes.shown.size(), 2u);
-}
 
-TEST_F(CdCommandsTest, SkipBackKnowsATrackThatNoTickHasSeen) {
-    Start({100, 200, 300});
+    // Skip back knows a track that no tick has seen.
     OnCdPlay(MainWindow, 2);
     CdStatusTick(MainWindow);
     SetPlaying(3, 1);
@@ -154,9 +151,12 @@ TEST_F(CdCommandsTest, SkipBackKnowsATrackThatNoTickHasSeen) {
 }
 
 TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
+    const auto drag = [](int to) {
+        OnCdScroll(MainWindow, SB_THUMBTRACK, to);
+        OnCdScroll(MainWindow, SB_THUMBPOSITION, to);
+    };
     Start({100, 60});
-    OnCdScroll(MainWindow, SB_THUMBTRACK, 30);
-    OnCdScroll(MainWindow, SB_THUMBPOSITION, 30);
+    drag(30);
     EXPECT_THAT(TakeLog(), ElementsAre("mode")) << "a disc that does not play is not moved";
 
     SetPlaying(1, 10);
@@ -173,19 +173,13 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     EXPECT_EQ(Thumb(), 75);
 
     // Keys: no button of the mouse is down, so no end of scroll will follow.
-    OnCdScroll(MainWindow, SB_PAGERIGHT, 0);
-    EXPECT_THAT(TakeLog(), ElementsAre("mode", "mode", "play 1 1:23.30"));
-    for (int i = 0; i < 5; ++i)
-        OnCdScroll(MainWindow, SB_PAGERIGHT, 0);
-    EXPECT_EQ(Thumb(), 100);
-    EXPECT_EQ(TakeLog().back(), "play 1 1:40.30");
-    OnCdScroll(MainWindow, SB_THUMBTRACK, 0);
-    OnCdScroll(MainWindow, SB_THUMBPOSITION, 0);
-    EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
-    OnCdScroll(MainWindow, SB_RIGHT, 0);
-    EXPECT_EQ(TakeLog().back(), "play 1 1:40.30");
-    OnCdScroll(MainWindow, SB_LEFT, 0);
-    EXPECT_EQ(TakeLog().back(), "play 1 0:00.30");
+    const std::pair<int, const char*> keys[] = {{SB_PAGERIGHT, "1:23.30"}, {SB_LINELEFT, "1:22.30"},
+                                                {SB_PAGELEFT, "1:14.30"},  {SB_RIGHT, "1:40.30"},
+                                                {SB_LINERIGHT, "1:40.30"}, {SB_LEFT, "0:00.30"}};
+    for (const auto& [key, place] : keys) {
+        OnCdScroll(MainWindow, key, 0);
+        EXPECT_THAT(TakeLog(), ElementsAre("mode", "mode", std::string("play 1 ") + place));
+    }
 
     OnCdScroll(MainWindow, SB_THUMBTRACK, 50);
     Drive.mode = MCI_MODE_STOP;  // the disc ends under the thumb
@@ -205,23 +199,25 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
 }
 
 TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
-    InstallFakeDrive({60});
-    Drive.openError = MCIERR_CANNOT_LOAD_DRIVER;
-    DiscToc disc;
-    TheBoxes.answerOk = false;
-    for (auto command : {OnCdPause, OnCdStop, OnSkipBack, OnSkipForward})
-        command(MainWindow);
-    EXPECT_FALSE(PrepareEntry(MainWindow, disc));
-    OnCdPlay(MainWindow, 0);
     const char* const kQuestion =
         "? Could not open CD device when starting Tarnwell. Try it again?";
-    EXPECT_EQ(TheBoxes.shown, Log(6, kQuestion));
-
     const char* const kStill =
         "Still can't open CD device. Make sure there is a disc in your CD-ROM drive.";
-    TheBoxes = {};
-    OnCdPlay(MainWindow, 0);
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(kQuestion, kStill));
+    DiscToc disc;
+    const std::function<void()> commands[] = {
+        [] { OnCdPlay(MainWindow, 0); },   [] { OnCdPause(MainWindow); },
+        [] { OnCdStop(MainWindow); },      [] { OnSkipBack(MainWindow); },
+        [] { OnSkipForward(MainWindow); }, [&] { EXPECT_FALSE(PrepareEntry(MainWindow, disc)); }};
+    InstallFakeDrive({60});
+    Drive.openError = MCIERR_CANNOT_LOAD_DRIVER;
+    for (const bool yes : {false, true}) {
+        for (const auto& command : commands) {
+            TheBoxes = {};
+            TheBoxes.answerOk = yes;
+            command();
+            EXPECT_EQ(TheBoxes.shown, yes ? (Log{kQuestion, kStill}) : Log{kQuestion});
+        }
+    }
     Drive.openError = 0;
     RemoveDisc();
     TheBoxes = {};
@@ -230,7 +226,6 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     CloseCdPlayer(MainWindow);
 
     InsertDisc({60});
-    TakeLog();
     OnSkipForward(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
     EXPECT_TRUE(IsShown(IDC_TRACK_FIRST));
@@ -240,7 +235,7 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
     CloseCdPlayer(MainWindow);
     DriverAvailable.cdAudio = false;
     TheBoxes = {};
-    OnCdPlay(MainWindow, 0);
+    commands[0]();
     EXPECT_THAT(TheBoxes.shown, ElementsAre("No MCI CD audio driver installed!"));
 }
 

@@ -24,14 +24,6 @@ using Answer = std::function<void(HWND dialog)>;
 static std::vector<std::string> NamesShown;
 static Answer AnswerNext;
 
-static BOOL CALLBACK TakeDialog(HWND window, LPARAM found) {
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (strcmp(name, "#32770") != 0 || !IsWindowVisible(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
 static std::string NameShown(HWND dialog) {
     for (int id : {IDC_WAVE_INFO_NAME, IDC_MIDI_INFO_NAME, IDC_VIDEO_INFO_NAME}) {
         if (GetDlgItem(dialog, id) != nullptr) return ControlText(dialog, id);
@@ -41,9 +33,8 @@ static std::string NameShown(HWND dialog) {
 
 // Runs inside each dialog's own message loop and answers it in the user's place.
 static void CALLBACK AnswerDialog(HWND, UINT, UINT_PTR, DWORD) {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), TakeDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (dialog == nullptr) return;
+    HWND dialog = GetLastActivePopup(MainWindow);
+    if (dialog == MainWindow || !IsWindowVisible(dialog)) return;
     EXPECT_FALSE(IsWindowEnabled(MainWindow));
     NamesShown.push_back(NameShown(dialog));
     AnswerNext(dialog);
@@ -172,36 +163,34 @@ TEST_F(FileInfoTest, EveryFailureIsToldOnceAndLeavesNothingOpen) {
 }
 
 TEST_F(FileInfoTest, ASeriesEndsWithCancelAndNothingElse) {
+    const std::vector<std::string> all = {"a.wav", "b.wav", "c.wav"};
+    const std::vector<std::string> one = {"a.wav"};  // has nothing to cancel
     const struct {
         const char* how;
         int command;
+        std::vector<std::string> names;
         size_t shown;
-    } cases[] = {{"OK", IDC_INFO_SERIES_OK, 3},
-                 {"Enter", IDOK, 3},
-                 {"Cancel", IDC_CANCEL, 1},
-                 {"Esc", IDCANCEL, 1}};
-    for (const auto& one : cases) {
+    } cases[] = {{"OK of several", IDC_INFO_SERIES_OK, all, 3},
+                 {"Enter of several", IDOK, all, 3},
+                 {"Cancel", IDC_CANCEL, all, 1},
+                 {"Esc of several", IDCANCEL, all, 1},
+                 {"OK", IDC_OK, one, 1},
+                 {"Enter", IDOK, one, 1},
+                 {"Esc", IDCANCEL, one, 1}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.how);
+        const bool series = c.names.size() > 1;
         AnswerNext = [&](HWND dialog) {
-            EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_OK)));
-            EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, IDC_CANCEL)));
-            EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_INFO_SERIES_OK));
-            Press(one.command)(dialog);
+            for (const int id : {IDC_INFO_SERIES_OK, IDC_CANCEL})
+                EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, id)), series);
+            EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, IDC_OK)), !series);
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()), series ? IDC_INFO_SERIES_OK : IDC_OK);
+            Press(c.command)(dialog);
         };
-        Show(IDC_MODE_WAVE, {"a.wav", "b.wav", "c.wav"});
-        EXPECT_EQ(NamesShown.size(), one.shown) << one.how;
+        Show(IDC_MODE_WAVE, c.names);
+        EXPECT_EQ(NamesShown.size(), c.shown);
         const Log log = TakeLog();
-        EXPECT_EQ(std::count(log.begin(), log.end(), "close"), static_cast<int>(one.shown));
-    }
-    // One file has nothing to cancel.
-    for (const int command : {IDC_OK, IDOK, IDCANCEL}) {
-        AnswerNext = [&](HWND dialog) {
-            EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_CANCEL)));
-            EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_INFO_SERIES_OK)));
-            EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_OK));
-            Press(command)(dialog);
-        };
-        Show(IDC_MODE_WAVE, {"a.wav"});
-        EXPECT_EQ(NamesShown.size(), 1U);
+        EXPECT_EQ(std::count(log.begin(), log.end(), "close"), static_cast<int>(c.shown));
     }
 }
 

@@ -4,6 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <vector>
+
+static std::vector<int> Numbers(const VideoPlace& place) {
+    return {place.x, place.y, place.size.width, place.size.height};
+}
 
 TEST(VideoPlacing, SizesAreTakenByTheirAmountUpToALimit) {
     const struct {
@@ -28,43 +33,31 @@ TEST(VideoPlacing, TheFrameTakesWhatIsNotLarger) {
     EXPECT_TRUE(FitsFrame({222, 185}, frame));
     EXPECT_FALSE(FitsFrame({223, 185}, frame));
     EXPECT_FALSE(FitsFrame({222, 186}, frame));
-
-    const VideoPlace whole = PlaceInFrame(339, 89, frame, frame);
-    EXPECT_EQ(whole.x, 337);
-    EXPECT_EQ(whole.y, 88);
-    const VideoPlace odd = PlaceInFrame(339, 89, frame, {221, 180});
-    EXPECT_EQ(odd.x, 337);
-    EXPECT_EQ(odd.y, 90);
-    EXPECT_EQ(odd.size.width, 221);
-    EXPECT_EQ(odd.size.height, 180);
+    EXPECT_EQ(Numbers(PlaceInFrame(339, 89, frame, frame)), (std::vector{337, 88, 222, 185}));
+    EXPECT_EQ(Numbers(PlaceInFrame(339, 89, frame, {221, 180})), (std::vector{337, 90, 221, 180}));
 }
 
 TEST(VideoPlacing, TheWindowGrowsWithItsFilmUpToTheWorkArea) {
     // Borders of 3 pixels, a caption of 19; 70 pixels of controls.
     const VideoWindowShape shape = {{456, 200}, {450, 175}, 92, 22};
-    const VideoSize screen = {1024, 740};
-
-    const VideoWindowPlaces small = PlaceInWindow(shape, screen, {200, 50});
-    EXPECT_EQ(small.window.width, 456);
-    EXPECT_EQ(small.window.height, 200);
-    EXPECT_EQ(small.video.x, (450 - 200) / 2);
-    EXPECT_EQ(small.video.y, 70 + (105 - 58) / 2 + 4);
-
-    const VideoWindowPlaces large = PlaceInWindow(shape, screen, {640, 480});
-    EXPECT_EQ(large.window.width, 663);
-    EXPECT_EQ(large.window.height, 92 + 15 + 480);
-    EXPECT_EQ(large.frame.x, 4);
-    EXPECT_EQ(large.frame.y, 72) << "below the line";
-    EXPECT_EQ(large.frame.size.width, 648);
-    EXPECT_EQ(large.frame.size.height, 488);
-    EXPECT_EQ(large.video.x, 8);
-    EXPECT_EQ(large.video.y, 76);
-
-    const VideoWindowPlaces huge = PlaceInWindow(shape, screen, {1920, 1080});
-    EXPECT_EQ(huge.window.width, 1024);
-    EXPECT_EQ(huge.window.height, 740);
-    EXPECT_EQ(huge.video.size.width, 1920);
-    EXPECT_EQ(huge.video.size.height, 1080);
-    EXPECT_EQ(huge.video.x, (1018 - 1920) / 2);
-    EXPECT_EQ(huge.video.y, 76) << "the controls stay free";
+    const struct {
+        const char* name;
+        VideoSize film;
+        VideoSize window;
+        VideoPlace frame;
+    } cases[] = {
+        {"small", {200, 50}, {456, 200}, {121, 93, {208, 58}}},
+        {"large", {640, 480}, {663, 587}, {4, 72, {648, 488}}},
+        // The controls above stay free.
+        {"huge", {1920, 1080}, {1024, 740}, {-455, 72, {1928, 1088}}},
+    };
+    for (const auto& c : cases) {
+        const VideoWindowPlaces places = PlaceInWindow(shape, {1024, 740}, c.film);
+        EXPECT_EQ(places.window.width, c.window.width) << c.name;
+        EXPECT_EQ(places.window.height, c.window.height) << c.name;
+        EXPECT_EQ(Numbers(places.frame), Numbers(c.frame)) << c.name;
+        EXPECT_EQ(Numbers(places.video),
+                  (std::vector{c.frame.x + 4, c.frame.y + 4, c.film.width, c.film.height}))
+            << c.name;
+    }
 }

@@ -24,17 +24,9 @@ constexpr RECT kLarge = {0, 0, 320, 240};
 static std::function<bool(HWND film)> TheUser;
 static int TimesAsked;
 
-static HWND FilmWindow() {
-    HWND window = nullptr;
-    while ((window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr) {
-        if (GetDlgItem(window, IDC_VIDEO_WINDOW_AREA) != nullptr) return window;
-    }
-    return nullptr;
-}
-
 static VOID CALLBACK AskUser(HWND, UINT, UINT_PTR, DWORD) {
-    HWND film = FilmWindow();
-    if (film == nullptr || !TheUser) return;
+    HWND film = GetLastActivePopup(MainWindow);
+    if (GetDlgItem(film, IDC_VIDEO_WINDOW_AREA) == nullptr || !TheUser) return;
     const bool givesUp = ++TimesAsked > 500;
     EXPECT_FALSE(givesUp);
     if (givesUp) SendMessageA(film, WM_CLOSE, 0, 0);
@@ -60,13 +52,10 @@ protected:
         CloseTestWindow();
     }
 
-    static void Select(int first, int last) {
+    static void Play(int first, int last) {
         SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, FALSE, -1);
         for (int i = first; i <= last; ++i)
             SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, i);
-    }
-    static void Play(int first, int last) {
-        Select(first, last);
         Command(IDC_PLAY);
     }
     static Log OpeningOf(const char* name) { return {"open " + VideoFilesPath + name, "where"}; }

@@ -70,13 +70,7 @@ static void ShowAnswer(HWND dialog) {
 }
 
 static void FillPreview(const std::string& directory) {
-    if (Sheet.preview == nullptr) return;
-    SendMessageA(Sheet.preview, WM_SETREDRAW, FALSE, 0);
-    SendMessageA(Sheet.preview, LB_RESETCONTENT, 0, 0);
-    AddFileNames(Sheet.preview, directory, Sheet.kind.masks);
-    FitListExtent(Sheet.preview);
-    SendMessageA(Sheet.preview, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(Sheet.preview, nullptr, TRUE);
+    if (Sheet.preview != nullptr) FillWithFileNames(Sheet.preview, directory, Sheet.kind.masks);
 }
 
 static void ShowPath(HWND dialog) {

@@ -71,12 +71,7 @@ static void ShowDirectory(HWND dialog, const std::string& directory) {
     SetControlText(dialog, IDC_PROGRAM_LOCATION, Sheet.directory);
     HWND list = GetDlgItem(dialog, IDC_PROGRAM_LIST);
     const std::string masks[] = {"*.exe"};
-    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageA(list, LB_RESETCONTENT, 0, 0);
-    AddFileNames(list, Sheet.directory, masks);
-    FitListExtent(list);
-    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list, nullptr, TRUE);
+    FillWithFileNames(list, Sheet.directory, masks);
 }
 
 // Without a program for it, the directory stays as it is shown.

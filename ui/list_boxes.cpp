@@ -48,3 +48,13 @@ void FitListExtent(HWND list, LONG indent, int first) {
     }
     SendMessageA(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
+
+void FillWithFileNames(HWND list, const std::string& directory,
+                       std::span<const std::string> masks) {
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(list, LB_RESETCONTENT, 0, 0);
+    AddFileNames(list, directory, masks);
+    FitListExtent(list);
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
+}

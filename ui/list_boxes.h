@@ -15,6 +15,8 @@ int SelectedEntry(HWND list);
 // Adds the names of the files that the system finds in a directory for each mask. Directories are
 // left out.
 void AddFileNames(HWND list, const std::string& directory, std::span<const std::string> masks);
+// The same instead of what the list holds, drawn once.
+void FillWithFileNames(HWND list, const std::string& directory, std::span<const std::string> masks);
 
 // Lets the user scroll to the end of the widest entry. `indent` is what stands before the texts, in
 // pixels. Entries before `first` have been measured already.

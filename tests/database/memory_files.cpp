@@ -291,10 +291,6 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
     endedBy = Fault::kNone;
 }
 
-void LinkFile(const std::string& name, const std::string& otherName) {
-    disk[otherName] = disk.at(name);
-}
-
 uint64_t& LastWriteTime(const std::string& name) {
     return disk.at(name)->lastWriteTime;
 }

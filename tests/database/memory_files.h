@@ -37,8 +37,6 @@ void StartOnDisk(const MemorySnapshot& disk);
 // What a program started now would find. Ends the present one.
 MemorySnapshot DiskAfterEnd();
 
-// A second name of the same file.
-void LinkFile(const std::string& name, const std::string& otherName);
 uint64_t& LastWriteTime(const std::string& name);
 
 void ArmFault(Fault fault, int atCall, Fault second = Fault::kNone, int secondAtCall = 0);

@@ -1,7 +1,9 @@
-// Going up and down in a path, whatever text it begins as and whatever the directories are called.
+// Paths in every shape that a file or a hand gives them, and going up and down in them.
 #include "files/path_chain.h"
 
 #include <gmock/gmock.h>
+
+#include "files/path_text.h"
 
 using testing::ElementsAre;
 
@@ -57,4 +59,35 @@ TEST(PathChain, WhatListingsWriteAroundNames) {
         EXPECT_EQ(DriveLetter(entry), letter) << entry;
     EXPECT_EQ(CutAfterColon("\\\\server\\share"), "\\\\server\\share");
     EXPECT_EQ(CutAfterColon("server:volume:2"), "server:");
+}
+
+TEST(PathText, TypedDirectories) {
+    const struct {
+        std::string typed;
+        std::string normalized;  // empty: refused
+    } cases[] = {
+        {"c:/music/", "c:\\music\\"},
+        {"c:\\music", "c:\\music\\"},
+        {"c:music", "c:\\music\\"},
+        {"cx\\media", "c:\\media\\"},
+        {"c", "c:\\"},
+        {"c:", "c:\\"},
+        {"c:\\", "c:\\"},
+        {"c:/a\\b/C", "c:\\a\\b\\C\\"},
+        {"c://music", ""},
+        {"c:\\a\\\\b", ""},
+        {"c:\\a\\/", ""},
+        {"C:\\music", ""},
+        {"\\\\server\\share", ""},
+        {"", ""},
+        {" c:\\", ""},
+        {"1:\\", ""},
+        {"c:\\" + std::string(255, 'a'), "c:\\" + std::string(255, 'a') + "\\"},
+        {"c:\\" + std::string(256, 'a'), ""},
+    };
+    for (const auto& c : cases) {
+        std::string normalized = "untouched";
+        EXPECT_EQ(NormalizeTypedPath(c.typed, normalized), !c.normalized.empty()) << c.typed;
+        EXPECT_EQ(normalized, c.normalized.empty() ? "untouched" : c.normalized) << c.typed;
+    }
 }

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "base/app_directory.h"
 #include "base/modes.h"
 #include "base/program_state.h"
@@ -13,7 +15,6 @@
 #include "ui/dialog_helpers.h"
 #include "ui/list_boxes.h"
 
-using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -40,10 +41,7 @@ protected:
         CreateDirectoryA((top + name).c_str(), nullptr);
         return top + name + "\\";
     }
-    static void MakeFile(const std::string& path) {
-        CloseHandle(
-            CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    }
+    static void MakeFile(const std::string& path) { std::ofstream(path).flush(); }
     static HWND FileList() { return GetDlgItem(MainWindow, IDC_FILE_LIST); }
     static std::vector<std::string> Files() { return Entries(MainWindow, IDC_FILE_LIST); }
 
@@ -54,6 +52,10 @@ protected:
         EXPECT_TRUE(RunInDialog(
             [&] { accepted = ShowPathDialog(MainWindow, purpose, directory, FileList()); },
             script));
+        // A drive whose disc is to be taken out is left.
+        char current[MAX_PATH] = "";
+        GetCurrentDirectoryA(sizeof current, current);
+        EXPECT_EQ(tolower(current[0]), 'c');
         return accepted;
     }
 
@@ -64,64 +66,30 @@ static std::string Location(HWND dialog) {
     return ControlText(dialog, IDC_PATH_LOCATION);
 }
 
-TEST_F(PathDialogTest, EachPurposeHasItsTextsAndOnlySomeSearch) {
-    const struct {
-        PathPurpose purpose;
-        int mode;
-        const char* title;
-        const char* caption;
-        const char* answer;
-    } cases[] = {
-        {PathPurpose::kDestination, IDC_MODE_WAVE, "Destination Path Setup", "", ""},
-        {PathPurpose::kPrograms, IDC_MODE_WAVE, "Select editor path setup", "Exe files?", "Yes"},
-        {PathPurpose::kExport, IDC_MODE_WAVE, "Select export path setup", "", ""},
-        {PathPurpose::kMediaFiles, IDC_MODE_WAVE, "Wave File Path Setup", "Wave files?", "Yes"},
-        {PathPurpose::kMediaFiles, IDC_MODE_MIDI, "Midi File Path Setup", "Midi files?", "Yes"},
-        {PathPurpose::kMediaFiles, IDC_MODE_VIDEO, "Video File Path Setup", "Video files?", "Yes"},
-    };
-    for (const auto& c : cases) {
-        SetPlayMode(c.mode);
-        SendMessageA(FileList(), LB_RESETCONTENT, 0, 0);
-        SendMessageA(FileList(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>("a file"));
+TEST_F(PathDialogTest, WhereNoFilesAreLookedForTheListIsLeftAlone) {
+    MakeDirectory("empty");
+    for (const PathPurpose purpose : {PathPurpose::kDestination, PathPurpose::kExport}) {
         std::string directory = top;
         Use(
             directory,
             [&](HWND dialog) {
-                char title[64] = "";
-                GetWindowTextA(dialog, title, sizeof title);
-                EXPECT_STREQ(title, c.title);
-                EXPECT_EQ(ControlText(dialog, IDC_PATH_FILES), c.caption);
-                EXPECT_EQ(ControlText(dialog, IDC_PATH_ANSWER), c.answer);
-                EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, IDC_PATH_SEARCH)) != FALSE,
-                          c.caption[0] != '\0');
+                EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_PATH_SEARCH)));
+                EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PATH_DIRECTORIES, "[empty]"));
+                EXPECT_EQ(Location(dialog), top + "empty\\");
+                EXPECT_EQ(ControlText(dialog, IDC_PATH_ANSWER), "");
+                EXPECT_THAT(Files(), ElementsAre("a.wav"));
             },
-            c.purpose);
+            purpose);
     }
 }
 
-TEST_F(PathDialogTest, OpensOnAnyStoredText) {
-    const struct {
-        std::string stored;
-        std::string shown;
-    } cases[] = {{"", "c:\\"},
-                 {"s", "c:\\"},
-                 {"C:\\", "c:\\"},
-                 {"C:\\No\\Such Place", "c:\\no\\such place\\"}};
-    for (const auto& c : cases) {
-        std::string directory = c.stored;
-        EXPECT_FALSE(Use(directory, [&](HWND dialog) {
-            EXPECT_EQ(Location(dialog), c.shown) << c.stored;
-            EXPECT_THAT(Entries(dialog, IDC_PATH_DIRECTORIES),
-                        AllOf(Contains("c:\\"), Not(Contains("[..]"))));
-            HWND drives = GetDlgItem(dialog, IDC_PATH_DRIVES);
-            EXPECT_EQ(ListText(drives, SelectedEntry(drives)), "[-c-]");
-        }));
-        EXPECT_EQ(directory, c.stored);
-    }
-    std::string missing = "C:\\No\\Such";
-    Use(missing, [&](HWND dialog) {
-        EXPECT_THAT(Entries(dialog, IDC_PATH_DIRECTORIES), ElementsAre("c:\\", "no", "such"));
-    });
+TEST_F(PathDialogTest, OpensOnADirectoryThatIsNotThere) {
+    std::string directory = "C:\\No\\Such Place";
+    EXPECT_FALSE(Use(directory, [&](HWND dialog) {
+        EXPECT_EQ(Location(dialog), "c:\\no\\such place\\");
+        EXPECT_THAT(Entries(dialog, IDC_PATH_DIRECTORIES), ElementsAre("c:\\", "no", "such place"));
+    }));
+    EXPECT_EQ(directory, "C:\\No\\Such Place");
 }
 
 TEST_F(PathDialogTest, NamesThatSortBeforeTheParentAreListed) {
@@ -195,14 +163,14 @@ TEST_F(PathDialogTest, DrivesAreEnteredOrLeadToTheWaveFiles) {
     SetCurrentDirectoryA("t:\\below");
     std::string directory = "c:\\windows\\";
     Use(directory, [&](HWND dialog) {
-        HWND drives = GetDlgItem(dialog, IDC_PATH_DRIVES);
         EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PATH_DRIVES, "[-t-]"));
         EXPECT_EQ(Location(dialog), "t:\\below\\") << "where the drive stood";
         DoubleClickEntry(dialog, IDC_PATH_DIRECTORIES, "t:\\");
         EXPECT_THAT(Entries(dialog, IDC_PATH_DIRECTORIES), ElementsAre("t:\\", "[below]"));
         EXPECT_THAT(Files(), ElementsAre("b.mid"));
-
-        SetCurrentDirectoryA("c:\\");
+    });
+    Use(directory, [&](HWND dialog) {
+        HWND drives = GetDlgItem(dialog, IDC_PATH_DRIVES);
         RemoveScratchDrive();
         EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PATH_DRIVES, "[-t-]"));
         EXPECT_EQ(Location(dialog), Lower(WaveFilesPath));
@@ -211,15 +179,26 @@ TEST_F(PathDialogTest, DrivesAreEnteredOrLeadToTheWaveFiles) {
     });
 }
 
-TEST_F(PathDialogTest, AfterwardsDriveCIsTheCurrentOne) {
+TEST_F(PathDialogTest, AVolumesNameIsReadOnceUntilItsDriveIsChosen) {
     MakeDirectory("drive");
     if (!MakeScratchDrive(AppDirectory + "drive")) GTEST_SKIP() << "no drive can be made here";
-    for (const int button : {IDC_OK, IDC_CANCEL}) {
-        SetCurrentDirectoryA("t:\\");
-        std::string directory = top;
-        Use(directory, [&](HWND dialog) { Press(dialog, button); });
-        char current[MAX_PATH] = "";
-        GetCurrentDirectoryA(sizeof current, current);
-        EXPECT_EQ(tolower(current[0]), 'c');
-    }
+    std::string directory = top;
+    Use(directory, [&](HWND dialog) {
+        HWND labels = GetDlgItem(dialog, IDC_PATH_DRIVE_LABELS);
+        const auto drawn = [&] {
+            RedrawWindow(GetDlgItem(dialog, IDC_PATH_DRIVES), nullptr, nullptr,
+                         RDW_INVALIDATE | RDW_UPDATENOW);
+            return Entries(dialog, IDC_PATH_DRIVE_LABELS);
+        };
+        const auto place = static_cast<WPARAM>(std::ssize(drawn()) - 2);  // before z:
+        ASSERT_EQ(ListText(labels, static_cast<int>(place)), "t: ");
+        // The name of a disc that has been taken out since. The platform remembers its own.
+        const LRESULT value = SendMessageA(labels, LB_GETITEMDATA, place, 0);
+        SendMessageA(labels, LB_DELETESTRING, place, 0);
+        SendMessageA(labels, LB_INSERTSTRING, place, reinterpret_cast<LPARAM>("t: former"));
+        SendMessageA(labels, LB_SETITEMDATA, place, value);
+        EXPECT_THAT(drawn(), Contains("t: former"));
+        DoubleClickEntry(dialog, IDC_PATH_DRIVES, "[-t-]");
+        EXPECT_THAT(drawn(), Contains("t: "));
+    });
 }

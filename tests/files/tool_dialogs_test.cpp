@@ -1,0 +1,88 @@
+// Renaming and choosing an editor in the real dialogs, by what they leave on the disk.
+#include <gmock/gmock.h>
+
+#include "base/modes.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "files/editors_dialog.h"
+#include "files/programs.h"
+#include "files/rename_dialog.h"
+#include "resources/ids.h"
+#include "tests/dialog_script.h"
+#include "tests/stand_ins.h"
+#include "ui/dialog_helpers.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ToolDialogsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        UseStandIns();
+        OpenTestWindow(IDC_MODE_WAVE, {"a.wav", "0.exe", "b.exe"});
+    }
+    void TearDown() override { CloseTestWindow(); }
+
+    static void UseEditors(const std::function<void(HWND)>& script) {
+        EXPECT_TRUE(RunInDialog([] { ShowEditorsDialog(MainWindow); }, script));
+    }
+    // Types a directory and goes on to another control.
+    static void TypeAndLeave(HWND dialog, const std::string& directory) {
+        SetFocus(GetDlgItem(dialog, IDC_PROGRAM_LOCATION));
+        SetControlText(dialog, IDC_PROGRAM_LOCATION, directory);
+        SetFocus(GetDlgItem(dialog, IDC_PROGRAM_LIST));
+    }
+};
+
+TEST_F(ToolDialogsTest, RenamingToNothingLeavesTheFileAndSaysNothing) {
+    EXPECT_TRUE(RunInDialog([] { ShowRenameDialogs(MainWindow, {"a.wav"}); },
+                            [](HWND dialog) {
+                                EXPECT_EQ(ControlText(dialog, IDC_RENAME_NAME), "a.wav");
+                                SetControlText(dialog, IDC_RENAME_NAME, "");
+                                Press(dialog, IDOK);
+                                EXPECT_FALSE(IsWindowVisible(dialog));
+                            }));
+    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+    EXPECT_NE(GetFileAttributesA((*ModeDirectory() + "a.wav").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {
+    const ProgramSlot wave = EditorSlot(MediaTypes()[0]);
+    Program editor;
+    const char* const none = nullptr;
+    // A name that begins with 0 is how the file says none.
+    for (const char* name : {"b.exe", none, "b.exe", "0.exe"}) {
+        UseEditors([&](HWND dialog) {
+            TypeAndLeave(dialog, *ModeDirectory());
+            if (name == none) {
+                Press(dialog, IDC_PROGRAM_NONE);
+            } else {
+                EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PROGRAM_LIST, name));
+            }
+            Press(dialog, IDC_OK);
+        });
+        const bool expected = name != none && name[0] != '0';
+        EXPECT_EQ(Settings.editorChosen[0], expected);
+        EXPECT_EQ(ReadProgram(wave, editor), expected);
+        EXPECT_EQ(ReadMainSetting("WavEditorPath", "removed", 20) == "removed", !expected);
+    }
+    WriteMainSetting("WavEditorPath", "c:\\");
+    WriteMainSetting("WavEditorName", "");
+    Settings.editorChosen[0] = true;
+    ReadSettings();
+    EXPECT_FALSE(Settings.editorChosen[0]) << "a directory alone is no program";
+}
+
+TEST_F(ToolDialogsTest, ADirectoryThatIsNoneIsToldOnceAndAfterwards) {
+    UseEditors([](HWND dialog) {
+        TypeAndLeave(dialog, "q:\\nowhere");
+        EXPECT_STRCASEEQ(ControlText(dialog, IDC_PROGRAM_LOCATION).c_str(),
+                         ModeDirectory()->c_str());
+        EXPECT_THAT(TheBoxes.shown, IsEmpty()) << "in the middle of the focus change";
+        for (int i = 0; i < 20; ++i) {
+            Sleep(10);
+            PumpMessages();
+        }
+        EXPECT_THAT(TheBoxes.shown, ElementsAre("Invalid path!"));
+    });
+}

@@ -26,7 +26,9 @@ static std::string JsonName(std::string_view name) {
 }
 
 std::string JsonStart() {
-    return "{\"version\": " + std::to_string(kVersion) + ", \"discs\": [\n";
+    return std::string("{\"version\": ")
+        .append(std::to_string(kVersion))
+        .append(", \"discs\": [\n");
 }
 
 std::string JsonBetween() {

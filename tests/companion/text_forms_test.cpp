@@ -20,6 +20,8 @@ static std::vector<Disc> ManyDiscs() {
     Disc& awkward = discs[1];
     awkward.fields.artist = "a,\"b\"\t\x80\x81\xFF\x01 ";
     awkward.fields.notes = "one\r\n\r\n two\n";
+    awkward.fields.label = "\r";
+    awkward.fields.category = "\"";
     awkward.fields.recordingCode = 7;
     awkward.toc.totalSeconds = 9;  // what a damaged entry may say
     return discs;
@@ -89,6 +91,25 @@ TEST(TextForms, AColumnStandsOnceUnlessItHasNoName) {
     EXPECT_EQ(fault.where, "line 2");
     ASSERT_TRUE(ReadCsv("track,seconds,,,artist\n1,60,,,A\n", WesternPage(), log.Sink(), fault));
     EXPECT_EQ(log.discs.at(0).fields.artist, "A");
+}
+
+TEST(TextForms, CsvFaultsAreFoundByLineAndColumn) {
+    const struct {
+        const char* lines;
+        const char* where;
+    } cases[] = {
+        {"1,6\n1,\"d\n\ne", "line 3, column 3"},  // never closed
+        {"\"1\n2\",\"c", "line 3, column 4"},
+        {"1,\"6\"0\n", "line 2, column 6"},  // behind the closing quote
+        {"1,6\"0\n", "line 2, column 4"},    // inside a plain field
+    };
+    for (const auto& item : cases) {
+        ImportLog log;
+        SourceFault fault;
+        const std::string text = std::string("track,seconds\r\n") + item.lines;
+        EXPECT_FALSE(ReadCsv(text, WesternPage(), log.Sink(), fault)) << item.lines;
+        EXPECT_EQ(fault.where, item.where) << item.lines;
+    }
 }
 
 TEST(TextForms, AWrongDiscIsRefusedAndTheOthersAreTaken) {

@@ -60,14 +60,12 @@ TEST(DatabaseBytes, EmptyFileAndFirstEntry) {
             "03 4F 6E 65 02 01 00 01 01 "
             "02 41 E4 01 44 00 00 04 78 0D 0A 79 02 03 00 03 27 38 34 "
             "08 00 00 00"));
-}
 
-TEST(DatabaseBytes, TextsTooLongAreCutAndZeroEndsThem) {
-    UseMemoryFiles();
-    Disc disc = SampleDisc(1, 1);
+    // Texts too long are cut, and a zero byte ends them.
+    StartOnDisk({{kDatabaseName, DatabaseImage({})}});
+    disc = SampleDisc(1, 1);
     disc.fields.artist.assign(300, 'a');
     disc.fields.label = std::string("ab\0cd", 5);
-    EnsureDatabase();
     Append(disc);
     disc.fields.artist.resize(254);
     disc.fields.label = "ab";

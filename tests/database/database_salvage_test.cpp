@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 
 #include "database/database_changes.h"
 #include "database/database_file.h"
@@ -47,6 +48,7 @@ static std::vector<std::string> DiscsIn(const std::string& database) {
 
 TEST(DatabaseSalvage, OneDamagedPointerLosesNothing) {
     UseMemoryFiles();
+    int cases = 0;
     for (size_t disc = 0; disc < kDiscs.size(); ++disc) {
         const struct {
             size_t offset, sizeBytes;
@@ -61,14 +63,17 @@ TEST(DatabaseSalvage, OneDamagedPointerLosesNothing) {
                 std::string damaged = kImage;
                 damaged.replace(field.offset, field.sizeBytes, bytes, 0, field.sizeBytes);
                 ASSERT_EQ(Rebuilt(damaged), kImage) << "disc " << disc << " at " << field.offset;
+                ++cases;
             }
         }
     }
+    std::printf("salvage: %d damaged pointers and counts, 0 discs lost\n", cases);
 }
 
 TEST(DatabaseSalvage, OneDamagedByteConcernsOneDisc) {
     UseMemoryFiles();
     const std::vector<std::string> whole = DiscsIn(kImage);
+    int lost = 0;
     for (size_t at = 0; at < kImage.size(); ++at) {
         for (const int change : {1, 2, 0x10, 0x80, 0xFF}) {
             SCOPED_TRACE("byte " + std::to_string(at) + " xor " + std::to_string(change));
@@ -80,8 +85,11 @@ TEST(DatabaseSalvage, OneDamagedByteConcernsOneDisc) {
             for (size_t i = 0; i < whole.size(); ++i)
                 differing += found[i] != whole[i];
             ASSERT_LE(differing, 1);
+            lost += differing;
         }
     }
+    std::printf("salvage: %zu damaged bytes, %d discs differ, never two\n", 5 * kImage.size(),
+                lost);
 }
 
 TEST(DatabaseSalvage, EveryWholeDiscBeforeTheEnd) {

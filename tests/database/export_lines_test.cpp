@@ -52,11 +52,9 @@ static void ExpectLines(const Case& c, const DiscToc& toc, const EntryFields& fi
 TEST(ExportLines, ItemsAndForms) {
     const Case cases[] = {
         {{}, "", ""},
-        {{kExportArtist}, "A, B\r\n", "\"A, B\""},
-        {{kExportDiscName}, "Disc\r\n", "\"Disc\""},
+        {{kExportArtist, kExportDiscName}, "A, B\r\nDisc\r\n", "\"A, B\",\"Disc\""},
         {{kExportDiscName, kExportDiscLength}, "Disc 63:30\r\n", "\"Disc\",63:30"},
         {{kExportDiscLength, kExportSize}, "63:30\r\n3 Inch\r\n", "63:30,\"3 Inch\""},
-        {{kExportTrackNumber}, "1\r\n2\r\n", "1,2"},
         {{kExportTrackName}, "One\r\nsay \"Two\"\r\n", "\"One\",\"say \"Two\"\""},
         {{kExportTrackLength}, "3:25\r\n60:05\r\n", "3:25,,60:05,"},
         {{kExportTrackNumber, kExportTrackLength}, "1 3:25\r\n2 60:05\r\n", "1,3:25,,2,60:05,"},
@@ -81,7 +79,6 @@ TEST(ExportLines, EmptyTextsAndDiscsWithoutLength) {
     const Case cases[] = {
         {{kExportDiscName, kExportDiscLength}, "\r\n", "\"\""},
         {{kExportArtist, kExportYearReleased}, "\r\n\r\n", "\"\","},
-        {{kExportYearReleased}, "\r\n", ""},
         {{kExportTrackNumber, kExportTrackName, kExportTrackLength}, "1  0:00\r\n", "1,\"\",0:00,"},
         {{kExportRecording, kExportType, kExportSize},
          "AAD\r\nAlbum\r\n5 Inch\r\n",

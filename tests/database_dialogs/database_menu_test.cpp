@@ -13,10 +13,6 @@ using testing::ElementsAre;
 
 using DatabaseMenuTest = DialogTest;
 
-static void OpenMenu(const std::function<void(HWND)>& script) {
-    EXPECT_TRUE(RunInDialog([] { ShowDatabaseMenu(MainWindow); }, script));
-}
-
 static std::vector<std::string> Figures(HWND menu) {
     std::vector<std::string> figures;
     const auto script = [&](HWND dialog) {
@@ -29,26 +25,22 @@ static std::vector<std::string> Figures(HWND menu) {
     return figures;
 }
 
-TEST_F(DatabaseMenuTest, OnlyTheInformationOpensOnAnEmptyDatabase) {
-    OpenMenu([](HWND menu) {
+TEST_F(DatabaseMenuTest, OnlyTheInformationOpensOnAnEmptyDatabaseAndAddsUpTheStoredTotals) {
+    std::vector<Disc> discs = {SampleDisc(1, 3), SampleDisc(2, 99)};
+    discs[0].toc.totalSeconds = 65535;
+    discs[1].toc.totalSeconds = 24526;
+    const auto script = [&](HWND menu) {
         for (int id : {IDC_MENU_EDITOR, IDC_MENU_SORTER, IDC_MENU_EXPORT})
             Press(menu, id);
         EXPECT_EQ(DatabaseBytes(), "");
         EXPECT_THAT(Figures(menu), ElementsAre("8 bytes ", "0", "0", "0", "0", "0", "0"));
         EXPECT_EQ(DatabaseBytes(), DatabaseImage({})) << "the information creates the file";
-    });
+        StoreDatabase(discs);
+        const std::string size = std::to_string(DatabaseBytes().size()) + " bytes ";
+        EXPECT_THAT(Figures(menu), ElementsAre(size, "2", "102", "1", "1", "1", "1"));
+    };
+    EXPECT_TRUE(RunInDialog([] { ShowDatabaseMenu(MainWindow); }, script));
     EXPECT_THAT(TheBoxes.shown,
                 ElementsAre("Database Empty. Nothing to edit!", "Database Empty. Nothing to sort!",
                             "Database Empty. Nothing to export!"));
-}
-
-TEST_F(DatabaseMenuTest, TheInformationAddsUpTheStoredTotals) {
-    std::vector<Disc> discs = {SampleDisc(1, 3), SampleDisc(2, 99)};
-    discs[0].toc.totalSeconds = 65535;
-    discs[1].toc.totalSeconds = 24526;
-    StoreDatabase(discs);
-    OpenMenu([&](HWND menu) {
-        const std::string size = std::to_string(DatabaseBytes().size()) + " bytes ";
-        EXPECT_THAT(Figures(menu), ElementsAre(size, "2", "102", "1", "1", "1", "1"));
-    });
 }

@@ -36,11 +36,15 @@ bool IsShown(HWND dialog, int id) {
     return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
-std::string DatabaseBytes() {
-    std::ifstream file(InAppDirectory(kDatabaseName), std::ios::binary);
+std::string BytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
     std::stringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
+}
+
+std::string DatabaseBytes() {
+    return BytesOf(InAppDirectory(kDatabaseName));
 }
 
 void StoreBytes(const std::string& bytes) {

@@ -17,7 +17,8 @@ void Type(HWND dialog, int id, const std::string& text);
 void PressEnterIn(HWND dialog, int id);
 bool IsShown(HWND dialog, int id);
 
-// The whole file, as another program finds it.
+// A whole file, as another program finds it; empty when there is none.
+std::string BytesOf(const std::string& path);
 std::string DatabaseBytes();
 void StoreBytes(const std::string& bytes);
 void StoreDatabase(const std::vector<Disc>& discs);

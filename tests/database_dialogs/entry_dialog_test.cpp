@@ -6,11 +6,7 @@
 
 #include <functional>
 
-#include "base/app_directory.h"
 #include "base/program_state.h"
-#include "base/settings.h"
-#include "database/database_changes.h"
-#include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/disc_lookup.h"
 #include "resources/ids.h"
@@ -22,13 +18,16 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-static DiscToc DiscOf(int tracks) {
-    return SampleDisc(1, tracks).toc;
+// A disc of which nothing but the tracks is known, as a new entry begins.
+static Disc NewDisc(int tracks) {
+    Disc disc = {SampleDisc(1, tracks).toc, {}};
+    disc.fields.discSize = 1;
+    return disc;
 }
 
 // Whether the dialog opened and ran the script.
-static bool Open(const DiscToc& disc, std::function<void(HWND)> script) {
-    return RunInDialog([&] { ShowEntryDialog(MainWindow, disc); }, std::move(script));
+static bool Open(const Disc& disc, std::function<void(HWND)> script) {
+    return RunInDialog([&] { ShowEntryDialog(MainWindow, disc.toc); }, std::move(script));
 }
 
 static int ShownRows(HWND dialog) {
@@ -55,26 +54,11 @@ static void Paste(HWND dialog, int id, const std::string& text) {
     SendDlgItemMessageA(dialog, id, WM_PASTE, 0, 0);
 }
 
-static EntryFields Stored(const DiscToc& disc) {
-    EntryFields fields;
-    CopyDiscToc(disc);
-    EXPECT_TRUE(FindDisc(disc.totalSeconds, disc.trackCount));
-    EXPECT_TRUE(LoadEntryFields(FoundEntryOffset, fields));
-    return fields;
-}
-
-static void Store(const Disc& disc) {
-    EnsureDatabase();
-    CopyDiscToc(disc.toc);
-    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
-}
-
 using EntryDialogTest = DialogTest;
 
 TEST_F(EntryDialogTest, NewDiscIsAddedWithEverythingTyped) {
-    Open(DiscOf(3), [](HWND dialog) {
-        EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_ENTRY_RECORDING_FIRST));
-        EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_ENTRY_FIVE_INCH));
+    Disc disc = NewDisc(3);
+    Open(disc, [](HWND dialog) {
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "0");
         EXPECT_EQ(ShownRows(dialog), 3);
         EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_PAGE_UP));
@@ -84,22 +68,36 @@ TEST_F(EntryDialogTest, NewDiscIsAddedWithEverythingTyped) {
         Type(dialog, IDC_ENTRY_NOTES, "one\rtwo");
         Type(dialog, IDC_ENTRY_YEAR, "about 1970");
         Type(dialog, IDC_ENTRY_NAME_FIRST + 2, std::string(300, 'n'));
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 2).size(), 254u);
-        SendDlgItemMessageA(dialog, IDC_ENTRY_RECORDING_FIRST + 2, BM_CLICK, 0, 0);
-        SendDlgItemMessageA(dialog, IDC_ENTRY_THREE_INCH, BM_CLICK, 0, 0);
+        // Hidden fields are kept and saved.
+        const int full = WidthOf(dialog);
+        Press(dialog, IDC_ENTRY_SIMPLE);
+        for (int id : {IDC_ENTRY_LABEL_CAPTION, IDC_ENTRY_RELEASED_CAPTION, IDC_ENTRY_LABEL_FIELD,
+                       IDC_ENTRY_NOTES, IDC_ENTRY_FIVE_INCH, IDC_ENTRY_YEAR}) {
+            EXPECT_FALSE(IsShown(dialog, id)) << id;
+        }
+        EXPECT_TRUE(IsShown(dialog, IDC_ENTRY_CATEGORY));
+        EXPECT_LT(WidthOf(dialog), full);
+        Press(dialog, IDC_ENTRY_ADVANCED);
+        EXPECT_EQ(WidthOf(dialog), full);
+        EXPECT_TRUE(IsShown(dialog, IDC_ENTRY_NOTES));
+        Press(dialog, IDC_ENTRY_SIMPLE);
         Press(dialog, IDC_OK);
         EXPECT_FALSE(IsOpen(dialog));
     });
-    EntryFields typed;
-    typed.artist = "A & B";
-    typed.discName = std::string(254, 'd');
-    typed.notes = "one\r\ntwo";
-    typed.yearReleased = "about 1970";
-    typed.trackNames[2] = std::string(254, 'n');
-    typed.recordingCode = 2;
-    typed.discSize = 0;
-    EXPECT_TRUE(Stored(DiscOf(3)) == typed);
+    disc.fields.artist = "A & B";
+    disc.fields.discName = std::string(254, 'd');
+    disc.fields.notes = "one\r\ntwo";
+    disc.fields.yearReleased = "about 1970";
+    disc.fields.trackNames[2] = std::string(254, 'n');
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({disc}));
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
+    Open(disc, [](HWND dialog) {
+        EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES)) << "the layout is forgotten";
+        Type(dialog, IDC_ENTRY_ARTIST, "Nobody");
+        PressEnterIn(dialog, IDC_CANCEL);
+        EXPECT_FALSE(IsOpen(dialog));
+    });
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({disc}));
 }
 
 TEST_F(EntryDialogTest, KnownDiscIsReplacedAtTheEnd) {
@@ -107,25 +105,22 @@ TEST_F(EntryDialogTest, KnownDiscIsReplacedAtTheEnd) {
     first.fields.recordingCode = 3;
     first.fields.discType = 200;  // codes that no button stands for
     first.fields.discSize = 9;
-    Store(first);
-    Store(SampleDisc(2, 2));
-    Open(first.toc, [](HWND dialog) {
+    StoreDatabase({first, SampleDisc(2, 2)});
+    Open(first, [](HWND dialog) {
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_DISC_COUNT), "2");
         EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_ENTRY_RECORDING_LAST));
-        SendDlgItemMessageA(dialog, IDC_ENTRY_RECORDING_FIRST, BM_CLICK, 0, 0);
-        EXPECT_FALSE(IsDlgButtonChecked(dialog, IDC_ENTRY_RECORDING_LAST));
+        Click(dialog, IDC_ENTRY_RECORDING_FIRST);
         Press(dialog, IDC_OK);
     });
     first.fields.recordingCode = 0;
     first.fields.discType = 3;
     first.fields.discSize = 1;
-    EXPECT_TRUE(Stored(first.toc) == first.fields);
-    EXPECT_EQ(FoundEntryOffset, FindEntryOffset(1));
-    EXPECT_EQ(DatabaseEntryCount(), 2);
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({SampleDisc(2, 2), first}));
 }
 
 TEST_F(EntryDialogTest, NamesSurvivePagingWithoutAFocusChange) {
-    Open(DiscOf(17), [](HWND dialog) {
+    Disc disc = NewDisc(17);
+    Open(disc, [](HWND dialog) {
         EXPECT_EQ(ShownRows(dialog), 15);
         SetFocus(GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST + 4));
         Type(dialog, IDC_ENTRY_NAME_FIRST + 4, "Fifth");
@@ -148,18 +143,21 @@ TEST_F(EntryDialogTest, NamesSurvivePagingWithoutAFocusChange) {
         Press(dialog, IDOK);
         EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST), "16");
         Press(dialog, IDOK);
-        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST + 1));
         Type(dialog, IDC_ENTRY_NAME_FIRST + 1, "Finale");
         Press(dialog, IDOK);
         EXPECT_FALSE(IsOpen(dialog));
     });
-    const EntryFields stored = Stored(DiscOf(17));
-    EXPECT_THAT(std::vector(stored.trackNames + 14, stored.trackNames + 17),
-                ElementsAre("Fifteenth", "Sixteenth", "Finale"));
+    std::string* names = disc.fields.trackNames;
+    names[4] = "Fifth";
+    names[14] = "Fifteenth";
+    names[15] = "Sixteenth";
+    names[16] = "Finale";
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({disc}));
 }
 
-TEST_F(EntryDialogTest, PastedLinesFillRowsOverPages) {
-    Open(DiscOf(17), [](HWND dialog) {
+TEST_F(EntryDialogTest, PastedLinesFillRowsOverPagesUpToTheLastTrack) {
+    Disc disc = NewDisc(17);
+    Open(disc, [](HWND dialog) {
         const int row = IDC_ENTRY_NAME_FIRST + 13;
         Type(dialog, row, "Thirteen");
         Paste(dialog, row, " and a half");
@@ -168,164 +166,70 @@ TEST_F(EntryDialogTest, PastedLinesFillRowsOverPages) {
         SendDlgItemMessageA(dialog, row, EM_SETSEL, 0, 8);
         Paste(dialog, row, "\r\n14. Fourteen\r\n");
         EXPECT_EQ(ControlText(dialog, row), "Fourteen and a half");
-        Paste(dialog, row,
-              "14. Fourteen\r\n15. Fifteen\r\n\r\n16. Sixteen\r\n17. Last\r\n18. Lost");
-        EXPECT_EQ(ControlText(dialog, row + 1), "Fifteen");
-        // A hidden row takes no names, however many there are.
-        Press(dialog, IDC_ENTRY_PAGE_UP);
-        std::string many;
-        for (int i = 0; i < 1000; ++i)
+        std::string many = "14. Fourteen\r\n15. Fifteen\r\n\r\n16. Sixteen\r\n17. Last\r\n";
+        for (int i = 0; i < 500; ++i)
             many += "Too many\r\n";
+        Paste(dialog, row, many);
+        EXPECT_EQ(ControlText(dialog, row + 1), "Fifteen");
+        // A hidden row takes no names.
+        Press(dialog, IDC_ENTRY_PAGE_UP);
         Paste(dialog, row, many);
         Press(dialog, IDC_OK);
     });
-    const EntryFields stored = Stored(DiscOf(17));
-    EXPECT_THAT(std::vector(stored.trackNames + 12, stored.trackNames + 18),
-                ElementsAre("", "Fourteen", "Fifteen", "Sixteen", "Last", ""));
-}
-
-TEST_F(EntryDialogTest, PastedLinesEndWithTheLastTrack) {
-    Open(DiscOf(99), [](HWND dialog) {
-        Press(dialog, IDC_ENTRY_PAGE_DOWN);
-        ASSERT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST), "91");
-        std::string many;
-        for (int i = 0; i < 500; ++i)
-            many += "Name\r\n";
-        Paste(dialog, IDC_ENTRY_NAME_FIRST + 7, many);
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NAME_FIRST + 8), "Name");
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "");
-        Press(dialog, IDC_OK);
-    });
-    EntryFields pasted;
-    pasted.trackNames[97] = pasted.trackNames[98] = "Name";
-    pasted.discSize = 1;
-    EXPECT_TRUE(Stored(DiscOf(99)) == pasted);
-}
-
-TEST_F(EntryDialogTest, SimpleLayoutHidesButKeepsTheOtherFields) {
-    Open(DiscOf(1), [](HWND dialog) {
-        const int full = WidthOf(dialog);
-        Type(dialog, IDC_ENTRY_LABEL_FIELD, "Kept");
-        Press(dialog, IDC_ENTRY_SIMPLE);
-        for (int id : {IDC_ENTRY_LABEL_CAPTION, IDC_ENTRY_RELEASED_CAPTION, IDC_ENTRY_LABEL_FIELD,
-                       IDC_ENTRY_NOTES, IDC_ENTRY_FIVE_INCH, IDC_ENTRY_YEAR}) {
-            EXPECT_FALSE(IsShown(dialog, id)) << id;
-        }
-        EXPECT_TRUE(IsShown(dialog, IDC_ENTRY_CATEGORY));
-        EXPECT_LT(WidthOf(dialog), full);
-        Press(dialog, IDC_ENTRY_ADVANCED);
-        EXPECT_EQ(WidthOf(dialog), full);
-        EXPECT_TRUE(IsShown(dialog, IDC_ENTRY_NOTES));
-        Press(dialog, IDC_ENTRY_SIMPLE);
-        Press(dialog, IDC_OK);
-    });
-    EXPECT_EQ(Stored(DiscOf(1)).label, "Kept");
-    EXPECT_TRUE(
-        Open(DiscOf(1), [](HWND dialog) { EXPECT_FALSE(IsShown(dialog, IDC_ENTRY_NOTES)); }));
-}
-
-TEST_F(EntryDialogTest, LeavingWithoutOkChangesNothing) {
-    const std::function<void(HWND)> ways[] = {
-        [](HWND dialog) { Press(dialog, IDCANCEL); },
-        [](HWND dialog) { PressEnterIn(dialog, IDC_CANCEL); },
-    };
-    for (const auto& leave : ways) {
-        Open(DiscOf(1), [&leave](HWND dialog) {
-            Type(dialog, IDC_ENTRY_ARTIST, "Nobody");
-            leave(dialog);
-            EXPECT_FALSE(IsOpen(dialog));
-        });
-    }
-    EXPECT_EQ(DatabaseEntryCount(), 0);
+    const char* const pasted[] = {"Fourteen", "Fifteen", "Sixteen", "Last"};
+    std::copy(std::begin(pasted), std::end(pasted), disc.fields.trackNames + 13);
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({disc}));
 }
 
 TEST_F(EntryDialogTest, WhatCannotBeReadIsNotShownAsEmpty) {
     const Disc disc = SampleDisc(1, 2);
-    Store(disc);
+    StoreDatabase({disc});
     HANDLE holder = HoldDatabase();
-    EXPECT_FALSE(Open(disc.toc, [](HWND) {}));
+    EXPECT_FALSE(Open(disc, [](HWND) {}));
     CloseHandle(holder);
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Can't open the database")));
-    EXPECT_TRUE(Stored(disc.toc) == disc.fields);
-
     // The entry's end is missing.
-    TheBoxes.shown.clear();
-    HANDLE file = CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_WRITE, 0, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
-    SetFilePointer(file, -20, nullptr, FILE_END);
-    SetEndOfFile(file);
-    CloseHandle(file);
-    EXPECT_FALSE(Open(disc.toc, [](HWND) {}));
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("damaged")));
-}
-
-TEST_F(EntryDialogTest, ADamagedDatabaseIsRebuiltOnRequestAndTheSaveGoesOn) {
-    for (int i = 1; i <= 3; ++i)
-        Store(SampleDisc(i, 2));
-    // The second entry's pointer to the third.
-    const uint32_t pointer = FindEntryOffset(1);
-    HANDLE file = CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_WRITE, 0, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
-    SetFilePointer(file, static_cast<LONG>(pointer) + 1, nullptr, FILE_BEGIN);
-    DWORD written = 0;
-    WriteFile(file, "\x7F", 1, &written, nullptr);
-    CloseHandle(file);
-
-    const DiscToc fresh = SampleDisc(8, 2).toc;
-    Open(fresh, [](HWND dialog) {
-        EXPECT_THAT(TheBoxes.shown, IsEmpty());
-        Type(dialog, IDC_ENTRY_ARTIST, "Typed");
-        TheBoxes.answerOk = false;
-        Press(dialog, IDC_OK);
-        EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Typed");
-        EXPECT_EQ(GetFileAttributesA(InAppDirectory(kDamagedName).c_str()),
-                  INVALID_FILE_ATTRIBUTES);
-        TheBoxes.answerOk = true;
-        Press(dialog, IDC_OK);
-        EXPECT_FALSE(IsOpen(dialog));
-    });
+    StoreBytes(DatabaseImage({disc}).substr(0, DatabaseImage({disc}).size() - 20));
+    EXPECT_FALSE(Open(disc, [](HWND) {}));
     EXPECT_THAT(TheBoxes.shown,
-                ElementsAre(HasSubstr("Rebuild it?"), HasSubstr("kept as TARNWELL.BAD")));
-    EXPECT_EQ(Stored(fresh).artist, "Typed");
-    for (int i = 1; i <= 3; ++i)
-        EXPECT_TRUE(Stored(SampleDisc(i, 2).toc) == SampleDisc(i, 2).fields);
-    EXPECT_EQ(DatabaseEntryCount(), 4);
-    EXPECT_TRUE(DeleteFileA(InAppDirectory(kDamagedName).c_str()));
+                ElementsAre(HasSubstr("Can't open the database"), HasSubstr("damaged")));
 }
 
-TEST_F(EntryDialogTest, ASaveThatIsRefusedKeepsTheDialogAndBothEntries) {
-    const Disc disc = SampleDisc(1, 2);
-    Open(disc.toc, [&](HWND dialog) {
-        Store(disc);
-        Type(dialog, IDC_ENTRY_ARTIST, "Replaced");
-        TheBoxes.answerOk = false;
-        Press(dialog, IDC_OK);
-        EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_TRUE(Stored(disc.toc) == disc.fields);
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Replaced");
-        TheBoxes.answerOk = true;
-        Press(dialog, IDC_OK);
-        EXPECT_FALSE(IsOpen(dialog));
-    });
-    EXPECT_EQ(Stored(disc.toc).artist, "Replaced");
-    const char* const question = "? Another program has added this disc. Replace its entry?";
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(question, question));
-    TheBoxes.shown.clear();
-
-    Open(disc.toc, [&](HWND dialog) {
+TEST_F(EntryDialogTest, ASaveThatIsRefusedKeepsTheDialogAndWhatIsStored) {
+    const std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 2), SampleDisc(3, 2)};
+    Disc disc = NewDisc(2);
+    disc.toc = discs[2].toc;
+    const std::string known = DatabaseImage(discs);
+    std::string damaged = known;
+    damaged[EntryStarts(discs)[1] + 1] ^= 0x7F;  // the pointer to the third
+    Open(disc, [&](HWND dialog) {
         Type(dialog, IDC_ENTRY_ARTIST, "Typed");
+        const auto refused = [&](const std::string& stored) {
+            StoreBytes(stored);
+            Press(dialog, IDC_OK);
+            EXPECT_TRUE(IsOpen(dialog));
+            EXPECT_EQ(DatabaseBytes(), stored);
+            EXPECT_EQ(ControlText(dialog, IDC_ENTRY_ARTIST), "Typed");
+        };
+        TheBoxes.answerOk = false;
+        refused(DatabaseImage({discs[2], discs[0]}));
+        refused(damaged);
+        TheBoxes.answerOk = true;
+        StoreBytes(known);
         HANDLE holder = HoldDatabase();
         Press(dialog, IDC_OK);
         CloseHandle(holder);
         EXPECT_TRUE(IsOpen(dialog));
-        EXPECT_EQ(Stored(disc.toc).artist, "Replaced");
-        // The disc in the drive is another one meanwhile.
+        // Another disc is in the drive meanwhile; the save goes on in the rebuilt database.
         CopyDiscToc(SampleDisc(3, 3).toc);
+        StoreBytes(damaged);
         Press(dialog, IDC_OK);
         EXPECT_FALSE(IsOpen(dialog));
     });
-    EXPECT_EQ(Stored(disc.toc).artist, "Typed");
-    EXPECT_EQ(DatabaseEntryCount(), 1);
-    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Another program is using it")));
+    disc.fields.artist = "Typed";
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({discs[0], discs[1], disc}));
+    const char* const added = "? Another program has added this disc. Replace its entry?";
+    const auto rebuild = HasSubstr("Rebuild it? The damaged file is kept as TARNWELL.BAD");
+    EXPECT_THAT(
+        TheBoxes.shown,
+        ElementsAre(added, rebuild, HasSubstr("Another program is using it"), rebuild, added));
 }

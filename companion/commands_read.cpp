@@ -51,15 +51,18 @@ ExitCode ListDiscs(const CommonOptions& options) {
     });
 }
 
+constexpr size_t kNameWidth = 14;
+
 static void PrintDisc(const Disc& disc, uint32_t number, const CodePage& page) {
-    const auto print = [](const std::string& name, const std::string& value) {
-        Print(name + std::string(name.size() < 14 ? 14 - name.size() : 1, ' ') + value + "\n");
+    const auto print = [](std::string line, const std::string& value) {
+        line.resize(std::max(line.size() + 1, kNameWidth), ' ');
+        Print(line + value + "\n");
     };
     print("entry", std::to_string(number));
     for (const DiscText& text : DiscTexts()) {
         std::string value;
         for (const char character : ToUtf8(disc.fields.*text.text, page)) {
-            if (character == '\n') value += "\n" + std::string(14, ' ');
+            if (character == '\n') value.append("\n").append(kNameWidth, ' ');
             if (character != '\n' && character != '\r') value += character;
         }
         print(text.name, value);

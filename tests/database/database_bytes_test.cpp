@@ -72,6 +72,20 @@ TEST(DatabaseBytes, EmptyFileAndFirstEntry) {
     ExpectOnDisk(DatabaseImage({disc}));
 }
 
+// A record that held the largest disc before is the same as a new one, also where the bytes end.
+TEST(DatabaseBytes, NothingOfTheDiscBeforeIsLeft) {
+    const Disc disc = SampleDisc(1, 2);
+    const std::vector<uint8_t> bytes = EncodeEntry(disc.toc, disc.fields, kHeaderBytes);
+    for (size_t size = 0; size <= bytes.size(); ++size) {
+        Disc fresh;
+        Disc used = LargestDisc();
+        used.fields.recordingCode = 9;
+        const DecodeResult result = DecodeEntry(bytes.data(), size, fresh.toc, fresh.fields);
+        EXPECT_EQ(DecodeEntry(bytes.data(), size, used.toc, used.fields), result);
+        ASSERT_TRUE(used == fresh) << size;
+    }
+}
+
 #ifdef _WIN32
 namespace fs = std::filesystem;
 

@@ -124,6 +124,9 @@ TEST(DatabaseBytes, SystemsOwnFilesTakeEveryChangeUnlessHeldByAnotherProgram) {
     EnsureDatabase();
     EXPECT_EQ(AppendEntry({}), DatabaseResult::kHeld);
     EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::kHeld);
+    // What can only be read is shown all the same.
+    CopyDiscToc(discs[0].toc);
+    EXPECT_EQ(DiscTitleText(), discs[0].fields.artist + " - " + discs[0].fields.discName);
     CloseFile(holder);
     expectFile(discs);
     fs::remove_all(directory);

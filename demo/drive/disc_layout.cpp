@@ -26,7 +26,7 @@ static bool UnpackMsf(uint32_t packed, uint32_t& sectors) {
 }
 
 uint32_t PackLength(uint32_t sectors, TimeFormat format) {
-    return format == TimeFormat::milliseconds ? SectorsToMilliseconds(sectors) : PackMsf(sectors);
+    return format == TimeFormat::kMilliseconds ? SectorsToMilliseconds(sectors) : PackMsf(sectors);
 }
 
 uint32_t TrackOfSector(const DiscLayout& disc, uint32_t sector) {
@@ -39,7 +39,7 @@ uint32_t TrackOfSector(const DiscLayout& disc, uint32_t sector) {
 }
 
 uint32_t PackPosition(const DiscLayout& disc, uint32_t sector, TimeFormat format) {
-    if (format != TimeFormat::tmsf) return PackLength(sector + kLeadInSectors, format);
+    if (format != TimeFormat::kTmsf) return PackLength(sector + kLeadInSectors, format);
     const uint32_t track = TrackOfSector(disc, sector);
     if (track == 0) return 0;
     return track | PackMsf(sector - disc.tracks[track - 1].startSector) << 8;
@@ -48,13 +48,13 @@ uint32_t PackPosition(const DiscLayout& disc, uint32_t sector, TimeFormat format
 bool UnpackPosition(const DiscLayout& disc, uint32_t packed, TimeFormat format, uint32_t& sector) {
     uint64_t found = 0;
     uint32_t within = 0;
-    if (format == TimeFormat::tmsf) {
+    if (format == TimeFormat::kTmsf) {
         const uint32_t track = packed & 255;
         if (track == 0 || track > disc.tracks.size() || !UnpackMsf(packed >> 8, within))
             return false;
         found = uint64_t{disc.tracks[track - 1].startSector} + within;
     } else {
-        if (format == TimeFormat::milliseconds)
+        if (format == TimeFormat::kMilliseconds)
             within = static_cast<uint32_t>(uint64_t{packed} * kSectorsPerSecond / 1000);
         else if (!UnpackMsf(packed, within))
             return false;

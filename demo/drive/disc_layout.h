@@ -21,7 +21,7 @@ struct DiscLayout {
 };
 
 // tmsf is track, minutes, seconds, frames from the lowest byte up; msf is minutes, seconds, frames.
-enum class TimeFormat { milliseconds, msf, tmsf };
+enum class TimeFormat { kMilliseconds, kMsf, kTmsf };
 
 // A length in the given format; tmsf has no tracks in a length and means msf. Minutes beyond 255 do
 // not fit their byte and give the largest length there is.

@@ -63,7 +63,7 @@ void RefreshDisc() {
 
 void LetSoundFollow() {
     const uint64_t now = NowMs();
-    if (ModeOfDrive(Drive.transport, now) == DriveMode::playing)
+    if (ModeOfDrive(Drive.transport, now) == DriveMode::kPlaying)
         StartDiscSound(Drive.disc, SectorOfDrive(Drive.transport, now), Drive.transport.endSector);
     else
         StopDiscSound();

@@ -12,16 +12,16 @@
 
 DWORD ErrorOfResult(DriveResult result) {
     switch (result) {
-        case DriveResult::done:
+        case DriveResult::kDone:
             return 0;
-        case DriveResult::noDisc:
-        case DriveResult::notAudio:
+        case DriveResult::kNoDisc:
+        case DriveResult::kNotAudio:
             return MCIERR_HARDWARE;
-        case DriveResult::spinningUp:
+        case DriveResult::kSpinningUp:
             return MCIERR_DEVICE_NOT_READY;
-        case DriveResult::outOfRange:
+        case DriveResult::kOutOfRange:
             return MCIERR_OUTOFRANGE;
-        case DriveResult::notPaused:
+        case DriveResult::kNotPaused:
             return MCIERR_NONAPPLICABLE_FUNCTION;
     }
     return MCIERR_DRIVER_INTERNAL;
@@ -41,11 +41,11 @@ static DWORD AnswerTruth(DWORD_PTR& answer, bool value) {
 static DWORD AnswerTime(DWORD_PTR& answer, uint32_t packed, TimeFormat format) {
     answer = packed;
     switch (format) {
-        case TimeFormat::msf:
+        case TimeFormat::kMsf:
             return MCI_COLONIZED3_RETURN;
-        case TimeFormat::tmsf:
+        case TimeFormat::kTmsf:
             return MCI_COLONIZED4_RETURN;
-        case TimeFormat::milliseconds:
+        case TimeFormat::kMilliseconds:
             break;
     }
     return 0;
@@ -54,15 +54,15 @@ static DWORD AnswerTime(DWORD_PTR& answer, uint32_t packed, TimeFormat format) {
 static DWORD AnswerMode(DWORD_PTR& answer) {
     DWORD mode = MCI_MODE_NOT_READY;
     switch (ModeOfDrive(Drive.transport, NowMs())) {
-        case DriveMode::notReady:
+        case DriveMode::kNotReady:
             break;
-        case DriveMode::open:
+        case DriveMode::kOpen:
             mode = MCI_MODE_OPEN;
             break;
-        case DriveMode::stopped:
+        case DriveMode::kStopped:
             mode = MCI_MODE_STOP;
             break;
-        case DriveMode::playing:
+        case DriveMode::kPlaying:
             mode = MCI_MODE_PLAY;
             break;
     }
@@ -71,11 +71,11 @@ static DWORD AnswerMode(DWORD_PTR& answer) {
 
 static DWORD AnswerTimeFormat(const DriveHandle& handle, DWORD_PTR& answer) {
     switch (handle.timeFormat) {
-        case TimeFormat::msf:
+        case TimeFormat::kMsf:
             return AnswerWord(answer, MCI_FORMAT_MSF, MCI_FORMAT_MSF_S);
-        case TimeFormat::tmsf:
+        case TimeFormat::kTmsf:
             return AnswerWord(answer, MCI_FORMAT_TMSF, MCI_FORMAT_TMSF_S);
-        case TimeFormat::milliseconds:
+        case TimeFormat::kMilliseconds:
             break;
     }
     return AnswerWord(answer, MCI_FORMAT_MILLISECONDS, MCI_FORMAT_MILLISECONDS_S);
@@ -87,7 +87,7 @@ static DWORD AnswerPosition(const DriveHandle& handle, DWORD flags, const TrackS
     if ((flags & MCI_TRACK) != 0 && (flags & MCI_STATUS_START) != 0)
         return MCIERR_FLAGS_NOT_COMPATIBLE;
     uint32_t packed = 0;
-    if (track && handle.timeFormat == TimeFormat::tmsf) {
+    if (track && handle.timeFormat == TimeFormat::kTmsf) {
         // By number and not by sector: an empty track begins where the next one does.
         packed = static_cast<uint32_t>(track - disc.tracks.data()) + 1;
     } else {
@@ -104,7 +104,7 @@ static DWORD AnswerPosition(const DriveHandle& handle, DWORD flags, const TrackS
 // The items that speak of the disc and fail without one.
 static DWORD AnswerDiscItem(const DriveHandle& handle, DWORD flags, MCI_STATUS_PARMS& parameters) {
     const DiscLayout& disc = Drive.transport.disc;
-    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::done)
+    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::kDone)
         return ErrorOfResult(state);
     const TrackSpan* track = nullptr;
     if ((flags & MCI_TRACK) != 0) {
@@ -113,7 +113,7 @@ static DWORD AnswerDiscItem(const DriveHandle& handle, DWORD flags, MCI_STATUS_P
         track = &disc.tracks[parameters.dwTrack - 1];
     }
     const TimeFormat lengthFormat =
-        handle.timeFormat == TimeFormat::tmsf ? TimeFormat::msf : handle.timeFormat;
+        handle.timeFormat == TimeFormat::kTmsf ? TimeFormat::kMsf : handle.timeFormat;
     switch (parameters.dwItem) {
         case MCI_STATUS_NUMBER_OF_TRACKS:
             parameters.dwReturn = disc.tracks.size();
@@ -144,10 +144,10 @@ DWORD AnswerStatus(const DriveHandle& handle, DWORD flags, MCI_STATUS_PARMS& par
             return AnswerMode(parameters.dwReturn);
         case MCI_STATUS_MEDIA_PRESENT:
             return AnswerTruth(parameters.dwReturn,
-                               DiscState(Drive.transport, NowMs()) != DriveResult::noDisc);
+                               DiscState(Drive.transport, NowMs()) != DriveResult::kNoDisc);
         case MCI_STATUS_READY:
             return AnswerTruth(parameters.dwReturn,
-                               DiscState(Drive.transport, NowMs()) == DriveResult::done);
+                               DiscState(Drive.transport, NowMs()) == DriveResult::kDone);
         case MCI_STATUS_TIME_FORMAT:
             return AnswerTimeFormat(handle, parameters.dwReturn);
         default:

@@ -21,13 +21,13 @@ extern "C" BOOL WINAPI mciDriverNotify(HANDLE window, UINT device, UINT status);
 static DWORD SetFormat(DriveHandle& handle, DWORD format) {
     switch (format) {
         case MCI_FORMAT_MILLISECONDS:
-            handle.timeFormat = TimeFormat::milliseconds;
+            handle.timeFormat = TimeFormat::kMilliseconds;
             return 0;
         case MCI_FORMAT_MSF:
-            handle.timeFormat = TimeFormat::msf;
+            handle.timeFormat = TimeFormat::kMsf;
             return 0;
         case MCI_FORMAT_TMSF:
-            handle.timeFormat = TimeFormat::tmsf;
+            handle.timeFormat = TimeFormat::kTmsf;
             return 0;
         default:
             return MCIERR_BAD_TIME_FORMAT;
@@ -63,7 +63,7 @@ static DWORD RunPlay(const DriveHandle& handle, DWORD flags, const MCI_PLAY_PARM
     const DiscLayout& disc = Drive.transport.disc;
     // Nobody watches for the end of play unless the caller waits for it.
     if ((flags & MCI_NOTIFY) != 0 && (flags & MCI_WAIT) == 0) return MCIERR_UNSUPPORTED_FUNCTION;
-    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::done)
+    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::kDone)
         return ErrorOfResult(state);
     std::optional<uint32_t> from, to;
     uint32_t sector = 0;
@@ -84,7 +84,7 @@ static DWORD RunPlay(const DriveHandle& handle, DWORD flags, const MCI_PLAY_PARM
 
 static DWORD RunSeek(const DriveHandle& handle, DWORD flags, const MCI_SEEK_PARMS& parameters) {
     const DiscLayout& disc = Drive.transport.disc;
-    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::done)
+    if (const DriveResult state = DiscState(Drive.transport, NowMs()); state != DriveResult::kDone)
         return ErrorOfResult(state);
     uint32_t sector = 0;
     switch (flags & (MCI_SEEK_TO_START | MCI_SEEK_TO_END | MCI_TO)) {
@@ -176,7 +176,7 @@ static void WaitForEndOfPlay() {
         {
             const DriveLock lock = LockDrive();
             RefreshDisc();
-            if (ModeOfDrive(Drive.transport, NowMs()) != DriveMode::playing) return;
+            if (ModeOfDrive(Drive.transport, NowMs()) != DriveMode::kPlaying) return;
         }
         Sleep(20);
     }
@@ -185,9 +185,9 @@ static void WaitForEndOfPlay() {
 static std::string PackedText(uint32_t packed, TimeFormat format) {
     char text[40];
     const unsigned bytes[4] = {packed & 255, packed >> 8 & 255, packed >> 16 & 255, packed >> 24};
-    if (format == TimeFormat::milliseconds)
+    if (format == TimeFormat::kMilliseconds)
         std::snprintf(text, sizeof text, "%u ms", static_cast<unsigned>(packed));
-    else if (format == TimeFormat::msf)
+    else if (format == TimeFormat::kMsf)
         std::snprintf(text, sizeof text, "%02u:%02u:%02u", bytes[0], bytes[1], bytes[2]);
     else
         std::snprintf(text, sizeof text, "%02u:%02u:%02u:%02u", bytes[0], bytes[1], bytes[2],

@@ -8,7 +8,7 @@
 // One opening of the drive; several may share it.
 struct DriveHandle {
     MCIDEVICEID deviceId = 0;
-    TimeFormat timeFormat = TimeFormat::msf;
+    TimeFormat timeFormat = TimeFormat::kMsf;
     bool isOpen = false;
     bool isShareable = false;
 };

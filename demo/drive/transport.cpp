@@ -30,8 +30,8 @@ void CloseDoor(Transport& drive, uint64_t nowMs, uint32_t spinUpMs) {
 }
 
 DriveResult DiscState(const Transport& drive, uint64_t nowMs) {
-    if (!drive.hasDisc || drive.isDoorOpen) return DriveResult::noDisc;
-    return nowMs < drive.readyAtMs ? DriveResult::spinningUp : DriveResult::done;
+    if (!drive.hasDisc || drive.isDoorOpen) return DriveResult::kNoDisc;
+    return nowMs < drive.readyAtMs ? DriveResult::kSpinningUp : DriveResult::kDone;
 }
 
 uint32_t SectorOfDrive(const Transport& drive, uint64_t nowMs) {
@@ -42,10 +42,10 @@ uint32_t SectorOfDrive(const Transport& drive, uint64_t nowMs) {
 }
 
 DriveMode ModeOfDrive(const Transport& drive, uint64_t nowMs) {
-    if (drive.isDoorOpen) return DriveMode::open;
-    if (DiscState(drive, nowMs) != DriveResult::done) return DriveMode::notReady;
+    if (drive.isDoorOpen) return DriveMode::kOpen;
+    if (DiscState(drive, nowMs) != DriveResult::kDone) return DriveMode::kNotReady;
     const bool isPlaying = drive.isPlaying && SectorOfDrive(drive, nowMs) < drive.endSector;
-    return isPlaying ? DriveMode::playing : DriveMode::stopped;
+    return isPlaying ? DriveMode::kPlaying : DriveMode::kStopped;
 }
 
 static void StandAt(Transport& drive, uint32_t sector) {
@@ -63,45 +63,50 @@ static void StartPlay(Transport& drive, uint32_t from, uint32_t to, uint64_t now
 
 DriveResult PlayDisc(Transport& drive, std::optional<uint32_t> from, std::optional<uint32_t> to,
                      uint64_t nowMs) {
-    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::done) return state;
+    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::kDone)
+        return state;
     const uint32_t start = from.value_or(SectorOfDrive(drive, nowMs));
     uint32_t end = to.value_or(drive.disc.sectors);
-    if (start > end || end > drive.disc.sectors) return DriveResult::outOfRange;
+    if (start > end || end > drive.disc.sectors) return DriveResult::kOutOfRange;
     for (const TrackSpan& track : drive.disc.tracks) {
         const uint32_t trackEnd = track.startSector + track.sectors;
         if (track.isAudio || trackEnd <= start) continue;
-        if (track.startSector <= start) return DriveResult::notAudio;
+        if (track.startSector <= start) return DriveResult::kNotAudio;
         end = std::min(end, track.startSector);
     }
     StartPlay(drive, start, end, nowMs);
-    return DriveResult::done;
+    return DriveResult::kDone;
 }
 
 DriveResult PauseDisc(Transport& drive, uint64_t nowMs) {
-    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::done) return state;
-    if (ModeOfDrive(drive, nowMs) == DriveMode::playing) {
+    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::kDone)
+        return state;
+    if (ModeOfDrive(drive, nowMs) == DriveMode::kPlaying) {
         StandAt(drive, SectorOfDrive(drive, nowMs));
         drive.isPaused = true;
     }
-    return DriveResult::done;
+    return DriveResult::kDone;
 }
 
 DriveResult ResumeDisc(Transport& drive, uint64_t nowMs) {
-    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::done) return state;
-    if (!drive.isPaused) return DriveResult::notPaused;
+    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::kDone)
+        return state;
+    if (!drive.isPaused) return DriveResult::kNotPaused;
     StartPlay(drive, drive.position, drive.endSector, nowMs);
-    return DriveResult::done;
+    return DriveResult::kDone;
 }
 
 DriveResult StopDisc(Transport& drive, uint64_t nowMs) {
-    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::done) return state;
+    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::kDone)
+        return state;
     Rewind(drive);
-    return DriveResult::done;
+    return DriveResult::kDone;
 }
 
 DriveResult SeekDisc(Transport& drive, uint32_t sector, uint64_t nowMs) {
-    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::done) return state;
-    if (sector > drive.disc.sectors) return DriveResult::outOfRange;
+    if (const DriveResult state = DiscState(drive, nowMs); state != DriveResult::kDone)
+        return state;
+    if (sector > drive.disc.sectors) return DriveResult::kOutOfRange;
     StandAt(drive, sector);
-    return DriveResult::done;
+    return DriveResult::kDone;
 }

@@ -7,9 +7,9 @@
 
 #include "demo/drive/disc_layout.h"
 
-enum class DriveMode { notReady, open, stopped, playing };
+enum class DriveMode { kNotReady, kOpen, kStopped, kPlaying };
 
-enum class DriveResult { done, noDisc, spinningUp, outOfRange, notAudio, notPaused };
+enum class DriveResult { kDone, kNoDisc, kSpinningUp, kOutOfRange, kNotAudio, kNotPaused };
 
 struct Transport {
     bool isDoorOpen = false;

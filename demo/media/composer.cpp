@@ -132,21 +132,21 @@ static void AddAccompanimentBar(Piece& piece, const Sketch& sketch, int bar) {
     const int root = RootOfBar(sketch, bar);
     const double start = bar * sketch.beatsPerBar;
     switch (sketch.accompaniment) {
-        case Accompaniment::arpeggio:
+        case Accompaniment::kArpeggio:
             AddFigure(piece, sketch, root, start, kUpAndDown, sketch.beatsPerBar * 2);
             break;
-        case Accompaniment::broken:
+        case Accompaniment::kBroken:
             AddFigure(piece, sketch, root, start, kBroken, sketch.beatsPerBar * 2);
             break;
-        case Accompaniment::waltz:
+        case Accompaniment::kWaltz:
             for (int beat = 1; beat < sketch.beatsPerBar; ++beat)
                 AddChord(piece, sketch, root, start + beat, 0.6, 64);
             break;
-        case Accompaniment::march:
+        case Accompaniment::kMarch:
             for (int beat = 1; beat < sketch.beatsPerBar; beat += 2)
                 AddChord(piece, sketch, root, start + beat, 0.4, 70);
             break;
-        case Accompaniment::chords:
+        case Accompaniment::kChords:
             AddChord(piece, sketch, root, start, sketch.beatsPerBar * 0.95, 62);
             break;
     }

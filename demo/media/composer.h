@@ -22,7 +22,7 @@ struct Piece {
     uint8_t programs[4];  // General MIDI programs of channels 0 to 3
 };
 
-enum class Accompaniment { arpeggio, waltz, march, chords, broken };
+enum class Accompaniment { kArpeggio, kWaltz, kMarch, kChords, kBroken };
 
 struct Sketch {
     const char* title;

@@ -36,11 +36,11 @@ static bool FromUnits(const Projector& projector, DWORD position, uint32_t& ms) 
 
 static DWORD AnswerMode(const Projector& projector, DWORD_PTR& answer) {
     switch (ModeOfFilm(projector.transport, NowMs())) {
-        case FilmMode::playing:
+        case FilmMode::kPlaying:
             return AnswerWord(answer, MCI_MODE_PLAY, MCI_MODE_PLAY);
-        case FilmMode::paused:
+        case FilmMode::kPaused:
             return AnswerWord(answer, MCI_MODE_PAUSE, MCI_MODE_PAUSE);
-        case FilmMode::stopped:
+        case FilmMode::kStopped:
             break;
     }
     return AnswerWord(answer, MCI_MODE_STOP, MCI_MODE_STOP);
@@ -281,7 +281,7 @@ static DWORD RunCommand(Projector& projector, UINT message, DWORD flags, void* p
 }
 
 static void WaitForEndOfPlay(Projector& projector) {
-    while (ModeOfFilm(projector.transport, NowMs()) == FilmMode::playing) {
+    while (ModeOfFilm(projector.transport, NowMs()) == FilmMode::kPlaying) {
         ShowFrameOfNow(projector);
         Sleep(10);
     }

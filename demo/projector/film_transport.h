@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <optional>
 
-enum class FilmMode { stopped, playing, paused };
+enum class FilmMode { kStopped, kPlaying, kPaused };
 
 struct FilmTransport {
     uint32_t lengthMs = 0;
-    FilmMode mode = FilmMode::stopped;
+    FilmMode mode = FilmMode::kStopped;
     uint32_t positionMs = 0;  // while playing, where play started
     uint32_t endMs = 0;       // where play is to stop
     uint64_t startedAtMs = 0;

@@ -50,7 +50,7 @@ static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first,
             return 1;
         case WM_TIMER:
             ShowFrameOfNow(*projector);
-            if (ModeOfFilm(projector->transport, NowMs()) != FilmMode::playing)
+            if (ModeOfFilm(projector->transport, NowMs()) != FilmMode::kPlaying)
                 KillTimer(window, kFrameTimer);
             return 0;
         case WM_NCDESTROY:
@@ -156,7 +156,7 @@ void ProjectorFollows(Projector& projector) {
     const FilmTransport& transport = projector.transport;
     StopSound(projector);
     ShowFrameOfNow(projector);
-    if (ModeOfFilm(transport, now) != FilmMode::playing) return;
+    if (ModeOfFilm(transport, now) != FilmMode::kPlaying) return;
     if (projector.window) SetTimer(projector.window, kFrameTimer, kFrameTimerMs, nullptr);
     projector.sound = StartSound(projector, PositionOfFilm(transport, now), transport.endMs);
 }

@@ -68,11 +68,11 @@ const Timbre kTimbreTable[kTimbres] = {
 };
 
 uint8_t TimbreOfProgram(int program) {
-    enum : uint8_t { piano, bells, organ, pluck, bass, strings, brass, flute, lead };
+    enum : uint8_t { kPiano, kBells, kOrgan, kPluck, kBass, kStrings, kBrass, kFlute, kLead };
     // General MIDI names its instruments in families of eight.
-    static const uint8_t kFamilies[16] = {piano,   bells, organ, pluck, bass, strings,
-                                          strings, brass, flute, flute, lead, strings,
-                                          lead,    pluck, bells, lead};
+    static const uint8_t kFamilies[16] = {kPiano,   kBells, kOrgan, kPluck, kBass, kStrings,
+                                          kStrings, kBrass, kFlute, kFlute, kLead, kStrings,
+                                          kLead,    kPluck, kBells, kLead};
     return kFamilies[(program & 127) / 8];
 }
 

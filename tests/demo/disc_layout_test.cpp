@@ -16,7 +16,7 @@ static DiscLayout SmallDisc() {
 
 TEST(DiscLayout, PositionsComeBackToTheSameSectorInEveryFormat) {
     const DiscLayout disc = SmallDisc();
-    for (const TimeFormat format : {milliseconds, msf, tmsf}) {
+    for (const TimeFormat format : {kMilliseconds, kMsf, kTmsf}) {
         for (uint32_t sector = 0; sector <= disc.sectors; ++sector) {
             uint32_t back = 0xFFFFFFFF;
             ASSERT_TRUE(UnpackPosition(disc, PackPosition(disc, sector, format), format, back));
@@ -33,14 +33,14 @@ TEST(DiscLayout, PlacesOffTheDiscAreRefusedAndChangeNothing) {
         bool isOnDisc;
     };
     const Case cases[] = {
-        {tmsf, Packed(0, 0, 0, 0), false},     {tmsf, Packed(5, 0, 0, 0), false},
-        {tmsf, Packed(1, 0, 60, 0), false},    {tmsf, Packed(1, 0, 0, 75), false},
-        {tmsf, Packed(4, 0, 2, 0), true},      {tmsf, Packed(4, 0, 2, 1), false},
-        {tmsf, Packed(2, 0, 0, 0), true},      {tmsf, Packed(1, 1, 0, 0), true},
-        {tmsf, Packed(1, 255, 59, 74), false}, {msf, Packed(0, 1, 74), false},
-        {msf, Packed(1, 14, 74), true},        {msf, Packed(1, 15, 0), false},
-        {milliseconds, 1999, false},           {milliseconds, 2000, true},
-        {milliseconds, 0xFFFFFFFF, false},
+        {kTmsf, Packed(0, 0, 0, 0), false},     {kTmsf, Packed(5, 0, 0, 0), false},
+        {kTmsf, Packed(1, 0, 60, 0), false},    {kTmsf, Packed(1, 0, 0, 75), false},
+        {kTmsf, Packed(4, 0, 2, 0), true},      {kTmsf, Packed(4, 0, 2, 1), false},
+        {kTmsf, Packed(2, 0, 0, 0), true},      {kTmsf, Packed(1, 1, 0, 0), true},
+        {kTmsf, Packed(1, 255, 59, 74), false}, {kMsf, Packed(0, 1, 74), false},
+        {kMsf, Packed(1, 14, 74), true},        {kMsf, Packed(1, 15, 0), false},
+        {kMilliseconds, 1999, false},           {kMilliseconds, 2000, true},
+        {kMilliseconds, 0xFFFFFFFF, false},
     };
     for (const Case& c : cases) {
         uint32_t sector = 4711;
@@ -49,12 +49,12 @@ TEST(DiscLayout, PlacesOffTheDiscAreRefusedAndChangeNothing) {
         EXPECT_EQ(sector == 4711, !c.isOnDisc);
     }
     uint32_t sector = 4711;
-    EXPECT_FALSE(UnpackPosition(DiscLayout(), Packed(1, 0, 0, 0), tmsf, sector));
+    EXPECT_FALSE(UnpackPosition(DiscLayout(), Packed(1, 0, 0, 0), kTmsf, sector));
 }
 
 TEST(DiscLayout, LengthsBeyond255MinutesStayAtTheLargestThatFits) {
     const uint32_t longest = (256 * 60) * kSectorsPerSecond - 1;
-    EXPECT_EQ(PackLength(longest, msf), Packed(255, 59, 74));
-    EXPECT_EQ(PackLength(longest + 1, msf), Packed(255, 59, 74));
-    EXPECT_EQ(PackLength(199U * 4000 * 60 * kSectorsPerSecond, msf), Packed(255, 59, 74));
+    EXPECT_EQ(PackLength(longest, kMsf), Packed(255, 59, 74));
+    EXPECT_EQ(PackLength(longest + 1, kMsf), Packed(255, 59, 74));
+    EXPECT_EQ(PackLength(199U * 4000 * 60 * kSectorsPerSecond, kMsf), Packed(255, 59, 74));
 }

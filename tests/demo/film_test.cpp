@@ -135,23 +135,23 @@ TEST(FilmTransport, KeepsItsPlace) {
     film.lengthMs = 3000;
     uint64_t now = 100000;
     ASSERT_TRUE(PlayFilm(film, 500, std::nullopt, now));
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::playing);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kPlaying);
     EXPECT_EQ(PositionOfFilm(film, now += 700), 1200U);
     PauseFilm(film, now);
     EXPECT_EQ(PositionOfFilm(film, now += 5000), 1200U);
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::paused);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kPaused);
 
     // While paused it can be sent elsewhere and stays there; played on, it goes to the end.
     ASSERT_TRUE(PlayFilm(film, 2000, 2000, now));
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::stopped);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kStopped);
     ASSERT_TRUE(PlayFilm(film, std::nullopt, std::nullopt, now += 50));
     EXPECT_EQ(PositionOfFilm(film, now + 400), 2400U);
-    EXPECT_EQ(ModeOfFilm(film, now += 1000), FilmMode::stopped);
+    EXPECT_EQ(ModeOfFilm(film, now += 1000), FilmMode::kStopped);
     EXPECT_EQ(PositionOfFilm(film, now += 1000), 3000U);
 
     // A pause comes too late for a film that has ended; going on goes to the end asked for.
     PauseFilm(film, now);
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::stopped);
+    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kStopped);
     EXPECT_FALSE(ResumeFilm(film, now));
     ASSERT_TRUE(PlayFilm(film, 0, 1000, now));
     PauseFilm(film, now += 300);

@@ -33,8 +33,8 @@ function(tarnwell_native_test name)
   endif()
 endfunction()
 
-# tarnwell_windows_test(name sources...): cases over the product's parts, run under Wine on a desktop.
-# Does nothing in a native build.
+# tarnwell_windows_test(name sources...): cases over the product's parts, run under Wine on a
+# desktop. Does nothing in a native build.
 function(tarnwell_windows_test name)
   if(WIN32)
     add_executable(${name} ${ARGN})
@@ -45,8 +45,8 @@ function(tarnwell_windows_test name)
 endfunction()
 
 # tarnwell_desktop_test(name [CLOSED] [DPI n] [SCREEN geometry] [FILTER pattern] [EXECUTABLE path]
-# PROGRAM target): runs a program that drives the product (this build's, or the given one) from outside, on a
-# fresh desktop and with nothing beside it.
+# PROGRAM target): runs a program that drives the product (this build's, or the given one) from
+# outside, on a fresh desktop and with nothing beside it.
 # Does nothing where the product is not built.
 function(tarnwell_desktop_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "CLOSED" "DPI;SCREEN;FILTER;EXECUTABLE;PROGRAM" "")

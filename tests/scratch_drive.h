@@ -5,7 +5,8 @@
 
 constexpr char kScratchLetter = 't';
 
-// Makes a directory of drive C:, its name spelt as it is stored, the drive t:. False where that is not possible.
+// Makes a directory of drive C:, its name spelt as it is stored, the drive t:. False where that is
+// not possible.
 bool MakeScratchDrive(const std::string& directory);
 void RemoveScratchDrive();
 

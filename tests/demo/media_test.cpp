@@ -10,7 +10,6 @@
 #include "demo/media/catalogue_maker.h"
 #include "demo/media/disc_maker.h"
 #include "demo/media/midi_maker.h"
-#include "demo/media/video_maker.h"
 #include "demo/media/wave_maker.h"
 #include "tests/database/memory_files.h"
 
@@ -106,49 +105,6 @@ TEST(DemoMedia, MidiTracksEndTogetherWithEveryNoteReleased) {
             at += 8 + size;
         }
         EXPECT_EQ(at, file.size()) << midi.fileName;
-    }
-}
-
-// The pixels that one run-length coded picture fills, and -1 when a run leaves its row.
-static int CodedRows(const Bytes& file, size_t at, size_t size, int width) {
-    int rows = 0, column = 0;
-    for (size_t i = at; i + 1 < at + size; i += 2) {
-        if (file.at(i) != 0) {
-            column += file.at(i);
-            continue;
-        }
-        if (column != width) return -1;
-        column = 0;
-        ++rows;
-        if (file.at(i + 1) == 1) return i + 2 == at + size ? rows : -1;
-    }
-    return -1;
-}
-
-TEST(DemoMedia, CartoonIndexLeadsToEveryPictureAndSound) {
-    for (const bool runLength : {false, true}) {
-        const Cartoon cartoon = {160, 120, 12, 15, runLength};
-        const Bytes file = PackCartoon(cartoon, std::vector<int16_t>(22050, 99));
-        EXPECT_EQ(Little(file, 4, 4) + 8, file.size());
-        const std::string text(file.begin(), file.end());
-        const size_t movie = text.find("movi");
-        const size_t index = text.rfind("idx1");
-        ASSERT_EQ(Little(file, index + 4, 4), 24U * 16);
-        for (size_t entry = 0; entry < 24; ++entry) {
-            const size_t at = index + 8 + entry * 16;
-            const size_t chunk = movie + Little(file, at + 8, 4);
-            const size_t size = Little(file, at + 12, 4);
-            EXPECT_EQ(text.substr(at, 4), text.substr(chunk, 4));
-            EXPECT_EQ(Little(file, chunk + 4, 4), size);
-            const char* name = entry % 2 == 1 ? "01wb" : runLength ? "00dc" : "00db";
-            EXPECT_EQ(text.substr(chunk, 4), name);
-            if (entry % 2 == 1)
-                EXPECT_EQ(size, 22050U / 15 * 2);
-            else if (runLength)
-                EXPECT_EQ(CodedRows(file, chunk + 8, size, 160), 120);
-            else
-                EXPECT_EQ(size, 160U * 120);
-        }
     }
 }
 

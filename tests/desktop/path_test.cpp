@@ -6,15 +6,22 @@
 
 using PathTest = DesktopTest;
 
-static void DoubleClickEntry(HWND list, const std::string& text) {
-    const std::vector<std::string> texts = ListTexts(list);
-    const auto index = std::find(texts.begin(), texts.end(), text) - texts.begin();
-    ASSERT_LT(index, std::ssize(texts)) << text;
-    const auto height = static_cast<LONG>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
-    POINT at = {height, static_cast<LONG>(index) * height + height / 2};
-    ClientToScreen(list, &at);
-    ClickMouse(at);
-    ClickMouse(at);
+// Again, should the dialog not have been on the screen yet.
+static bool DoubleClickUntil(HWND list, const std::string& text,
+                             const std::function<bool()>& condition) {
+    return WaitUntil([&] {
+        const std::vector<std::string> texts = ListTexts(list);
+        const auto index = std::find(texts.begin(), texts.end(), text) - texts.begin();
+        const auto height = static_cast<LONG>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
+        POINT at = {height, static_cast<LONG>(index) * height + height / 2};
+        ClientToScreen(list, &at);
+        if (index < std::ssize(texts)) {
+            SetForegroundWindow(GetParent(list));
+            ClickMouse(at);
+            ClickMouse(at);
+        }
+        return WaitUntil(condition, 1500);
+    });
 }
 
 TEST_F(PathTest, BrowseByMouseAndKeyboard) {
@@ -40,8 +47,8 @@ TEST_F(PathTest, BrowseByMouseAndKeyboard) {
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(Shown(IDC_STATUS), "Stopped!");
     EXPECT_EQ(Shown(IDC_FILE_NAME), "Stopped!");
-    DoubleClickEntry(Control(dialog, IDC_PATH_DIRECTORIES), "[below]");
-    EXPECT_TRUE(WaitForText(dialog, IDC_PATH_LOCATION, below));
+    EXPECT_TRUE(DoubleClickUntil(Control(dialog, IDC_PATH_DIRECTORIES), "[below]",
+                                 [&] { return Text(dialog, IDC_PATH_LOCATION) == below; }));
     EXPECT_TRUE(lists({"b.wav", "c.wav"}));
     PressKey('S', VK_MENU);
     HWND search = WaitForDialog(player, "Search for Wave files on drive C:");

@@ -14,10 +14,10 @@ constexpr SIZE kLarge = {400, 300};
 
 class VideoTest : public DesktopTest {
 protected:
-    // A film of 15 pictures a second, with a tone.
+    // A film of 15 pictures a second, with a tone; larger ones are run-length coded.
     void AddFilm(const std::string& name, const SIZE& size, int frames) {
         const bool quickTime = name.ends_with(".mov");
-        const Cartoon cartoon = {size.cx, size.cy, frames, 15, !quickTime};
+        const Cartoon cartoon = {size.cx, size.cy, frames, 15, size.cx > kSmall.cx};
         std::vector<int16_t> tone(22050 / 15 * static_cast<size_t>(frames));
         for (size_t i = 0; i < tone.size(); ++i)
             tone[i] = static_cast<int16_t>(8000 * std::sin(static_cast<double>(i) * 0.125));

@@ -1,12 +1,7 @@
-// A virtual CD drive: an MCI driver for the device type cdaudio. The system loads it as vdrive.dll
-// and reaches it through DriverProc. For trying and testing only.
-#include <windows.h>
-
-#include <mmsystem.h>
-
-#include <mmddk.h>
-
+// A virtual CD drive: an MCI driver for the device type cdaudio. The system loads it as
+// vdrive.dll. For trying and testing only.
 #include "demo/device/device_options.h"
+#include "demo/device/mci_driver.h"
 #include "demo/drive/drive_state.h"
 #include "demo/drive/mci_commands.h"
 
@@ -19,18 +14,6 @@
 const wchar_t kOptionsKey[] = L"Software\\Tarnwell Virtual Drive";
 const wchar_t kOptionsPrefix[] = L"TARNWELL_DRIVE_";
 
-// What DRV_OPEN returns when the system only wants to know that the driver is there.
-static constexpr DWORD_PTR kNoHandle = 1;
-
-static LRESULT OpenHandle(MCI_OPEN_DRIVER_PARMS* parameters) {
-    if (!parameters) return kNoHandle;
-    auto* handle = new DriveHandle;
-    handle->deviceId = parameters->wDeviceID;
-    parameters->wType = MCI_DEVTYPE_CD_AUDIO;
-    parameters->wCustomCommandTable = MCI_NO_COMMAND_TABLE;
-    return reinterpret_cast<LRESULT>(handle);
-}
-
 // The sound's thread may outlive the last handle: the library stays loaded to the end of the
 // process.
 static void StayLoaded() {
@@ -39,28 +22,20 @@ static void StayLoaded() {
                        reinterpret_cast<const char*>(&StayLoaded), &self);
 }
 
-extern "C" LRESULT WINAPI DriverProc(DWORD_PTR id, HDRVR driver, UINT message, LPARAM first,
-                                     LPARAM second) {
-    if (message >= DRV_RESERVED && message < DRV_USER && id > kNoHandle)
-        return static_cast<LRESULT>(RunMciCommand(*reinterpret_cast<DriveHandle*>(id), message,
-                                                  static_cast<DWORD>(first),
-                                                  reinterpret_cast<void*>(second)));
-    switch (message) {
-        case DRV_LOAD:
-            StayLoaded();
-            return 1;
-        case DRV_OPEN:
-            return OpenHandle(reinterpret_cast<MCI_OPEN_DRIVER_PARMS*>(second));
-        case DRV_CLOSE:
-            if (id > kNoHandle) delete reinterpret_cast<DriveHandle*>(id);
-            return 1;
-        case DRV_ENABLE:
-        case DRV_DISABLE:
-        case DRV_FREE:
-            return 1;
-        default:
-            return DefDriverProc(id, driver, message, first, second);
-    }
+void* OpenDeviceHandle(MCI_OPEN_DRIVER_PARMS& parameters) {
+    StayLoaded();
+    auto* handle = new DriveHandle;
+    handle->deviceId = parameters.wDeviceID;
+    parameters.wType = MCI_DEVTYPE_CD_AUDIO;
+    return handle;
+}
+
+void CloseDeviceHandle(void* handle) {
+    delete static_cast<DriveHandle*>(handle);
+}
+
+DWORD RunDeviceCommand(void* handle, UINT message, DWORD flags, void* parameters) {
+    return RunMciCommand(*static_cast<DriveHandle*>(handle), message, flags, parameters);
 }
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void* isProcessEnding) {

@@ -209,8 +209,11 @@ TEST_F(VideoPlayerTest, NoEndlessRowOfBoxesAndNothingLeftRunning) {
     // Stop comes between a film that failed and the next one.
     TheMci.picture = kSmall;
     FailCall(0);
+    MediaDevice.playAndExit = true;
     Play(0, 1);
+    EXPECT_TRUE(MediaDevice.playAndExit);
     Command(IDC_STOP);
+    EXPECT_FALSE(MediaDevice.playAndExit);
     EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
 }
 

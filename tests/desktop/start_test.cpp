@@ -213,10 +213,10 @@ TEST_F(StartTest, SettingsHaveTheirEffect) {
         EXPECT_GE(changes, each.fewest);
         EXPECT_LE(changes, each.most);
         Command(player.window, IDC_STOP);
-        ASSERT_TRUE(WaitUntil([] { return AudibleMs(1500) == 0; }));
+        ASSERT_TRUE(!clicked || WaitUntil([] { return AudibleMs(1500) == 0; }));
         Command(player.window, IDC_EXIT);
         ASSERT_EQ(ExitCode(player), 0);
-        EXPECT_EQ(WaitUntil([] { return AudibleMs(1500) > 400; }, 1000), clicked)
+        EXPECT_TRUE(!clicked || WaitUntil([] { return AudibleMs(1500) > 400; }, 1000))
             << "the last sound is cut off";
         // Not in the file so far.
         EXPECT_EQ(GetSetting(player, "CaseSensitive", "SEARCH"), "FALSE");

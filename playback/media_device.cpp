@@ -19,6 +19,10 @@
 MediaDeviceState MediaDevice;
 DriverFlags DriverAvailable;
 
+// The thread in which the platform plays a film may leave after Stop has returned, and still uses
+// the device then: a close in that moment would end the program.
+constexpr DWORD kFilmLeavesMs = 50;
+
 bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters) {
     if (!MediaDevice.open) return false;
     const MCIERROR error =
@@ -117,6 +121,7 @@ void StopAndReset(HWND window) {
     if (MediaDevice.open) {
         MCI_GENERIC_PARMS generic = {};
         Mci.send(MediaDevice.id, MCI_STOP, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
+        if (CurrentMode().showsVideo) Sleep(kFilmLeavesMs);
         Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         ForgetDevice();
         ShowStatus(window, "Ready");

@@ -277,13 +277,15 @@ void MoveMouse(POINT at) {
     SetCursorPos(at.x, at.y);
 }
 
+// Place and press in one event: nothing can come between them.
 void HoldMouse(POINT at) {
     MoveMouse(at);
-    WaitUntil([&] {
-        POINT now = {};
-        return GetCursorPos(&now) && now.x == at.x && now.y == at.y;
-    });
-    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    const auto share = [](LONG pixel, int metric) {
+        const int size = GetSystemMetrics(metric);
+        return static_cast<DWORD>((static_cast<int64_t>(pixel) * 65536 + size - 1) / size);
+    };
+    mouse_event(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | MOUSEEVENTF_LEFTDOWN,
+                share(at.x, SM_CXSCREEN), share(at.y, SM_CYSCREEN), 0, 0);
 }
 
 void ReleaseMouse() {

@@ -8,23 +8,15 @@
 #include "companion/player_ini.h"
 #include "companion/xmcd.h"
 #include "database/database_format.h"
+#include "tests/companion/import_log.h"
 
 static void Require(bool condition) {
     if (!condition) abort();
 }
 
-static void RequireText(const std::string& text) {
-    Require(text.size() <= kMaxTextBytes && text.find('\0') == std::string::npos);
-}
-
 static void RequireDisc(const Disc& disc) {
     Require(disc.toc.trackCount >= 1 && disc.toc.trackCount <= kMaxTracks);
-    for (const auto text : {&EntryFields::artist, &EntryFields::discName, &EntryFields::category,
-                            &EntryFields::label, &EntryFields::notes, &EntryFields::yearReleased}) {
-        RequireText(disc.fields.*text);
-    }
-    for (const std::string& name : disc.fields.trackNames)
-        RequireText(name);
+    // Texts that were too long or held a zero byte would come back shorter.
     Disc decoded;
     const auto bytes = EncodeEntry(disc.toc, disc.fields, kHeaderBytes);
     Require(DecodeEntry(bytes.data(), bytes.size(), decoded.toc, decoded.fields) ==
@@ -33,33 +25,20 @@ static void RequireDisc(const Disc& disc) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const CodePage page = [] {
-        CodePage loaded;
-        Require(LoadCodePage(kDefaultCodePage, loaded));
-        return loaded;
-    }();
     if (size == 0) return 0;
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
     const auto ignore = [](const std::string&, const std::string&) {};
     const DiscSink sink = {[](const Disc& disc, const std::string&) { RequireDisc(disc); }, ignore,
                            ignore};
     SourceFault fault;
-    switch (data[0] % 4) {
-        case 0:
-            ReadCsv(text, page, sink, fault);
-            break;
-        case 1:
-            ReadJson(text, page, sink, fault);
-            break;
-        case 2:
-            ReadXmcd(text, page, sink, fault);
-            break;
-        default: {
-            SectionLengths lengths;
-            ReadSectionLengths(text, lengths, fault);
-            if (lengths.empty()) lengths["A"] = {1, 2};
-            ReadPlayerIni(text, page, lengths, sink);
-        }
+    const int kind = data[0] % 4;
+    if (kind < 3) {
+        (kind == 0 ? ReadCsv : kind == 1 ? ReadJson : ReadXmcd)(text, WesternPage(), sink, fault);
+    } else {
+        SectionLengths lengths;
+        ReadSectionLengths(text, lengths, fault);
+        if (lengths.empty()) lengths["A"] = {1, 2};
+        ReadPlayerIni(text, WesternPage(), lengths, sink);
     }
     return 0;
 }

@@ -8,18 +8,20 @@
 #include "companion/disc.h"
 
 struct ImportLog {
+    bool taken = false;
+    SourceFault fault;
     std::vector<Disc> discs;
     std::vector<std::string> warnings;
     std::vector<std::string> refusals;
 
     DiscSink Sink() {
+        const auto noteIn = [](std::vector<std::string>& lines) {
+            return [&lines](const std::string& where, const std::string& what) {
+                lines.push_back(where + ": " + what);
+            };
+        };
         return {[this](const Disc& disc, const std::string&) { discs.push_back(disc); },
-                [this](const std::string& where, const std::string& what) {
-                    warnings.push_back(where + ": " + what);
-                },
-                [this](const std::string& where, const std::string& why) {
-                    refusals.push_back(where + ": " + why);
-                }};
+                noteIn(warnings), noteIn(refusals)};
     }
 };
 
@@ -30,4 +32,12 @@ inline const CodePage& WesternPage() {
         return loaded;
     }();
     return page;
+}
+
+// Gives the text to ReadCsv, ReadJson or ReadXmcd.
+template <typename Reader>
+ImportLog Import(Reader read, const std::string& text) {
+    ImportLog log;
+    log.taken = read(text, WesternPage(), log.Sink(), log.fault);
+    return log;
 }

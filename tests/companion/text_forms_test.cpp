@@ -29,148 +29,104 @@ static std::vector<Disc> ManyDiscs() {
 
 static std::string AsCsv(const std::vector<Disc>& discs, CsvForm form) {
     std::string text = CsvHeader(form);
-    for (size_t i = 0; i < discs.size(); ++i) {
+    for (size_t i = 0; i < discs.size(); ++i)
         text += CsvLines(form, discs[i], static_cast<int>(i) + 1, WesternPage());
-    }
     return text;
 }
 
 static std::string AsJson(const std::vector<Disc>& discs) {
-    std::string text = JsonStart();
-    for (const Disc& disc : discs) {
-        if (&disc != &discs.front()) text += JsonBetween();
-        text += JsonDisc(disc, WesternPage());
-    }
+    std::string text;
+    for (const Disc& disc : discs)
+        text += (text.empty() ? JsonStart() : JsonBetween()) + JsonDisc(disc, WesternPage());
     return text + JsonEnd();
 }
 
 TEST(TextForms, ExportedDiscsComeBackExactly) {
     const std::vector<Disc> discs = ManyDiscs();
-    ImportLog csv;
-    ImportLog json;
-    SourceFault fault;
-    EXPECT_TRUE(ReadCsv(AsCsv(discs, CsvForm::kTracks), WesternPage(), csv.Sink(), fault));
-    EXPECT_TRUE(ReadJson(AsJson(discs), WesternPage(), json.Sink(), fault)) << fault.what;
-    for (const ImportLog& log : {csv, json}) {
-        EXPECT_TRUE(log.discs == discs);
+    for (const ImportLog& log :
+         {Import(ReadCsv, AsCsv(discs, CsvForm::kTracks)), Import(ReadJson, AsJson(discs))}) {
+        EXPECT_TRUE(log.taken && log.discs == discs) << log.fault.what;
         EXPECT_THAT(log.warnings, IsEmpty());
         EXPECT_THAT(log.refusals, IsEmpty());
     }
 }
 
-TEST(TextForms, OneLineADiscIsRefusedWithTheFormThatIsNeeded) {
-    ImportLog log;
-    SourceFault fault;
-    EXPECT_FALSE(ReadCsv(AsCsv(ManyDiscs(), CsvForm::kDiscs), WesternPage(), log.Sink(), fault));
-    EXPECT_THAT(fault.what, HasSubstr("--tracks"));
-    EXPECT_THAT(log.discs, IsEmpty());
-}
-
 TEST(TextForms, ColumnsStandInAnyOrderAndTextsMayBeMissing) {
-    ImportLog log;
-    SourceFault fault;
-    ASSERT_TRUE(
-        ReadCsv("\xEF\xBB\xBFseconds,artist,track,track name\n60,A,1,x\n61,A,2,y\n\n"
-                "70,B,1,z\n",
-                WesternPage(), log.Sink(), fault));
-    ASSERT_EQ(log.discs.size(), 2u);
+    const ImportLog log = Import(ReadCsv,
+                                 "\xEF\xBB\xBFseconds,artist,track,,,track name\n60,A,1,,,x\n"
+                                 "61,A,2,,,y\n\n70,B,1,,,z\n");
+    ASSERT_EQ(log.discs.size(), 2u) << log.fault.what;
     EXPECT_EQ(log.discs[0].toc.totalSeconds, 121);
     EXPECT_EQ(log.discs[0].fields.trackNames[1], "y");
     EXPECT_EQ(log.discs[1].fields.artist, "B");
 }
 
-// Every field is looked for where its column stands in the header line, so a line may never have
-// fewer fields than that.
-TEST(TextForms, AColumnStandsOnceUnlessItHasNoName) {
-    ImportLog log;
-    SourceFault fault;
-    EXPECT_FALSE(ReadCsv("track,seconds,notes,seconds,artist\n1,60,n,60,A\n", WesternPage(),
-                         log.Sink(), fault));
-    EXPECT_THAT(fault.what, HasSubstr("\"seconds\""));
-    EXPECT_FALSE(ReadCsv("track,seconds,,,artist\n1,60,,A\n", WesternPage(), log.Sink(), fault));
-    EXPECT_EQ(fault.where, "line 2");
-    ASSERT_TRUE(ReadCsv("track,seconds,,,artist\n1,60,,,A\n", WesternPage(), log.Sink(), fault));
-    EXPECT_EQ(log.discs.at(0).fields.artist, "A");
-}
-
-TEST(TextForms, CsvFaultsAreFoundByLineAndColumn) {
+TEST(TextForms, CsvFaultsAreFoundByTheirPlace) {
+    const std::string header = "track,seconds\r\n";
     const struct {
-        const char* lines;
-        const char* where;
+        std::string text;
+        const char *where, *what;
     } cases[] = {
-        {"1,6\n1,\"d\n\ne", "line 3, column 3"},  // never closed
-        {"\"1\n2\",\"c", "line 3, column 4"},
-        {"1,\"6\"0\n", "line 2, column 6"},  // behind the closing quote
-        {"1,6\"0\n", "line 2, column 4"},    // inside a plain field
+        {header + "1,6\n1,\"d\n\ne", "line 3, column 3", ""},  // never closed
+        {header + "\"1\n2\",\"c", "line 3, column 4", ""},
+        {header + "1,\"6\"0\n", "line 2, column 6", ""},  // behind the closing quote
+        {header + "1,6\"0\n", "line 2, column 4", ""},    // inside a plain field
+        {"track,seconds,notes,seconds\n1,60,n,60\n", "line 1", "\"seconds\""},
+        // Every field is looked for where its column stands in the header line, so no line may have
+        // fewer fields.
+        {"track,seconds,,,artist\n1,60,,A\n", "line 2", ""},
+        {AsCsv(ManyDiscs(), CsvForm::kDiscs), "line 1", "--tracks"},
     };
     for (const auto& item : cases) {
-        ImportLog log;
-        SourceFault fault;
-        const std::string text = std::string("track,seconds\r\n") + item.lines;
-        EXPECT_FALSE(ReadCsv(text, WesternPage(), log.Sink(), fault)) << item.lines;
-        EXPECT_EQ(fault.where, item.where) << item.lines;
+        const ImportLog log = Import(ReadCsv, item.text);
+        EXPECT_FALSE(log.taken) << item.text;
+        EXPECT_EQ(log.fault.where, item.where) << item.text;
+        EXPECT_THAT(log.fault.what, HasSubstr(item.what));
+        EXPECT_THAT(log.discs, IsEmpty());
     }
 }
 
 TEST(TextForms, AWrongDiscIsRefusedAndTheOthersAreTaken) {
-    const struct {
-        const char* lines;
-        const char* why;
-    } cases[] = {
+    const std::pair<std::string, const char*> csvCases[] = {
         {"1,2,60,,\n", "line 2: track 1"},
         {"1,1,65536,,\n", "seconds"},
         {"1,1,-1,,\n", "seconds"},
         {"1,1,60,DDDD,\n", "recording"},
         {"1,1,60,,\n1,3,60,,\n", "line 3: track 2"},
     };
-    for (const auto& item : cases) {
-        ImportLog log;
-        SourceFault fault;
-        const std::string text =
-            std::string("disc,track,seconds,recording,notes\n") + item.lines + "2,1,99,DDD,good\n";
-        ASSERT_TRUE(ReadCsv(text, WesternPage(), log.Sink(), fault)) << item.lines;
-        EXPECT_THAT(log.refusals, ElementsAre(HasSubstr(item.why))) << item.lines;
-        ASSERT_EQ(log.discs.size(), 1u) << item.lines;
+    for (const auto& [lines, why] : csvCases) {
+        const std::string text = "disc,track,seconds,recording,notes\n" + lines;
+        const ImportLog log = Import(ReadCsv, text + "2,1,99,DDD,good\n");
+        EXPECT_THAT(log.refusals, ElementsAre(HasSubstr(why))) << lines;
+        ASSERT_EQ(log.discs.size(), 1u) << lines;
         EXPECT_EQ(log.discs[0].fields.notes, "good");
     }
-}
-
-TEST(TextForms, JsonFaultsAreFoundAndWrongDiscsRefused) {
-    const auto document = [](const std::string& discs) {
-        return "{\"version\": 1, \"discs\": [" + discs + "]}";
-    };
+    const std::string start = R"({"version": 1, "discs": [)";
     const std::string good = R"({"artist": "x", "tracks": [{"name": "n", "seconds": 5}]})";
-    for (const std::string& broken :
-         {std::string(), std::string("[]"), std::string("{\"version\": 2, \"discs\": []}"),
-          document(good + ",1e99999"), document(good + ",\n  {\"artist\": }"),
-          document(good).substr(0, 40)}) {
-        ImportLog log;
-        SourceFault fault;
-        EXPECT_FALSE(ReadJson(broken, WesternPage(), log.Sink(), fault)) << broken;
-        EXPECT_THAT(log.discs, IsEmpty()) << broken;
-        EXPECT_FALSE(fault.what.empty());
-    }
     for (const char* wrong :
          {R"({"tracks": []})", "7", R"({"artist": 7, "tracks": [{"name": "n", "seconds": 5}]})",
           R"({"tracks": [{"name": "n", "seconds": 65536}]})", R"({"tracks": [5]})",
           R"({"type": "LP", "tracks": [{"name": "n", "seconds": 5}]})",
           R"({"totalSeconds": -1, "tracks": [{"name": "n", "seconds": 5}]})"}) {
-        ImportLog log;
-        SourceFault fault;
-        EXPECT_TRUE(
-            ReadJson(document(std::string(wrong) + "," + good), WesternPage(), log.Sink(), fault))
-            << wrong << fault.what;
+        const ImportLog log = Import(ReadJson, start + wrong + "," + good + "]}");
+        EXPECT_TRUE(log.taken) << wrong << log.fault.what;
         EXPECT_EQ(log.discs.size(), 1u) << wrong;
         EXPECT_EQ(log.refusals.size(), 1u) << wrong;
+    }
+    for (const std::string& broken :
+         {std::string(), std::string("[]"), std::string(R"({"version": 2, "discs": []})"),
+          start + good + ",1e99999]}", start + good + ",\n  {\"artist\": }]}",
+          (start + good).substr(0, 40)}) {
+        const ImportLog log = Import(ReadJson, broken);
+        EXPECT_FALSE(log.taken || log.fault.what.empty()) << broken;
+        EXPECT_THAT(log.discs, IsEmpty()) << broken;
     }
 }
 
 TEST(TextForms, WhatDoesNotFitIsToldAndNeverSilent) {
-    ImportLog log;
-    SourceFault fault;
-    const std::string text =
-        "artist,notes,track,seconds\n\u4E2D,\"" + std::string(300, 'n') + "\",1,60\n";
-    ASSERT_TRUE(ReadCsv(text, WesternPage(), log.Sink(), fault));
+    const ImportLog log = Import(
+        ReadCsv, "artist,notes,track,seconds\n\u4E2D,\"" + std::string(300, 'n') + "\",1,60\n");
+    ASSERT_TRUE(log.taken);
     EXPECT_THAT(log.warnings,
                 ElementsAre(HasSubstr("artist: 1 character"), HasSubstr("notes: cut at 254")));
     EXPECT_EQ(log.discs[0].fields.artist, "?");

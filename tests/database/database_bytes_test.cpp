@@ -1,36 +1,23 @@
-// The database file byte by byte, as another program would read it.
+// The database file byte by byte, as another program would read it, and a long random life of it
+// beside a plain list of discs.
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <algorithm>
+#include <cstring>
 
 #include "database/database_changes.h"
 #include "database/database_file.h"
 #include "database/database_format.h"
+#include "database/database_sort.h"
 #include "database/disc_lookup.h"
 #include "memory_files.h"
 #include "sample_discs.h"
-#ifdef _WIN32
-#include <filesystem>
-#include <fstream>
 
-#include "base/app_directory.h"
-#endif
-
-static std::string Hex(const char* digits) {
-    std::istringstream words(digits);
-    std::string bytes;
-    for (int byte = 0; words >> std::hex >> byte;)
-        bytes.push_back(static_cast<char>(byte));
-    return bytes;
-}
-
-static void Append(const Disc& disc) {
+static std::string Appended(const Disc& disc) {
+    StartOnDisk(DiskWith(DatabaseImage({})));
     CopyDiscToc(disc.toc);
-    ASSERT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
-}
-
-static void ExpectOnDisk(const std::string& bytes) {
-    EXPECT_EQ(DiskAfterEnd(), MemorySnapshot({{kDatabaseName, bytes}}));
+    EXPECT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
+    return Database();
 }
 
 TEST(DatabaseBytes, EmptyFileAndFirstEntry) {
@@ -38,38 +25,24 @@ TEST(DatabaseBytes, EmptyFileAndFirstEntry) {
     CopyDiscToc(SampleDisc(1, 2).toc);
     EXPECT_EQ(AppendEntry({}), DatabaseResult::kCannotOpen);
     EnsureDatabase();
-    ExpectOnDisk(std::string("\xFFQMR\0\n\0\0", 8));
+    EXPECT_EQ(DiskAfterEnd(), DiskWith(std::string("\xFFQMR\0\n\0\0", 8)));
 
     Disc disc;
-    disc.toc.trackCount = 2;
-    disc.toc.totalSeconds = 0x0203;
-    disc.toc.lengthSeconds[0] = 0x0102;
-    disc.toc.lengthSeconds[1] = 0x0101;
-    disc.fields.trackNames[0] = "One";
-    disc.fields.artist = "A\xE4";
-    disc.fields.discName = "D";
-    disc.fields.notes = "x\r\ny";
-    disc.fields.recordingCode = 2;
-    disc.fields.discType = 3;
-    disc.fields.discSize = 0;
-    disc.fields.yearReleased = "'84";
-    Append(disc);
-    ExpectOnDisk(
-        Hex("FF 51 4D 52 00 0A 01 00 "
-            "33 00 00 00 27 00 03 02 02 01 02 "
-            "03 4F 6E 65 02 01 00 01 01 "
-            "02 41 E4 01 44 00 00 04 78 0D 0A 79 02 03 00 03 27 38 34 "
-            "08 00 00 00"));
+    disc.toc = {2, 0x0203, {0x0102, 0x0101}};
+    disc.fields = {{"One"}, "A\xE4", "D", "", "", "x\r\ny", "'84", 2, 3, 0};
+    EXPECT_EQ(Appended(disc),
+              std::string("\xFFQMR\0\n\1\0\x33\0\0\0\x27\0\3\2\2\1\2\3One\2\1\0\1\1\2A\xE4\1D\0\0\4"
+                          "x\r\ny\2\3\0\3'84\x08\0\0\0",
+                          51));
 
     // Texts too long are cut, and a zero byte ends them.
-    StartOnDisk({{kDatabaseName, DatabaseImage({})}});
     disc = SampleDisc(1, 1);
     disc.fields.artist.assign(300, 'a');
     disc.fields.label = std::string("ab\0cd", 5);
-    Append(disc);
+    const std::string cut = Appended(disc);
     disc.fields.artist.resize(254);
     disc.fields.label = "ab";
-    ExpectOnDisk(DatabaseImage({disc}));
+    EXPECT_EQ(cut, DatabaseImage({disc}));
 }
 
 // A record that held the largest disc before is the same as a new one, also where the bytes end.
@@ -86,49 +59,79 @@ TEST(DatabaseBytes, NothingOfTheDiscBeforeIsLeft) {
     }
 }
 
-#ifdef _WIN32
-namespace fs = std::filesystem;
+// Everything the readers say about one disc of the list.
+static void ExpectReadable(const std::vector<Disc>& discs, size_t index) {
+    const Disc& disc = discs[index];
+    const std::vector<uint32_t> starts = EntryStarts(discs);
+    NumberedEntry entry;
+    ASSERT_EQ(FindEntryOffset(static_cast<uint32_t>(index)), starts[index]);
+    ASSERT_TRUE(LoadEntryFields(starts[index], entry.fields) && LoadEntryDisc(starts[index]));
+    EXPECT_TRUE(entry.fields == disc.fields && DatabaseDisc == disc.toc);
+    EXPECT_EQ(ReadArtist(starts[index]), disc.fields.artist);
+    EXPECT_EQ(ReadDiscName(starts[index]), disc.fields.discName);
 
-TEST(DatabaseBytes, SystemsOwnFilesTakeEveryChangeUnlessHeldByAnotherProgram) {
-    UseSystemFiles();
-    const fs::path directory =
-        fs::temp_directory_path() / ("tarnwell_bytes_" + std::to_string(std::random_device()()));
-    fs::create_directory(directory);
-    AppDirectory = (directory / "").string();
-    const auto expectFile = [&](const std::vector<Disc>& discs) {
-        std::ifstream file(directory / kDatabaseName, std::ios::binary);
-        const std::string bytes(std::istreambuf_iterator<char>(file), {});
-        EXPECT_EQ(bytes, DatabaseImage(discs));
-        EXPECT_EQ(std::distance(fs::directory_iterator(directory), {}), 1) << "a file is left";
-    };
-    std::vector<Disc> discs = {SampleDisc(1, 3), LargestDisc(), SampleDisc(2, 14)};
-    EnsureDatabase();
-    for (const Disc& disc : discs)
-        Append(disc);
-    expectFile(discs);
-    discs[1] = SampleDisc(7, 5);
-    CopyDiscToc(discs[1].toc);
-    EXPECT_EQ(ReplaceEntry(FindEntryOffset(1), discs[1].fields), DatabaseResult::kOk);
-    expectFile(discs);
-    EXPECT_EQ(ReplaceEntryAtEnd(FindEntryOffset(1), discs[1].fields), DatabaseResult::kOk);
-    std::swap(discs[1], discs[2]);
-    expectFile(discs);
-    EXPECT_EQ(DeleteEntry(FindEntryOffset(0)), DatabaseResult::kOk);
-    discs.erase(discs.begin());
-    expectFile(discs);
-
-    ScopedFile holder;
-    ASSERT_EQ(
-        FileCalls.open(InAppDirectory(kDatabaseName).c_str(), FileMode::kReadWrite, holder.handle),
-        FileStatus::kOk);
-    EnsureDatabase();
-    EXPECT_EQ(AppendEntry({}), DatabaseResult::kHeld);
-    EXPECT_EQ(DeleteEntry(kHeaderBytes), DatabaseResult::kHeld);
-    // What can only be read is shown all the same.
-    CopyDiscToc(discs[0].toc);
-    EXPECT_EQ(DiscTitleText(), discs[0].fields.artist + " - " + discs[0].fields.discName);
-    CloseFile(holder);
-    expectFile(discs);
-    fs::remove_all(directory);
+    const auto first = std::find_if(discs.begin(), discs.end(),
+                                    [&](const Disc& each) { return each.toc == disc.toc; });
+    EXPECT_TRUE(FindDisc(disc.toc.totalSeconds, disc.toc.trackCount));
+    EXPECT_EQ(FoundEntryOffset, starts[static_cast<size_t>(first - discs.begin())]);
+    EXPECT_EQ(DiscTitleText(), first->fields.artist + " - " + first->fields.discName);
+    const int last = disc.toc.trackCount;
+    EXPECT_EQ(TrackNameText(last), first->fields.trackNames[last - 1]);
 }
-#endif
+
+TEST(DatabaseBytes, ALongRandomLifeStaysEqualToTheList) {
+    std::mt19937 random(20);
+    UseMemoryFiles();
+    EnsureDatabase();
+    std::vector<Disc> discs;
+    for (int step = 0; step < 800 && !HasFailure(); ++step) {
+        SCOPED_TRACE(step);
+        const uint32_t kind = random() % 16;
+        const Disc fresh = RandomDisc(random);
+        const size_t index = discs.empty() ? 0 : random() % discs.size();
+        const auto at = discs.begin() + static_cast<ptrdiff_t>(index);
+        const uint32_t start = EntryStarts(discs)[index];
+        CopyDiscToc(fresh.toc);
+        DatabaseResult result = DatabaseResult::kOk;
+        if (discs.size() < 2 || (kind < 7 && discs.size() < 40)) {
+            result = AppendEntry(fresh.fields);
+            discs.push_back(fresh);
+        } else if (kind < 10) {
+            result = DeleteEntry(start);
+            discs.erase(at);
+        } else if (kind < 12) {
+            result = ReplaceEntry(start, fresh.fields);
+            *at = fresh;
+        } else if (kind < 15) {
+            result = ReplaceEntryAtEnd(start, fresh.fields);
+            discs.erase(at);
+            discs.push_back(fresh);
+        } else {
+            result = SortDatabase(std::strcmp, [](const char*) {});
+            std::stable_sort(discs.begin(), discs.end(), [](const Disc& a, const Disc& b) {
+                return std::strcmp(a.fields.artist.c_str(), b.fields.artist.c_str()) < 0;
+            });
+        }
+        ASSERT_EQ(result, DatabaseResult::kOk);
+        ASSERT_EQ(DiskAfterEnd(), DiskWith(DatabaseImage(discs)));
+        ASSERT_EQ(DatabaseEntryCount(), discs.size());
+        ExpectReadable(discs, random() % discs.size());
+    }
+}
+
+TEST(DatabaseBytes, TheLastCountIsTheLimit) {
+    UseMemoryFiles();
+    StartOnDisk(DiskWith(DatabaseImage(std::vector<Disc>(kMaxEntries - 1, SampleDisc(1, 1)))));
+    CopyDiscToc(SampleDisc(2, 1).toc);
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kOk);
+    EXPECT_EQ(DatabaseEntryCount(), kMaxEntries);
+    const std::string image = Database();
+    EXPECT_EQ(AppendEntry({}), DatabaseResult::kFull);
+    EXPECT_EQ(Database(), image);
+
+    // A full database can still be edited.
+    EXPECT_EQ(ReplaceEntryAtEnd(kHeaderBytes, {}), DatabaseResult::kOk);
+    EXPECT_EQ(DatabaseEntryCount(), kMaxEntries);
+    EXPECT_EQ(FindEntryOffset(kMaxEntries), 0u);
+    EXPECT_NE(FindEntryOffset(kMaxEntries - 1), 0u);
+}

@@ -14,57 +14,44 @@ static bool Find(const DiscToc& toc) {
     return FindDisc(toc.totalSeconds, DatabaseDisc.trackCount);
 }
 
-static DiscToc Toc(std::vector<uint16_t> lengthSeconds) {
-    DiscToc toc;
-    toc.trackCount = static_cast<uint16_t>(lengthSeconds.size());
-    for (size_t track = 0; track < lengthSeconds.size(); ++track) {
-        toc.lengthSeconds[track] = lengthSeconds[track];
-        toc.totalSeconds = static_cast<uint16_t>(toc.totalSeconds + lengthSeconds[track]);
-    }
-    return toc;
-}
-
-static Disc Named(const DiscToc& toc, const char* artist) {
-    Disc disc = {toc, {}};
-    disc.fields.artist = artist;
-    disc.fields.discName = "Disc";
-    disc.fields.trackNames[0] = "First";
-    return disc;
+static DiscToc Toc(uint16_t first, uint16_t second = 0, uint16_t third = 0) {
+    const int trackCount = (first > 0) + (second > 0) + (third > 0);
+    return {static_cast<uint16_t>(trackCount),
+            static_cast<uint16_t>(first + second + third),
+            {first, second, third}};
 }
 
 TEST(DiscLookup, TracksDecideAmongEqualKeys) {
     UseMemoryFiles();
-    const std::vector<Disc> discs = {
-        Named(Toc({100, 200, 300}), "a"),
-        Named(Toc({100, 300, 200}), "b"),
-        Named(Toc({100, 300, 200}), "c"),
-        Named(Toc({100, 500}), "d"),
-        // Its total is counted anew from 65,536 and makes the key of the last.
-        Named(Toc({40000, 40000}), "e"),
-        Named(Toc({40000}), "f"),
-    };
-    StartOnDisk({{kDatabaseName, DatabaseImage(discs)}});
-    const std::vector<uint32_t> starts = EntryStarts(discs);
-    const struct {
-        DiscToc toc;
-        size_t found;  // discs.size(): none
-    } cases[] = {
-        {Toc({100, 200, 300}), 0}, {Toc({100, 300, 200}), 1},  // the first of two wins
-        {Toc({100, 500}), 3},      {Toc({100, 200, 301}), 6},  // another total
-        {Toc({100, 201, 299}), 6}, {Toc({100, 250, 250}), 6},  // equal keys
-        {Toc({40000, 40000}), 4},  {Toc({40000}), 5},         {Toc({}), 6},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(Find(each.toc), each.found < discs.size());
-        EXPECT_EQ(FoundEntryOffset, each.found < discs.size() ? starts[each.found] : 0);
-        const std::string title =
-            each.found < discs.size() ? discs[each.found].fields.artist + " - Disc" : "";
-        EXPECT_EQ(DiscTitleText(), title);
-        EXPECT_EQ(TrackNameText(1), title.empty() ? "" : "First");
+    std::vector<Disc> discs;
+    // The total of 40,000 twice is counted anew from 65,536.
+    for (const DiscToc& toc : {Toc(100, 200, 300), Toc(100, 300, 200), Toc(100, 300, 200),
+                               Toc(100, 500), Toc(40000, 40000), Toc(40000)}) {
+        discs.push_back(SampleDisc(static_cast<int>(discs.size()), 1));
+        discs.back().toc = toc;
+    }
+    StartOnDisk(DiskWith(DatabaseImage(discs)));
+    constexpr size_t kNone = 6;
+    const std::pair<DiscToc, size_t> cases[] = {{Toc(100, 200, 300), 0},
+                                                {Toc(100, 300, 200), 1},  // the first of two wins
+                                                {Toc(100, 500), 3},
+                                                {Toc(100, 200, 301), kNone},  // another total
+                                                {Toc(100, 201, 299), kNone},
+                                                {Toc(100, 250, 250), kNone},  // equal keys
+                                                {Toc(40000, 40000), 4},
+                                                {Toc(40000), 5},
+                                                {Toc(0), kNone}};
+    for (const auto& [toc, found] : cases) {
+        const bool known = found != kNone;
+        const std::string number = std::to_string(found);
+        EXPECT_EQ(Find(toc), known);
+        EXPECT_EQ(FoundEntryOffset, known ? EntryStarts(discs)[found] : 0);
+        EXPECT_EQ(DiscTitleText(), known ? "Artist " + number + " - Disc " + number : "");
+        EXPECT_EQ(TrackNameText(1), known ? "Track 1 of " + number : "");
     }
 
     // The last track alone is one second off, with the total it had.
-    DiscToc almost = Toc({100, 200, 300});
+    DiscToc almost = Toc(100, 200, 300);
     almost.lengthSeconds[2] = 301;
     EXPECT_FALSE(Find(almost));
 }
@@ -72,7 +59,7 @@ TEST(DiscLookup, TracksDecideAmongEqualKeys) {
 TEST(DiscLookup, MoreThan99TracksAreTheFirst99) {
     UseMemoryFiles();
     DiscToc more = SampleDisc(1, 99).toc;
-    StartOnDisk({{kDatabaseName, DatabaseImage({SampleDisc(1, 99)})}});
+    StartOnDisk(DiskWith(DatabaseImage({SampleDisc(1, 99)})));
     more.trackCount = 120;
     EXPECT_TRUE(Find(more));
     EXPECT_EQ(TrackNameText(99), "Track 99 of 1");
@@ -80,18 +67,18 @@ TEST(DiscLookup, MoreThan99TracksAreTheFirst99) {
         EXPECT_EQ(TrackNameText(track), "");
 }
 
-static DatabaseResult LookUp(WhenHeld whenHeld) {
-    return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, whenHeld);
-}
-
 TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
     UseMemoryFiles();
     CopyDiscToc(SampleDisc(1, 3).toc);
+    const auto lookUp = [](WhenHeld whenHeld) {
+        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, whenHeld);
+    };
+    using enum WhenHeld;
     EXPECT_EQ(DiscTitleText() + TrackNameText(1), "");
     EXPECT_EQ(DatabaseEntryCount() + FindEntryOffset(0), 0u);
     EXPECT_TRUE(DiskAfterEnd().empty());
-    EXPECT_EQ(LookUp(WhenHeld::kGiveUp), DatabaseResult::kOk);
-    EXPECT_EQ(FileBytes(DiskAfterEnd(), kDatabaseName), DatabaseImage({}));
+    EXPECT_EQ(lookUp(kGiveUp), DatabaseResult::kOk);
+    EXPECT_EQ(Database(), DatabaseImage({}));
 
     // Neither one that cannot be read nor one that waits under its backup name is replaced.
     const std::string image = DatabaseImage({SampleDisc(1, 3)});
@@ -102,18 +89,18 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
         const char* name;
         DatabaseResult result;
     } cases[] = {
-        {Fault::kHeld, 1, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kHeld},
-        {Fault::kCallFails, 2, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kReadFailed},
-        {Fault::kHeldBriefly, 1, WhenHeld::kGiveUp, kDatabaseName, DatabaseResult::kHeld},
-        {Fault::kHeldBriefly, 1, WhenHeld::kTryAgain, kDatabaseName, DatabaseResult::kOk},
-        {Fault::kHeld, 2, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kHeld},
-        {Fault::kCallFails, 2, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kCannotOpen},
-        {Fault::kNone, 0, WhenHeld::kGiveUp, kBackupName, DatabaseResult::kOk},
+        {Fault::kHeld, 1, kTryAgain, kDatabaseName, DatabaseResult::kHeld},
+        {Fault::kCallFails, 2, kTryAgain, kDatabaseName, DatabaseResult::kReadFailed},
+        {Fault::kHeldBriefly, 1, kGiveUp, kDatabaseName, DatabaseResult::kHeld},
+        {Fault::kHeldBriefly, 1, kTryAgain, kDatabaseName, DatabaseResult::kOk},
+        {Fault::kHeld, 2, kGiveUp, kBackupName, DatabaseResult::kHeld},
+        {Fault::kCallFails, 2, kGiveUp, kBackupName, DatabaseResult::kCannotOpen},
+        {Fault::kNone, 0, kGiveUp, kBackupName, DatabaseResult::kOk},
     };
     for (const auto& each : cases) {
         StartOnDisk({{each.name, image}});
         ArmFault(each.fault, each.call);
-        EXPECT_EQ(LookUp(each.whenHeld), each.result) << &each - cases;
+        EXPECT_EQ(lookUp(each.whenHeld), each.result) << &each - cases;
         const bool restored = each.fault == Fault::kNone;
         EXPECT_EQ(DiskAfterEnd(), MemorySnapshot({{restored ? kDatabaseName : each.name, image}}));
     }
@@ -126,7 +113,7 @@ TEST(DiscLookup, AsksTheSystemOncePerWindow) {
     for (int i = 0; i < 500; ++i)
         discs.push_back(SampleDisc(i, 12));
     const std::string image = DatabaseImage(discs);
-    StartOnDisk({{kDatabaseName, image}});
+    StartOnDisk(DiskWith(image));
     EXPECT_TRUE(Find(discs.back().toc));
     EXPECT_LE(CallsMade(), static_cast<int>(image.size() / 2048 + 4));
 }

@@ -8,16 +8,11 @@
 
 #include "base/app_directory.h"
 #include "database/database_file.h"
+#include "database/database_format.h"
 
 const std::string kNoSuchFile = "(no such file)";
 
-#ifdef _WIN32
-static const FileAccess kSystemFiles = FileCalls;
-
-void UseSystemFiles() {
-    FileCalls = kSystemFiles;
-}
-#else
+#ifndef _WIN32
 // Only the product's system has calls of its own.
 FileAccess FileCalls;
 #endif
@@ -27,7 +22,7 @@ namespace {
 struct MemoryFile {
     std::string bytes;
     std::string flushedBytes;
-    std::string lastWrite;
+    std::string lastWrite = {};
     size_t lastWriteAt = 0;
     uint64_t lastWriteTime = 0;
     int openHandles = 0;
@@ -39,14 +34,9 @@ struct Handle {
     bool writes = false;
 };
 
-struct ArmedFault {
-    Fault fault = Fault::kNone;
-    int atCall = 0;
-};
-
 std::map<std::string, std::shared_ptr<MemoryFile>> disk;
 std::vector<Handle> handles;
-ArmedFault armed[2];
+std::pair<Fault, int> armed[2];
 int calls = 0;
 bool diskIsFull = false;
 bool everythingHeld = false;
@@ -57,6 +47,7 @@ Fault endedBy = Fault::kNone;
 struct Call {
     Fault fault = Fault::kNone;
     FileStatus status = FileStatus::kOk;
+    ~Call() { inFileCall = false; }
 };
 
 }  // namespace
@@ -64,18 +55,19 @@ struct Call {
 static Fault NextFault() {
     if (endedBy != Fault::kNone) return Fault::kEndsBefore;
     ++calls;
-    for (const ArmedFault& each : armed) {
-        const int last = each.fault == Fault::kHeldBriefly ? each.atCall + 2 : each.atCall;
-        if (each.fault == Fault::kNone || calls < each.atCall || calls > last) continue;
-        if (each.fault == Fault::kDiskFull) diskIsFull = true;
-        if (each.fault == Fault::kHeld) everythingHeld = true;
-        if (each.fault >= Fault::kEndsBefore) endedBy = each.fault;
-        return each.fault;
+    for (const auto& [fault, atCall] : armed) {
+        const int last = fault == Fault::kHeldBriefly ? atCall + 2 : atCall;
+        if (fault == Fault::kNone || calls < atCall || calls > last) continue;
+        diskIsFull |= fault == Fault::kDiskFull;
+        everythingHeld |= fault == Fault::kHeld;
+        if (fault >= Fault::kEndsBefore) endedBy = fault;
+        return fault;
     }
     return Fault::kNone;
 }
 
 static Call NextCall(bool opensOrNames = false) {
+    inFileCall = true;
     const Fault fault = NextFault();
     const bool held = everythingHeld || fault == Fault::kHeldBriefly;
     const bool fails =
@@ -99,16 +91,13 @@ static FileStatus Open(const char* path, FileMode mode, FileHandle& file) {
     const bool exists = disk.count(path) > 0;
     if (!creates && !exists) return FileStatus::kMissing;
     if (mode == FileMode::kCreateNew && exists) return FileStatus::kExists;
-    if (creates && exists) {
-        disk[path]->bytes.clear();
-        disk[path]->flushedBytes.clear();
-        disk[path]->lastWrite.clear();
-    } else if (creates) {
-        disk[path] = std::make_shared<MemoryFile>();
-    }
-    ++disk[path]->openHandles;
+    std::shared_ptr<MemoryFile>& found = disk[path];
+    if (!exists) found = std::make_shared<MemoryFile>();
+    MemoryFile& opened = *found;
+    if (creates) opened.bytes = opened.flushedBytes = opened.lastWrite = "";
+    ++opened.openHandles;
     const bool reads = mode == FileMode::kReadShared || mode == FileMode::kReadGuarded;
-    handles.push_back({disk[path], 0, !reads});
+    handles.push_back({found, 0, !reads});
     file = static_cast<FileHandle>(handles.size() - 1);
     return FileStatus::kOk;
 }
@@ -148,11 +137,8 @@ static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
     if (call.status != FileStatus::kOk) return call.status;
     if (diskIsFull) return FileStatus::kDiskFull;
     if (call.fault == Fault::kFallsShort) sizeBytes /= 2;
-    if (call.fault == Fault::kWriteLost) {
-        handle->offset += sizeBytes;
-    } else {
-        Put(*handle, data, sizeBytes);
-    }
+    if (call.fault != Fault::kWriteLost) Put(*handle, data, sizeBytes);
+    if (call.fault == Fault::kWriteLost) handle->offset += sizeBytes;
     writtenBytes = sizeBytes;
     return FileStatus::kOk;
 }
@@ -160,8 +146,9 @@ static FileStatus Write(FileHandle file, const void* data, uint32_t sizeBytes,
 // A call on an open file that fails or is done whole.
 template <typename Work>
 static FileStatus OnHandle(FileHandle file, Work work) {
+    const Call call = NextCall();
     Handle* handle = Find(file);
-    if (NextCall().status != FileStatus::kOk || !handle) return FileStatus::kFailed;
+    if (call.status != FileStatus::kOk || !handle) return FileStatus::kFailed;
     work(*handle);
     return FileStatus::kOk;
 }
@@ -231,27 +218,9 @@ static FileStatus Exists(const char* path) {
 
 static void Pause(uint32_t) {}
 
-// Marks the time that a call takes.
-template <auto Call>
-struct Inside;
-template <typename... Arguments, FileStatus (*Call)(Arguments...)>
-struct Inside<Call> {
-    static FileStatus Do(Arguments... arguments) {
-        inFileCall = true;
-        const FileStatus status = Call(arguments...);
-        inFileCall = false;
-        return status;
-    }
-};
-
 void UseMemoryFiles() {
-    FileCalls = {Inside<Open>::Do,     Inside<Read>::Do,
-                 Inside<Write>::Do,    Inside<Seek>::Do,
-                 Inside<Size>::Do,     Inside<Flush>::Do,
-                 Inside<Truncate>::Do, Inside<Close>::Do,
-                 Inside<Facts>::Do,    Inside<SetLastWrite>::Do,
-                 Inside<Rename>::Do,   Inside<Remove>::Do,
-                 Inside<Exists>::Do,   Pause};
+    FileCalls = {Open,  Read,  Write,        Seek,   Size,   Flush,  Truncate,
+                 Close, Facts, SetLastWrite, Rename, Remove, Exists, Pause};
     AppDirectory.clear();
     ResetDatabaseState();
     StartOnDisk({});
@@ -260,9 +229,8 @@ void UseMemoryFiles() {
 void StartOnDisk(const MemorySnapshot& snapshot) {
     disk.clear();
     handles.clear();
-    for (const auto& [name, bytes] : snapshot) {
-        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes, {}, 0, 0, 0});
-    }
+    for (const auto& [name, bytes] : snapshot)
+        disk[name] = std::make_shared<MemoryFile>(MemoryFile{bytes, bytes});
     ArmFault(Fault::kNone, 0);
 }
 
@@ -286,8 +254,7 @@ void ArmFault(Fault fault, int atCall, Fault second, int secondAtCall) {
     armed[0] = {fault, atCall};
     armed[1] = {second, secondAtCall};
     calls = 0;
-    diskIsFull = false;
-    everythingHeld = false;
+    diskIsFull = everythingHeld = false;
     endedBy = Fault::kNone;
 }
 
@@ -315,4 +282,12 @@ bool InFileCall() {
 std::string FileBytes(const MemorySnapshot& snapshot, const std::string& name) {
     const auto found = snapshot.find(name);
     return found == snapshot.end() ? kNoSuchFile : found->second;
+}
+
+std::string Database() {
+    return FileBytes(DiskAfterEnd(), kDatabaseName);
+}
+
+MemorySnapshot DiskWith(const std::string& database) {
+    return {{kDatabaseName, database}};
 }

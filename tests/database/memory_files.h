@@ -30,9 +30,6 @@ using MemorySnapshot = std::map<std::string, std::string>;
 
 // Puts the stand-in in place, with an empty disk.
 void UseMemoryFiles();
-// The product's own calls again; on Windows only.
-void UseSystemFiles();
-
 void StartOnDisk(const MemorySnapshot& disk);
 // What a program started now would find. Ends the present one.
 MemorySnapshot DiskAfterEnd();
@@ -49,3 +46,6 @@ bool InFileCall();
 // The bytes of a file; `kNoSuchFile` when it does not exist.
 extern const std::string kNoSuchFile;
 std::string FileBytes(const MemorySnapshot& disk, const std::string& name);
+// The same of the database on DiskAfterEnd, and a disk with a database alone.
+std::string Database();
+MemorySnapshot DiskWith(const std::string& database);

@@ -55,9 +55,9 @@ void StoreDatabase(const std::vector<Disc>& discs) {
     StoreBytes(DatabaseImage(discs));
 }
 
-HANDLE HoldDatabase() {
-    return CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_READ, 0, nullptr,
-                       OPEN_EXISTING, 0, nullptr);
+HANDLE HoldDatabase(DWORD shared) {
+    return CreateFileA(InAppDirectory(kDatabaseName).c_str(), GENERIC_READ | GENERIC_WRITE, shared,
+                       nullptr, OPEN_EXISTING, 0, nullptr);
 }
 
 void DialogTest::SetUp() {

@@ -22,8 +22,8 @@ std::string BytesOf(const std::string& path);
 std::string DatabaseBytes();
 void StoreBytes(const std::string& bytes);
 void StoreDatabase(const std::vector<Disc>& discs);
-// Keeps every other program out until the handle is closed.
-HANDLE HoldDatabase();
+// Lets other programs do no more than is shared until the handle is closed.
+HANDLE HoldDatabase(DWORD shared = 0);
 
 // Stand-ins for the boxes, a database directory of its own, an owner for the dialogs.
 class DialogTest : public testing::Test {

@@ -187,6 +187,10 @@ TEST_F(EntryDialogTest, WhatCannotBeReadIsNotShownAsEmpty) {
     HANDLE holder = HoldDatabase();
     EXPECT_FALSE(Open(disc, [](HWND) {}));
     CloseHandle(holder);
+    // What another program lets be read only is shown.
+    holder = HoldDatabase(FILE_SHARE_READ);
+    EXPECT_TRUE(Open(disc, [](HWND dialog) { Press(dialog, IDCANCEL); }));
+    CloseHandle(holder);
     // The entry's end is missing.
     StoreBytes(DatabaseImage({disc}).substr(0, DatabaseImage({disc}).size() - 20));
     EXPECT_FALSE(Open(disc, [](HWND) {}));

@@ -1,8 +1,6 @@
 // Reads the committed pictures.
 #include "tests/art/skin_files.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <iterator>
 
@@ -13,14 +11,8 @@ Bytes ReadFileBytes(const std::string& path) {
 
 std::uint32_t ReadNumber(const Bytes& bytes, std::size_t offset, int byteCount) {
     std::uint32_t value = 0;
-    for (int i = byteCount - 1; i >= 0; --i) {
-        const std::size_t place = offset + static_cast<std::size_t>(i);
-        if (place >= bytes.size()) {
-            ADD_FAILURE() << "the file ends before byte " << place;
-            return 0;
-        }
-        value = value << 8 | bytes[place];
-    }
+    for (int i = byteCount - 1; i >= 0; --i)
+        value = value << 8 | bytes.at(offset + static_cast<std::size_t>(i));
     return value;
 }
 

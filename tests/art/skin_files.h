@@ -9,7 +9,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 // Empty when the file cannot be read.
 Bytes ReadFileBytes(const std::string& path);
-// Fails the running test and answers 0 beyond the end.
+// Throws beyond the end, which fails the running test.
 std::uint32_t ReadNumber(const Bytes& bytes, std::size_t offset, int byteCount);
 
 // A 4-bit bitmap, rows from the top.

@@ -51,7 +51,6 @@ TEST(Sounds, ArePlainShortAndSoftAtTheEdges) {
         EXPECT_EQ(ReadNumber(bytes, 20, 4), 0x10001u);  // PCM, mono
         EXPECT_EQ(ReadNumber(bytes, 28, 4), 44100u);    // bytes a second
         EXPECT_EQ(ReadNumber(bytes, 40, 4), bytes.size() - 44);
-
         std::vector<int> samples;
         for (std::size_t i = 44; i + 1 < bytes.size(); i += 2) {
             samples.push_back(static_cast<std::int16_t>(ReadNumber(bytes, i, 2)));

@@ -3,20 +3,17 @@
 
 #include <gtest/gtest.h>
 
-static CueSheet Parse(const std::string& text) {
+TEST(CueSheet, TracksOfOneFileEndWhereTheNextBegins) {
     CueSheet sheet;
     int line = 0;
-    EXPECT_TRUE(ParseCueSheet(text, sheet, line)) << "line " << line << " of\n" << text;
-    return sheet;
-}
-
-TEST(CueSheet, TracksOfOneFileEndWhereTheNextBegins) {
-    CueSheet sheet = Parse(
-        "\xEF\xBB\xBFREM GENRE none\r\nPERFORMER \"Somebody\"\r\n"
-        "FILE \"one file.wav\" WAVE\r\n"
-        "  TRACK 01 AUDIO\r\n    TITLE \"First\"\r\n    INDEX 01 00:00:00\r\n"
-        "  TRACK 02 AUDIO\r\n    INDEX 00 00:09:00\r\n    INDEX 01 00:10:37\r\n"
-        "file other.wav wave\r\n  track 3 audio\r\n    index 01 00:01:00");
+    ASSERT_TRUE(
+        ParseCueSheet("\xEF\xBB\xBFREM GENRE none\r\nPERFORMER \"Somebody\"\r\n"
+                      "FILE \"one file.wav\" WAVE\r\n"
+                      "  TRACK 01 AUDIO\r\n    TITLE \"First\"\r\n    INDEX 01 00:00:00\r\n"
+                      "  TRACK 02 AUDIO\r\n    INDEX 00 00:09:00\r\n    INDEX 01 00:10:37\r\n"
+                      "file other.wav wave\r\n  track 3 audio\r\n    index 01 00:01:00",
+                      sheet, line))
+        << line;
     ASSERT_EQ(sheet.files.size(), 2U);
     EXPECT_EQ(sheet.files[0].name, "one file.wav");
     EXPECT_EQ(sheet.files[1].name, "other.wav");
@@ -24,21 +21,19 @@ TEST(CueSheet, TracksOfOneFileEndWhereTheNextBegins) {
     sheet.files[1].sectors = 50;
     const DiscLayout disc = LayOutDisc(sheet);
     ASSERT_EQ(disc.tracks.size(), 3U);
-    EXPECT_EQ(disc.tracks[0].sectors, 787U);
-    EXPECT_EQ(disc.tracks[1].startSector, 787U);
-    EXPECT_EQ(disc.tracks[1].sectors, 213U);
-    EXPECT_EQ(disc.tracks[2].startSector, 1000U);
-    EXPECT_EQ(disc.tracks[2].sectors, 0U) << "begins behind the end of its file";
-    EXPECT_EQ(disc.sectors, 1000U);
+    const uint32_t expected[][2] = {{0, 787}, {787, 213}, {1000, 0}};  // the last begins too late
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(disc.tracks[i].startSector, expected[i][0]);
+        EXPECT_EQ(disc.tracks[i].sectors, expected[i][1]);
+    }
 }
 
 TEST(CueSheet, FaultsAreFoundAtTheirLineAndLeaveTheSheetAlone) {
     const std::string track = "FILE a.wav WAVE\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n";
-    struct Case {
+    const struct {
         std::string text;
         int line;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", 0},
         {"TRACK 01 AUDIO\nINDEX 01 00:00:00\n", 0},  // no file
         {"FILE a.wav WAVE\nTRACK 01 AUDIO\n", 0},    // no beginning
@@ -59,7 +54,7 @@ TEST(CueSheet, FaultsAreFoundAtTheirLineAndLeaveTheSheetAlone) {
         {track + "REM TONE 20001\n", 4},
         {std::string(kMaxCueBytes + 1, '\n'), 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         CueSheet sheet;
         sheet.files.push_back({"untouched", 7});
         int line = -1;

@@ -9,20 +9,12 @@
 #include "database/disc_lookup.h"
 #include "demo/media/catalogue_maker.h"
 #include "demo/media/disc_maker.h"
-#include "demo/media/midi_maker.h"
 #include "demo/media/wave_maker.h"
 #include "tests/database/memory_files.h"
 
 static uint32_t Little(const Bytes& bytes, size_t at, int count) {
     uint32_t value = 0;
     for (int i = count - 1; i >= 0; --i)
-        value = value << 8 | bytes.at(at + static_cast<size_t>(i));
-    return value;
-}
-
-static uint32_t Big(const Bytes& bytes, size_t at, int count) {
-    uint32_t value = 0;
-    for (int i = 0; i < count; ++i)
         value = value << 8 | bytes.at(at + static_cast<size_t>(i));
     return value;
 }
@@ -66,46 +58,6 @@ TEST(DemoMedia, WavesHaveTheirLengthAndAreHeard) {
         EXPECT_NEAR(samples.back(), 0, 30) << wave.fileName << " ends with a click";
     }
     EXPECT_TRUE(has1005);
-}
-
-// Steps over one track's events; the ticks it lasts, -1 when the events do not fit the track.
-static long TrackTicks(const Bytes& file, size_t at, size_t end) {
-    long ticks = 0;
-    int sounding = 0;
-    while (at < end) {
-        long delta = 0;
-        while (file.at(at) >= 128)
-            delta = delta << 7 | (file.at(at++) & 127);
-        ticks += delta << 7 | file.at(at++);
-        const int kind = file.at(at) >> 4;
-        if (file.at(at) == 0xFF) {
-            const bool isEnd = file.at(at + 1) == 0x2F;
-            at += 3 + file.at(at + 2);
-            if (isEnd) return at == end && sounding == 0 ? ticks : -1;
-            continue;
-        }
-        sounding += kind == 9 ? 1 : kind == 8 ? -1 : 0;
-        at += kind == 12 ? 2 : 3;
-    }
-    return -1;
-}
-
-TEST(DemoMedia, MidiTracksEndTogetherWithEveryNoteReleased) {
-    for (const MidiSketch& midi : MidiSketches()) {
-        const Piece piece = ComposePiece(midi.sketch);
-        EXPECT_GE(PieceSeconds(piece), 5) << midi.fileName;
-        EXPECT_LE(PieceSeconds(piece), 15) << midi.fileName;
-        const Bytes file = PackMidi(piece);
-        size_t at = 14;
-        for (uint32_t track = 0; track < Big(file, 10, 2); ++track) {
-            const size_t size = Big(file, at + 4, 4);
-            EXPECT_EQ(TrackTicks(file, at + 8, at + 8 + size),
-                      std::lround(PieceSeconds(piece) * 960))
-                << midi.fileName << " track " << track;
-            at += 8 + size;
-        }
-        EXPECT_EQ(at, file.size()) << midi.fileName;
-    }
 }
 
 TEST(DemoMedia, CatalogueIsWholeAndKnowsTheFirstDisc) {

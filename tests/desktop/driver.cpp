@@ -364,24 +364,36 @@ std::string FileBytes(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string WaveFile(int lengthMs) {
-    constexpr uint32_t kRate = 22050;
-    const uint32_t sampleCount = kRate * static_cast<uint32_t>(lengthMs) / 1000;
+std::string PackWave(const WaveForm& form, const std::string& data) {
+    const uint32_t block = form.channels * form.bits / 8;
+    const auto size = static_cast<uint32_t>(data.size());
     std::string bytes = "RIFF";
-    AppendLittleEndian(bytes, 36 + 2 * sampleCount, 4);
+    AppendLittleEndian(bytes, 38 + size, 4);
     bytes += "WAVEfmt ";
-    // Values with their sizes: PCM, one channel, ..., 2 bytes a sample.
-    const uint32_t fields[][2] = {{16, 4},        {1, 2}, {1, 2}, {kRate, 4},
-                                  {2 * kRate, 4}, {2, 2}, {16, 2}};
+    const uint32_t fields[][2] = {{18, 4},
+                                  {form.tag, 2},
+                                  {form.channels, 2},
+                                  {form.rate, 4},
+                                  {form.rate * block, 4},
+                                  {block, 2},
+                                  {form.bits, 2},
+                                  {0, 2}};
     for (const auto& [value, count] : fields)
         AppendLittleEndian(bytes, value, static_cast<int>(count));
     bytes += "data";
-    AppendLittleEndian(bytes, 2 * sampleCount, 4);
+    AppendLittleEndian(bytes, size, 4);
+    return bytes + data;
+}
+
+std::string WaveFile(int lengthMs) {
+    constexpr uint32_t kRate = 22050;
+    const uint32_t sampleCount = kRate * static_cast<uint32_t>(lengthMs) / 1000;
+    std::string samples;
     for (uint32_t i = 0; i < sampleCount; ++i) {
         const double phase = 2 * 3.14159265358979 * 440 * i / kRate;
-        AppendLittleEndian(bytes, static_cast<uint32_t>(std::lround(8000 * std::sin(phase))), 2);
+        AppendLittleEndian(samples, static_cast<uint32_t>(std::lround(8000 * std::sin(phase))), 2);
     }
-    return bytes;
+    return PackWave({1, 1, kRate, 16}, samples);
 }
 
 std::string MidiFile(int lengthMs) {

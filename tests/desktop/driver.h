@@ -106,4 +106,9 @@ void WriteFileBytes(const std::string& path, const std::string& bytes);
 std::string FileBytes(const std::string& path);
 void AppendLittleEndian(std::string& bytes, uint32_t value, int count);
 std::string WaveFile(int lengthMs);
+// A wave of any form, its samples given.
+struct WaveForm {
+    uint32_t tag, channels, rate, bits;
+};
+std::string PackWave(const WaveForm& form, const std::string& data);
 std::string MidiFile(int lengthMs);

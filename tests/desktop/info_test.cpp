@@ -9,20 +9,9 @@
 
 using InfoTest = DesktopTest;
 
-static std::string SilentWave(uint32_t tag, uint32_t channels, uint32_t rate, uint32_t bits,
-                              uint32_t lengthMs) {
-    const uint32_t block = channels * bits / 8;
-    const uint32_t data = rate * lengthMs / 1000 * block;
-    std::string bytes = "RIFF";
-    AppendLittleEndian(bytes, 38 + data, 4);
-    bytes += "WAVEfmt ";
-    const uint32_t fields[][2] = {{18, 4},           {tag, 2},   {channels, 2}, {rate, 4},
-                                  {rate * block, 4}, {block, 2}, {bits, 2},     {0, 2}};
-    for (const auto& [value, count] : fields)
-        AppendLittleEndian(bytes, value, static_cast<int>(count));
-    bytes += "data";
-    AppendLittleEndian(bytes, data, 4);
-    return bytes + std::string(data, '\0');
+static std::string SilentWave(const WaveForm& form, size_t lengthMs) {
+    const size_t size = form.rate * lengthMs / 1000 * (form.channels * form.bits / 8);
+    return PackWave(form, std::string(size, '\0'));
 }
 
 // A quarter past three in the morning, of universal time.
@@ -48,7 +37,7 @@ TEST_F(InfoTest, EveryKindOfFileAsThePlatformKnowsIt) {
     } cases[] = {
         {IDC_MODE_WAVE,
          "a alaw.wav",
-         SilentWave(6, 1, 8000, 8, 5000),
+         SilentWave({6, 1, 8000, 8}, 5000),
          "Wave File Information",
          {{IDC_WAVE_INFO_DATE, "7-4-2001 9:15PM"},
           {IDC_WAVE_INFO_SIZE, "40046 bytes "},
@@ -57,7 +46,7 @@ TEST_F(InfoTest, EveryKindOfFileAsThePlatformKnowsIt) {
           {IDC_WAVE_INFO_LENGTH, "5.000 Seconds"}}},
         {IDC_MODE_WAVE,
          "b fine.wav",
-         SilentWave(1, 2, 48000, 24, 800),
+         SilentWave({1, 2, 48000, 24}, 800),
          "Wave File Information",
          {{IDC_WAVE_INFO_FORMAT, "48000 Hz, 24 Bit"},
           {IDC_WAVE_INFO_CHANNELS, "Stereo"},

@@ -143,61 +143,53 @@ TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
     }
 }
 
-TEST_F(ModesTest, ButtonsWearTheSkinOfTheResolution) {
-    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    HDC screen = GetDC(nullptr);
-    const bool large = GetDeviceCaps(screen, LOGPIXELSX) == 120;
-    const bool palette = GetDeviceCaps(screen, BITSPIXEL) <= 8;
-    ReleaseDC(nullptr, screen);
-    // A palette has near colours, not the same.
-    if (palette) return;
-    const int bitmap = large ? kMainButtonGrid.largeId : kMainButtonGrid.smallId;
-    for (const auto& [id, face] :
-         {std::pair{IDC_STOP, kFaceStop}, std::pair{IDC_EXIT, kFaceExit}}) {
-        EXPECT_TRUE(WaitUntil([&] {
-            return ShowsPart(Photograph(Control(player.window, id)), 1, 1, ResourcePicture(bitmap),
-                             FaceRect(face, false, large));
-        })) << id;
-    }
-}
-
-TEST_F(ModesTest, WindowAndScrollBarStandWhereTheResolutionPutsThem) {
+TEST_F(ModesTest, PlacesAndSkinAreThoseOfTheResolution) {
     HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    const bool palette = GetDeviceCaps(screen, BITSPIXEL) <= 8;
     ReleaseDC(nullptr, screen);
     const struct {
         int dpi;
-        POINT fileModes;
-        POINT cdPlayer;
+        POINT fileModes, cdPlayer;  // of the scroll bar
         SIZE client;
     } cases[] = {
         {96, {129, 51}, {70, 220}, {615, 429}},
         {120, {172, 62}, {93, 270}, {820, 528}},
         {144, {204, 75}, {110, 325}, {923, 660}},
     };
-    for (const auto& expected : cases) {
-        if (expected.dpi != dpi) continue;
-        ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-        RECT client = {};
-        GetClientRect(player.window, &client);
-        EXPECT_NEAR(client.right, expected.client.cx, 1);
-        EXPECT_NEAR(client.bottom, expected.client.cy, 1);
-        const POINT middle = CentreOf(player.window);
-        EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 1);
-        EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 1);
-        for (const auto& [mode, place] : {std::pair{IDC_MODE_MIDI, expected.fileModes},
-                                          std::pair{IDC_MODE_CDPLAYER, expected.cdPlayer},
-                                          std::pair{IDC_MODE_WAVE, expected.fileModes}}) {
-            Command(player.window, mode);
-            EXPECT_TRUE(WaitUntil([&] {
-                POINT at = {};
-                MapWindowPoints(Control(player.window, IDC_SCROLL), player.window, &at, 1);
-                return at.x == place.x && at.y == place.y;
-            })) << mode;
-        }
-        return;
+    const auto* const expected =
+        std::find_if(std::begin(cases), std::end(cases), [&](auto& one) { return one.dpi == dpi; });
+    ASSERT_NE(expected, std::end(cases)) << dpi;
+    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
+    RECT client = {};
+    GetClientRect(player.window, &client);
+    EXPECT_NEAR(client.right, expected->client.cx, 1);
+    EXPECT_NEAR(client.bottom, expected->client.cy, 1);
+    const POINT middle = CentreOf(player.window);
+    EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 1);
+    EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 1);
+    for (const auto& [mode, place] : {std::pair{IDC_MODE_MIDI, expected->fileModes},
+                                      std::pair{IDC_MODE_CDPLAYER, expected->cdPlayer},
+                                      std::pair{IDC_MODE_WAVE, expected->fileModes}}) {
+        Command(player.window, mode);
+        EXPECT_TRUE(WaitUntil([&] {
+            POINT at = {};
+            MapWindowPoints(Control(player.window, IDC_SCROLL), player.window, &at, 1);
+            return at.x == place.x && at.y == place.y;
+        })) << mode;
     }
-    FAIL() << dpi << " dots per inch are not in the table";
+    // A palette has near colours, not the same.
+    if (palette) return;
+    const bool large = dpi == 120;
+    const Picture& skin =
+        ResourcePicture(large ? kMainButtonGrid.largeId : kMainButtonGrid.smallId);
+    for (const auto& [id, face] :
+         {std::pair{IDC_STOP, kFaceStop}, std::pair{IDC_EXIT, kFaceExit}}) {
+        EXPECT_TRUE(WaitUntil([&] {
+            return ShowsPart(Photograph(Control(player.window, id)), 1, 1, skin,
+                             FaceRect(face, false, large));
+        })) << id;
+    }
 }
 
 TEST_F(ModesTest, TabsAnswerTheMouseAndBoxesTheKeyboard) {

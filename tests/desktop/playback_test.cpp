@@ -36,7 +36,7 @@ TEST_F(PlaybackTest, QueuePlaysEveryFileAndCountsDown) {
     EXPECT_TRUE(WaitForSilence());
 }
 
-TEST_F(PlaybackTest, PausedFileIsSilentAndStaysWhereItIs) {
+TEST_F(PlaybackTest, PausedFileIsSilentAndGoesOnFromItsPlace) {
     AddMedia("long.wav", WaveFile(20000));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
     ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
@@ -63,38 +63,19 @@ TEST_F(PlaybackTest, PausedFileIsSilentAndStaysWhereItIs) {
     EXPECT_FALSE(WaitUntil([&] { return Shown(IDC_POSITION) != minimised; }, 1000));
     ShowWindow(player.window, SW_RESTORE);
     EXPECT_TRUE(WaitUntil([&] { return Shown(IDC_POSITION) != minimised; }));
-    Command(player.window, IDC_STOP);
-    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
-    EXPECT_TRUE(WaitForSilence());
-}
-
-// The messages of one drag, as the bar sends them.
-static void DragThumb(const Program& player, int position) {
-    Scroll(player, SB_THUMBTRACK, position);
-    Scroll(player, SB_THUMBPOSITION, position);
-    Scroll(player, SB_ENDSCROLL);
-}
-
-TEST_F(PlaybackTest, SeeksMoveBothReadOutAndDevice) {
-    AddMedia("long.wav", WaveFile(40000));  // 40 ms to the scroll unit
-    ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
-    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "long.wav"));
+    // A drag while paused moves the device too.
     Command(player.window, IDC_PAUSE);
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
-    DragThumb(player, 500);
-    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 20000);
-    EXPECT_EQ(ScrollPosition(player), 500);
+    for (const int code : {SB_THUMBTRACK, SB_THUMBPOSITION, SB_ENDSCROLL})
+        Scroll(player, code, 900);
+    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 18000);
     EXPECT_EQ(Shown(IDC_STATUS), "Paused");
-
     EXPECT_TRUE(WaitForSilence());
     Command(player.window, IDC_PAUSE);
-    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 20000; }))
-        << "did not play on from where it was sought to";
-    DragThumb(player, 975);
-    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
+    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 18000; }));
     EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
-    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 40000);
+    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 20000);
+    EXPECT_TRUE(WaitForSilence());
 }
 
 TEST_F(PlaybackTest, DoubleClickPlaysAFileAndItsThumbFollowsTheMouse) {
@@ -158,13 +139,9 @@ TEST_F(PlaybackTest, WhatThePlatformRefusesIsToldInItsWordsAndTheNextPlayWorks) 
     EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
 }
 
-TEST_F(PlaybackTest, MidiIsListedByItsFilterHeardAndEnds) {
+TEST_F(PlaybackTest, MidiIsHeardAndEnds) {
     AddMedia("a.mid", MidiFile(2500));
     AddMedia("b.rmi", MidiFile(700));
-    PutSetting(player, "MidiListBox", "Rmi");
-    ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
-    EXPECT_EQ(ListTexts(List()), std::vector<std::string>{"b.rmi"});
-    PutSetting(player, "MidiListBox", "Both");
     ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
     ASSERT_NO_FATAL_FAILURE(Play({"a.mid", "b.rmi"}));
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "a.mid"));

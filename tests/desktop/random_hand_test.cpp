@@ -42,13 +42,6 @@ static int WholeDiscs(const std::string& bytes) {
 
 constexpr int kFirstDiscs = 40;
 
-static std::string FirstCatalogue() {
-    std::vector<Disc> discs;
-    for (int i = 0; i < kFirstDiscs; ++i)
-        discs.push_back(SampleDisc(i, 1 + i % 20));
-    return DatabaseImage(discs);
-}
-
 static BOOL CALLBACK TakeControl(HWND child, LPARAM list) {
     if (IsWindowVisible(child) && IsWindowEnabled(child)) {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
@@ -76,14 +69,16 @@ class RandomHand : public DesktopTest {
 protected:
     void SetUp() override {
         DesktopTest::SetUp();
-        seed = static_cast<uint32_t>(FromEnvironment("TARNWELL_HAND_SEED", 1));
         random.seed(seed);
         for (const char* key : {"WavEditorPath", "MidEditorPath", "RmiEditorPath", "AviEditorPath",
                                 "MovEditorPath", "VolumeApplicationPath"}) {
             PutSetting(player, key, "c:\\windows\\system32\\hostname.exe");
         }
         PutSetting(player, "SoundControls", "Off");  // some are waited for
-        WriteFileBytes(player.directory + "tarnwell.dat", FirstCatalogue());
+        std::vector<Disc> first;
+        for (int i = 0; i < kFirstDiscs; ++i)
+            first.push_back(SampleDisc(i, 1 + i % 20));
+        WriteFileBytes(player.directory + "tarnwell.dat", DatabaseImage(first));
         FillMedia();
     }
 
@@ -132,23 +127,14 @@ protected:
         return front != nullptr ? front : player.window;
     }
 
-    std::string TypedText() {
+    void Type(HWND field) {
         static const char* const texts[] = {"a",    "Name",         "c:\\",    "*.*",
                                             "",     "new name.wav", "7",       "\xE4\xF6 & ?",
                                             "..\\", "Artist 3",     "list.txt"};
-        switch (Below(6)) {
-            case 0:
-                return std::string(static_cast<size_t>(Below(400)),
-                                   static_cast<char>('!' + Below(90)));
-            case 1:
-                return MediaDirectory() + (Below(2) != 0 ? "more" : "no such place");
-            default:
-                return Any(texts);
-        }
-    }
-
-    void Type(HWND field) {
-        const std::string text = TypedText();
+        const std::string others[] = {
+            MediaDirectory() + "more", MediaDirectory() + "no such place",
+            std::string(static_cast<size_t>(Below(400)), static_cast<char>('!' + Below(90)))};
+        const std::string text = Below(3) != 0 ? Any(texts) : Any(others);
         Note("type \"" + text.substr(0, 30) + "\" into " + std::to_string(GetDlgCtrlID(field)));
         PostMessageA(field, EM_SETSEL, 0, Below(2) - 1);
         for (const char c : text)
@@ -165,16 +151,7 @@ protected:
             PostMessageA(list, WM_KEYDOWN, key, 1);
             PostMessageA(list, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
         }
-        if (!combo && Below(6) == 0) {
-            Command(GetParent(list), GetDlgCtrlID(list), LBN_DBLCLK);
-        }
-    }
-
-    void ScrollBar(HWND bar) {
-        const int code = Below(9);
-        Note("scroll " + std::to_string(code));
-        PostMessageA(GetParent(bar), WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, Below(1100))),
-                     reinterpret_cast<LPARAM>(bar));
+        if (!combo && Below(6) == 0) Command(GetParent(list), GetDlgCtrlID(list), LBN_DBLCLK);
     }
 
     void UseControl(HWND control) {
@@ -187,7 +164,11 @@ protected:
         } else if (kind == "ListBox" || kind == "ComboBox" || kind == "ComboLBox") {
             UseList(control, kind != "ListBox");
         } else if (kind == "ScrollBar") {
-            ScrollBar(control);
+            const int code = Below(9);
+            Note("scroll " + std::to_string(code));
+            PostMessageA(GetParent(control), WM_HSCROLL,
+                         static_cast<WPARAM>(MAKELONG(code, Below(1100))),
+                         reinterpret_cast<LPARAM>(control));
         } else if (kind == "Button" && (id != IDC_EXIT || Below(20) == 0)) {
             const bool twice = Below(10) == 0;
             Note(std::string(twice ? "press twice " : "press ") + std::to_string(id));
@@ -225,32 +206,21 @@ protected:
 
     void DisturbFromOutside() {
         static const char* const lines[] = {"", "-play D:\\Track02.cda", "/p", "c:\\x.wav"};
-        switch (Below(8)) {
-            case 0:
-                Note("second start");
-                // Where the first has just ended, the second is a first and stays.
-                EXPECT_TRUE(RunSecondInstance(player, Any(lines)) == 0 ||
-                            ExitCode(player, 0) != -1);
-                break;
-            case 1:
-                Note("minimise");
-                ShowWindowAsync(player.window, SW_MINIMIZE);
-                break;
-            case 2:
-                FillMedia();
-                Note("files come");
-                break;
-            case 3:
-                DeleteFileA((MediaDirectory() + "short 3.wav").c_str());
-                Note("a file goes");
-                break;
-            case 4:
-                PostMessageA(player.window, WM_SYSCOLORCHANGE, 0, 0);
-                Note("colours");
-                break;
-            default:
-                ChangeDisc();
-                break;
+        const int way = Below(8);
+        Note("disturbance " + std::to_string(way));
+        if (way == 0) {
+            // Where the first has just ended, the second is a first and stays.
+            EXPECT_TRUE(RunSecondInstance(player, Any(lines)) == 0 || ExitCode(player, 0) != -1);
+        } else if (way == 1) {
+            ShowWindowAsync(player.window, SW_MINIMIZE);
+        } else if (way == 2) {
+            FillMedia();
+        } else if (way == 3) {
+            DeleteFileA((MediaDirectory() + "short 3.wav").c_str());
+        } else if (way == 4) {
+            PostMessageA(player.window, WM_SYSCOLORCHANGE, 0, 0);
+        } else {
+            ChangeDisc();
         }
         ShowWindowAsync(player.window, SW_RESTORE);
     }
@@ -258,14 +228,16 @@ protected:
     void Act() {
         HWND front = Front();
         if (IsIconic(player.window)) ShowWindowAsync(player.window, SW_RESTORE);
-        if (front != lastFront) lastRemovesDiscs = front != player.window && RemovesDiscs(front);
-        lastFront = front;
-        if (lastRemovesDiscs) mayRemoveDiscs = true;
-        if (Below(40) == 0) {
-            DisturbFromOutside();
-            return;
-        }
         const std::vector<HWND> controls = Controls(front);
+        // A dialog that can take discs out of the catalogue has a button for it.
+        const auto removes = [](HWND control) {
+            return Title(control).find("elete") != std::string::npos;
+        };
+        if (front != lastFront)
+            lastRemovesDiscs = front != player.window && std::ranges::any_of(controls, removes);
+        lastFront = front;
+        mayRemoveDiscs = mayRemoveDiscs || lastRemovesDiscs;
+        if (Below(40) == 0) return DisturbFromOutside();
         const int choice = Below(20);
         if (choice < 12 && !controls.empty()) {
             UseControl(controls[static_cast<size_t>(Below(static_cast<int>(controls.size())))]);
@@ -278,14 +250,6 @@ protected:
             Note("close " + Title(front));
             PostMessageA(front, WM_CLOSE, 0, 0);
         }
-    }
-
-    // Whether a dialog can take discs out of the catalogue: it has a button for it.
-    static bool RemovesDiscs(HWND dialog) {
-        for (HWND control : Controls(dialog)) {
-            if (Title(control).find("elete") != std::string::npos) return true;
-        }
-        return false;
     }
 
     // Or has ended, perhaps in this very moment.
@@ -323,7 +287,7 @@ protected:
         return text;
     }
 
-    uint32_t seed = 0;
+    const uint32_t seed = static_cast<uint32_t>(FromEnvironment("TARNWELL_HAND_SEED", 1));
     std::mt19937 random;
     std::deque<std::string> done;
     int actions = 0;

@@ -130,31 +130,6 @@ TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
     EXPECT_EQ(WaitForPopup(player, 500), nullptr);
 }
 
-TEST_F(VideoTest, TheFrameAndTheScreenBoundAFilm) {
-    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
-    RECT frame = {};
-    GetClientRect(Control(player.window, IDC_VIDEO_FRAME), &frame);
-    AddFilm("exact.avi", {frame.right / 4 * 4, frame.bottom}, 4);
-    AddFilm("higher.avi", {40, frame.bottom + 1}, 4);
-    AddFilm("huge.avi", {1304, 900}, 4);
-    ASSERT_NO_FATAL_FAILURE(StartIn("video"));
-    ASSERT_NO_FATAL_FAILURE(Play({"exact.avi"}));
-    ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "exact.avi"));
-    EXPECT_EQ(WaitForPopup(player, 200), nullptr);
-    for (const char* name : {"higher.avi", "huge.avi"}) {
-        ASSERT_NO_FATAL_FAILURE(Play({name}));
-        HWND film = FilmWindow(name);
-        ASSERT_NE(film, nullptr) << name;
-        RECT place = {};
-        GetWindowRect(film, &place);
-        EXPECT_TRUE(place.left >= 0 && place.top >= 0);
-        EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
-        EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
-        SendMessageA(film, WM_SYSCOMMAND, SC_CLOSE, 0);
-        ASSERT_TRUE(WaitForNoPopup(player));
-    }
-}
-
 TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
     if (!HasVirtualProjector()) GTEST_SKIP() << "no driver for .mov files is registered";
     AddFilm("film.mov", kSmall, 150);
@@ -186,17 +161,4 @@ TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
     EXPECT_TRUE(WaitForSilence());
     EXPECT_EQ(Shown(IDC_STATUS), "Playing");
-}
-
-TEST_F(VideoTest, AFilmNamedAtTheStartEndsTheProgramWhateverItsSize) {
-    AddFilm("small.avi", kSmall, 15);
-    AddFilm("large.avi", kLarge, 15);
-    for (const char* name : {"small.avi", "large.avi"}) {
-        ASSERT_TRUE(StartProgram(player, MediaDirectory() + name));
-        EXPECT_EQ(ExitCode(player), 0) << name;
-    }
-    AddMedia("broken.avi", "RIFF (   AVI LIST");
-    ASSERT_TRUE(StartProgram(player, MediaDirectory() + "broken.avi"));
-    Command(WaitForPopup(player), IDC_OK);
-    EXPECT_EQ(ExitCode(player), 0);
 }

@@ -24,13 +24,12 @@ using CdCommandsTest = CdPlayerTest;
 // ends the sequence, "~" is not told to the user; otherwise it is told once and the sequence goes
 // on.
 TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
-    const auto playing = [](HWND) {
-        SetPlaying(1, 3);
-        CdStatusTick(MainWindow);
-    };
-    const auto removed = [](HWND) {
-        RemoveDisc();
-        CdStatusTick(MainWindow);
+    const auto asItIs = [](HWND) {};
+    const auto playing = [](HWND) { TickPlaying(1, 3); };
+    const auto removed = [](HWND) { TickWithoutDisc(); };
+    const auto inserted = [](HWND) {
+        TickWithoutDisc();
+        InsertDisc({60});
     };
     const auto paused = [](HWND) { CdPlayer.paused = true; };
     const struct {
@@ -45,15 +44,12 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
          {"!~open", "format 10", "can eject", "!~present", "~length", "!tracks", "~length 1",
           "~length 2"}},
         {"new disc",
-         [&](HWND) {
-             removed(nullptr);
-             InsertDisc({60});
-         },
+         inserted,
          CdStatusTick,
          {"!mode", "!present", "~length", "!tracks", "~length 1"}},
-        {"enter mode", [](HWND) {}, ShowCdPlayer, {"!mode", "present", "~tracks", "~length"}},
+        {"enter mode", asItIs, ShowCdPlayer, {"!mode", "present", "~tracks", "~length"}},
         {"tick", playing, CdStatusTick, {"!mode", "present", "~position"}},
-        {"play", [](HWND) {}, [](HWND) { OnCdPlay(MainWindow, 2); }, {"play 2 0:00.00"}},
+        {"play", asItIs, [](HWND) { OnCdPlay(MainWindow, 2); }, {"play 2 0:00.00"}},
         {"pause", playing, OnCdPause, {"!mode", "pause"}},
         {"resume", paused, OnCdPause, {"play"}},
         {"stop", paused, OnCdStop, {"play", "stop"}},
@@ -90,8 +86,8 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
             const auto end = ends ? commands.begin() + n + 1 : commands.end();
             EXPECT_EQ(TakeLog(), Log(commands.begin(), end));
             FailCall(-1);
-            CdStatusTick(
-                MainWindow);  // a failing status query is told again after one that succeeds
+            // A failing status query is told again after one that succeeds.
+            CdStatusTick(MainWindow);
         }
     }
 }
@@ -99,6 +95,10 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
 TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     Start({100, 200});
     OnTrackButton(MainWindow, IDC_TRACK_FIRST + 1);
+    FailCall(1);  // the drive refuses the pause
+    OnCdPause(MainWindow);
+    CdStatusTick(MainWindow);
+    ExpectShown({{IDC_CD_STATUS, "Playing"}});
     OnCdPause(MainWindow);
     CdStatusTick(MainWindow);
     ExpectShown({{IDC_CD_STATUS, "Paused"}, {IDC_TRACK_NUMBER, "2"}});
@@ -108,17 +108,8 @@ TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     Drive.mode = MCI_MODE_STOP;
     OnCdPause(MainWindow);
     EXPECT_FALSE(CdPlayer.paused) << "a disc that does not play is not paused";
-
-    OnCdPlay(MainWindow, 2);
-    FailCall(1);  // the drive refuses the pause
-    OnCdPause(MainWindow);
-    EXPECT_FALSE(CdPlayer.paused);
-    CdStatusTick(MainWindow);
-    ExpectShown({{IDC_CD_STATUS, "Playing"}});
-    OnCdPause(MainWindow);
-    EXPECT_TRUE(CdPlayer.paused) << "the next Pause pauses";
-    Drive.mode = MCI_MODE_PLAY;  // another program sets the disc going
-    CdStatusTick(MainWindow);
+    CdPlayer.paused = true;
+    TickIn(MCI_MODE_PLAY);  // another program sets the disc going
     EXPECT_FALSE(CdPlayer.paused);
 }
 
@@ -129,7 +120,6 @@ TEST_F(CdCommandsTest, ATrackThatDoesNotPlayChangesNothing) {
         EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST + 1));
     };
     OnCdPlay(MainWindow, 2);
-    CdStatusTick(MainWindow);
     for (const bool paused : {false, true}) {
         if (paused) OnCdPause(MainWindow);
         FailCall(0);
@@ -143,8 +133,7 @@ TEST_F(CdCommandsTest, ATrackThatDoesNotPlayChangesNothing) {
     EXPECT_EQ(TheBoxes.shown.size(), 2u);
 
     // Skip back knows a track that no tick has seen.
-    OnCdPlay(MainWindow, 2);
-    CdStatusTick(MainWindow);
+    TickPlaying(2, 1);
     SetPlaying(3, 1);
     OnSkipBack(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 2 0:00.00");
@@ -159,8 +148,7 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     drag(30);
     EXPECT_THAT(TakeLog(), ElementsAre("mode")) << "a disc that does not play is not moved";
 
-    SetPlaying(1, 10);
-    CdStatusTick(MainWindow);
+    TickPlaying(1, 10);
     TakeLog();
     OnCdScroll(MainWindow, SB_THUMBTRACK, 75);
     ExpectShown({{IDC_TIME, "1:15"}, {IDC_TOTAL_REMAINING, "1:25"}});
@@ -184,8 +172,7 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     OnCdScroll(MainWindow, SB_THUMBTRACK, 50);
     Drive.mode = MCI_MODE_STOP;  // the disc ends under the thumb
     OnCdScroll(MainWindow, SB_THUMBPOSITION, 50);
-    SetPlaying(2, 5);
-    CdStatusTick(MainWindow);
+    TickPlaying(2, 5);
     ExpectShown({{IDC_TIME, "0:05"}});
 
     // Whether the disc's last second holds the place, only the drive knows.
@@ -244,8 +231,7 @@ TEST_F(CdCommandsTest, RequestsLookAtTheDriveFirst) {
     for (const bool behindDialog : {false, true}) {
         SCOPED_TRACE(behindDialog);
         Start({100, 200});
-        RemoveDisc();
-        CdStatusTick(MainWindow);
+        TickWithoutDisc();
         InsertDisc({70, 80, 90});
         OnCdPlayRequest(MainWindow, 3, behindDialog);
         EXPECT_THAT(TakeLog(), Contains("play 3 0:00.00"));

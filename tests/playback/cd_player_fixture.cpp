@@ -41,6 +41,26 @@ void CdPlayerTest::ExpectShown(std::initializer_list<std::pair<int, const char*>
         EXPECT_EQ(Text(id), text) << "control " << id;
 }
 
+void CdPlayerTest::TickPlaying(DWORD track, DWORD seconds) {
+    SetPlaying(track, seconds);
+    CdStatusTick(MainWindow);
+}
+
+void CdPlayerTest::TickIn(DWORD mode) {
+    Drive.mode = mode;
+    CdStatusTick(MainWindow);
+}
+
+void CdPlayerTest::TickWithDisc(std::vector<DWORD> trackSeconds) {
+    InsertDisc(std::move(trackSeconds));
+    CdStatusTick(MainWindow);
+}
+
+void CdPlayerTest::TickWithoutDisc() {
+    RemoveDisc();
+    CdStatusTick(MainWindow);
+}
+
 bool CdPlayerTest::IsShown(int id) {
     return (GetWindowLongA(GetDlgItem(MainWindow, id), GWL_STYLE) & WS_VISIBLE) != 0;
 }

@@ -19,6 +19,12 @@ protected:
     void Catalogue(const std::string& artist, const std::string& disc);
 
     void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts);
+    // What the drive does, and the tick that sees it.
+    static void TickPlaying(DWORD track, DWORD seconds);
+    static void TickIn(DWORD mode);
+    static void TickWithDisc(std::vector<DWORD> trackSeconds);
+    static void TickWithoutDisc();
+
     bool IsShown(int id);
     int Thumb();
     int Range();

@@ -44,30 +44,19 @@ TEST_F(CdPlayerTest, FailingStatusQueriesAreToldOnceUntilOneSucceeds) {
 }
 
 TEST_F(CdPlayerTest, ADriveThatHidesItsTracksSaysSoOnceForEachTimeItStartsTo) {
-    const auto look = [] { CdStatusTick(MainWindow); };
-    const auto exchange = [&](std::vector<DWORD> disc) {
-        RemoveDisc();
-        look();
-        InsertDisc(std::move(disc));
-    };
     Start({});
-    exchange({100, 200});
     Drive.tellsTracks = false;
-    Drive.mode = MCI_MODE_NOT_READY;  // while it spins up that means nothing
-    look();
-    EXPECT_THAT(TheBoxes.shown, IsEmpty());
-    Drive.mode = MCI_MODE_STOP;
-    for (int tick = 0; tick < 5; ++tick)
-        look();
-    exchange({60});
-    look();
+    for (const DWORD length : {100, 100, 60}) {
+        TickWithoutDisc();
+        TickWithDisc({length});
+        CdStatusTick(MainWindow);
+    }
     EXPECT_EQ(TheBoxes.shown.size(), 1u);
     Drive.tellsTracks = true;
-    look();
+    CdStatusTick(MainWindow);
     ExpectShown({{IDC_TOTAL_TRACKS, "1"}, {IDC_DISC_LENGTH, "1:00"}});
     Drive.tellsTracks = false;
-    exchange({60, 60});
-    look();
+    TickWithDisc({60, 60});
     EXPECT_THAT(TheBoxes.shown, ElementsAre("error 262", "error 262"));
 }
 
@@ -79,59 +68,43 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
     EXPECT_EQ(Range(), 100);
 
-    SetPlaying(3, 65);
-    CdStatusTick(MainWindow);
-    ExpectShown({{IDC_CD_STATUS, "Playing"},
-                 {IDC_TRACK_NUMBER, "3"},
-                 {IDC_TRACK_TITLE, "Disc c"},
-                 {IDC_TIME, "1:05"},
-                 {IDC_REMAINING, "3:55"},
-                 {IDC_TOTAL_PLAYING, "6:05"},
-                 {IDC_TOTAL_REMAINING, "3:55"},
-                 {IDC_TRACK_LENGTH, "5:00"},
-                 {IDC_SCROLL_RIGHT, "5:00"},
-                 {IDC_DISC_LENGTH, "10:00"}});
+    TickPlaying(3, 65);
+    ExpectShown({{IDC_CD_STATUS, "Playing"}, {IDC_TRACK_NUMBER, "3"}, {IDC_TRACK_TITLE, "Disc c"}});
+    ExpectShown({{IDC_TIME, "1:05"}, {IDC_REMAINING, "3:55"}, {IDC_TRACK_LENGTH, "5:00"}});
+    ExpectShown({{IDC_TOTAL_PLAYING, "6:05"}, {IDC_TOTAL_REMAINING, "3:55"}});
+    ExpectShown({{IDC_SCROLL_RIGHT, "5:00"}, {IDC_DISC_LENGTH, "10:00"}});
     EXPECT_EQ(Range(), 300);
     EXPECT_EQ(Thumb(), 65);
 
     // While the drive seeks, the state is "Ready" and blank; then everything comes back.
-    Drive.mode = MCI_MODE_SEEK;
-    CdStatusTick(MainWindow);
-    ExpectShown({{IDC_TRACK_NUMBER, ""},
-                 {IDC_TIME, ""},
-                 {IDC_TOTAL_REMAINING, ""},
-                 {IDC_DISC_TITLE, ""},
-                 {IDC_TRACK_TITLE, ""},
-                 {IDC_SCROLL_RIGHT, ""}});
+    TickIn(MCI_MODE_SEEK);
+    for (const int id : {IDC_TRACK_NUMBER, IDC_TIME, IDC_TOTAL_REMAINING, IDC_DISC_TITLE,
+                         IDC_TRACK_TITLE, IDC_SCROLL_RIGHT})
+        ExpectShown({{id, ""}});
     EXPECT_EQ(Thumb(), 0);
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST + 2)) << "it has not ended";
-    SetPlaying(3, 70);
-    CdStatusTick(MainWindow);
-    ExpectShown(
-        {{IDC_TRACK_NUMBER, "3"}, {IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc c"}});
+    TickPlaying(3, 70);
+    ExpectShown({{IDC_TRACK_NUMBER, "3"}, {IDC_DISC_TITLE, "Artist - Disc"}});
+    ExpectShown({{IDC_TRACK_TITLE, "Disc c"}});
 
     // Ended by itself or stopped, it begins again with its first track.
     for (const bool stopped : {false, true}) {
         if (stopped) OnCdStop(MainWindow);
-        Drive.mode = MCI_MODE_STOP;
-        CdStatusTick(MainWindow);
+        TickIn(MCI_MODE_STOP);
         ExpectShown({{IDC_TRACK_NUMBER, ""}, {IDC_DISC_TITLE, ""}});
         EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
         RefreshDiscTitles(MainWindow);
         ExpectShown({{IDC_TRACK_TITLE, "Disc a"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
         OnCdPlay(MainWindow, 0);
         EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
-        SetPlaying(2, 1);
-        CdStatusTick(MainWindow);
+        TickPlaying(2, 1);
     }
 }
 
 TEST_F(CdPlayerTest, DiscRemovedWhilePlayingLeavesNothingToCommand) {
     Start({100, 200});
-    OnCdPlay(MainWindow, 2);
-    CdStatusTick(MainWindow);
-    RemoveDisc();
-    CdStatusTick(MainWindow);
+    TickPlaying(2, 5);
+    TickWithoutDisc();
     ExpectShown({{IDC_TIME, ""}, {IDC_DISC_LENGTH, ""}, {IDC_TOTAL_TRACKS, "0"}});
     EXPECT_FALSE(IsShown(IDC_TRACK_FIRST) || IsShown(IDC_TRACK_LABEL_FIRST));
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
@@ -162,33 +135,27 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
         Catalogue("Old", "Disc");
         c.prepare();
         CdStatusTick(MainWindow);
-        InsertDisc({111, 222, 333});
-        Catalogue("Old", "Disc");
-        CdStatusTick(MainWindow);
+        TickWithDisc({111, 222, 333});
         EXPECT_EQ(CdPlayer.toc.trackCount, 3);
         EXPECT_FALSE(CdPlayer.paused);
-        ExpectShown({{IDC_CD_STATUS, "Ready"},
-                     {IDC_DISC_TITLE, ""},
-                     {IDC_ENTRY_LABEL, "Add Entry"},
-                     {IDC_DISC_LENGTH, "11:06"}});
-        CdStatusTick(MainWindow);
-        ExpectShown({{IDC_CD_STATUS, "Ready"}});
+        ExpectShown({{IDC_DISC_TITLE, ""}, {IDC_ENTRY_LABEL, "Add Entry"}});
+        for (int tick = 0; tick < 2; ++tick) {
+            ExpectShown({{IDC_CD_STATUS, "Ready"}, {IDC_DISC_LENGTH, "11:06"}});
+            CdStatusTick(MainWindow);
+        }
     }
 }
 
 TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     Start({100, 200});
     Catalogue("Artist", "Disc");
-    RemoveDisc();
-    CdStatusTick(MainWindow);
+    TickWithoutDisc();
     ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
     InsertDisc({100, 200});
-    Drive.mode = MCI_MODE_NOT_READY;  // it spins up and cannot tell its tracks yet
     FailCall(3);
-    CdStatusTick(MainWindow);
+    TickIn(MCI_MODE_NOT_READY);  // it spins up and cannot tell its tracks yet
     EXPECT_EQ(CdPlayer.toc.trackCount, 0);
-    Drive.mode = MCI_MODE_STOP;
-    CdStatusTick(MainWindow);
+    TickIn(MCI_MODE_STOP);
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 }
@@ -210,18 +177,15 @@ TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     // A data track has no length, and a disc without tracks nothing to name; a drive may answer a
     // track that the disc does not have.
     Start({0, 60});
-    SetPlaying(1, 0);
-    CdStatusTick(MainWindow);
+    TickPlaying(1, 0);
     ExpectShown({{IDC_TRACK_LENGTH, "0:00"}});
     OnCdScroll(MainWindow, SB_LINERIGHT, 0);
     EXPECT_EQ(Thumb(), 0);
-    SetPlaying(255, 1);
-    CdStatusTick(MainWindow);
+    TickPlaying(255, 1);
     ExpectShown({{IDC_TRACK_NUMBER, "255"}});
     OnSkipForward(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 1 0:00.00");
-    InsertDisc({});
-    CdStatusTick(MainWindow);
+    TickWithDisc({});
     DiscToc disc;
     EXPECT_FALSE(PrepareEntry(MainWindow, disc));
 }
@@ -236,7 +200,6 @@ TEST_F(CdPlayerTest, ReturningToTheModeFindsThePauseOrAnotherDisc) {
     EXPECT_EQ(Range(), 0);
     OnCdPause(MainWindow);
     EXPECT_EQ(Range(), 200);
-
     OnCdPause(MainWindow);
     InsertDisc({50});
     ShowCdPlayer(MainWindow);
@@ -252,20 +215,15 @@ TEST_F(CdPlayerTest, ReturningToTheModeFindsThePauseOrAnotherDisc) {
 TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
     Start({100, 200});
     Catalogue("Artist", "Disc");
-    const auto holdCatalogue = [] {
-        return CreateFileA(InAppDirectory("tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
-                           OPEN_EXISTING, 0, nullptr);
-    };
-    HANDLE held = holdCatalogue();
+    HANDLE held = CreateFileA(InAppDirectory("tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    OnCdPlay(MainWindow, 2);
-    CdStatusTick(MainWindow);
+    TickPlaying(2, 0);
     ExpectShown({{IDC_DISC_TITLE, ""}, {IDC_TRACK_TITLE, ""}, {IDC_ENTRY_LABEL, "Add Entry"}});
     CloseHandle(held);
     CdStatusTick(MainWindow);
-    ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"},
-                 {IDC_TRACK_TITLE, "Disc b"},
-                 {IDC_ENTRY_LABEL, "Edit Entry"}});
+    ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc b"}});
+    ExpectShown({{IDC_ENTRY_LABEL, "Edit Entry"}});
 }
 
 // By its lengths a disc is known; one that the drive holds back is asked for again, though not for
@@ -273,18 +231,15 @@ TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
 TEST_F(CdPlayerTest, MissingTrackLengthsAreReadAgainAFewTimes) {
     Start({100, 200});
     Catalogue("Artist", "Disc");
-    RemoveDisc();
-    CdStatusTick(MainWindow);
-    InsertDisc({100, 200});
+    TickWithoutDisc();
     FailCall(5);  // the length of track 2
-    CdStatusTick(MainWindow);
+    TickWithDisc({100, 200});
     ExpectShown({{IDC_DISC_LENGTH, "1:40"}, {IDC_ENTRY_LABEL, "Add Entry"}});
     CdStatusTick(MainWindow);
     ExpectShown({{IDC_DISC_LENGTH, "5:00"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
 
-    InsertDisc({100, 200, 300});
     Drive.tellsLengths = false;
-    CdStatusTick(MainWindow);
+    TickWithDisc({100, 200, 300});
     TakeLog();
     OnCdPlay(MainWindow, 1);
     OnCdPause(MainWindow);
@@ -303,8 +258,7 @@ TEST_F(CdPlayerTest, TheFocusStaysAmongTheButtonsOfTheMode) {
     focus(IDC_TRACK_LAST);
     OnNextPage(MainWindow);
     EXPECT_EQ(focused(), IDC_NEXT_PAGE);
-    InsertDisc({60});
-    CdStatusTick(MainWindow);
+    TickWithDisc({60});
     EXPECT_EQ(focused(), IDC_CD_PLAY);
     Command(IDC_MODE_WAVE);
     EXPECT_EQ(focused(), IDC_PLAY);

@@ -1,12 +1,13 @@
 // Stand-ins at the product's seams.
 #include "tests/stand_ins.h"
 
+#include <gtest/gtest.h>
 #include <mmsystem.h>
 
 #include <digitalv.h>
 
 #include <cstdio>
-#include <utility>
+#include <fstream>
 
 #include "app/main_window.h"
 #include "base/app_directory.h"
@@ -204,31 +205,25 @@ std::string FreshDirectory() {
     static int count = 0;
     char temporary[MAX_PATH] = {};
     GetTempPathA(sizeof temporary, temporary);
-    const std::string directory = std::string(temporary) + "tarnwell" +
-                                  std::to_string(GetCurrentProcessId()) + "_" +
-                                  std::to_string(count++) + "\\";
+    const std::string own = std::to_string(GetCurrentProcessId()) + "_" + std::to_string(count++);
+    const std::string directory = temporary + ("tarnwell" + own) + "\\";
     CreateDirectoryA(directory.c_str(), nullptr);
     return directory;
 }
 
-static void WriteEmptyFile(const std::string& path) {
-    CloseHandle(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-}
-
-void OpenTestWindow(int mode, const std::vector<std::string>& files, const std::string& startFile) {
+void OpenTestWindow(int mode, const std::vector<std::string>& files) {
     CloseTestWindow();
     ResetProgramState(GetModuleHandleA(nullptr));
     ResetDatabaseState();
     AppDirectory = FreshDirectory();
     SettingsPath = InAppDirectory("TARNWELL.INI");
     for (const std::string& file : files)
-        WriteEmptyFile(AppDirectory + file);
+        std::ofstream(AppDirectory + file).flush();
     WaveFilesPath = MidiFilesPath = VideoFilesPath = AppDirectory;
     Settings.soundControls = false;
     PlayMode = mode;
     // As if a media file had been named: the settings stay as they are above.
     StartFileGiven = true;
-    StartFileName = startFile;
     CreateBackgroundBrush();
     static const bool registered = RegisterMainWindowClass();
     if (registered) CreateMainWindow();
@@ -250,6 +245,11 @@ void Command(int id, int notification) {
 
 std::string Text(int id) {
     return ControlText(MainWindow, id);
+}
+
+void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts) {
+    for (const auto& [id, text] : texts)
+        EXPECT_EQ(Text(id), text) << "control " << id;
 }
 
 void Scroll(int code, int thumb) {

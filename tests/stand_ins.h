@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <windows.h>
@@ -48,17 +49,16 @@ extern FakeBoxes TheBoxes;
 void UseStandIns();
 
 // The main window in a mode, made anew on every call; the file modes' directory holds these files.
-// With a start file it is as if that had been named on the command line.
-void OpenTestWindow(int mode, const std::vector<std::string>& files,
-                    const std::string& startFile = "");
+void OpenTestWindow(int mode, const std::vector<std::string>& files);
 void CloseTestWindow();
 
 // An empty directory of the test's own, with its trailing backslash.
 std::string FreshDirectory();
 
-// A command of the main window, and the text of one of its controls.
+// A command of the main window, and the texts of its controls.
 void Command(int id, int notification = 0);
 std::string Text(int id);
+void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts);
 // A step of the position scroll bar.
 void Scroll(int code, int thumb = 0);
 

@@ -36,11 +36,6 @@ void CdPlayerTest::Catalogue(const std::string& artist, const std::string& disc)
     ASSERT_EQ(AppendEntry(fields), DatabaseResult::kOk);
 }
 
-void CdPlayerTest::ExpectShown(std::initializer_list<std::pair<int, const char*>> texts) {
-    for (const auto& [id, text] : texts)
-        EXPECT_EQ(Text(id), text) << "control " << id;
-}
-
 void CdPlayerTest::TickPlaying(DWORD track, DWORD seconds) {
     SetPlaying(track, seconds);
     CdStatusTick(MainWindow);

@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <utility>
-
 #include "tests/fake_drive.h"
 #include "tests/stand_ins.h"
 
@@ -18,7 +16,6 @@ protected:
     // The disc in the drive becomes known to the database, its tracks as "Disc a", "Disc b" ...
     void Catalogue(const std::string& artist, const std::string& disc);
 
-    void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts);
     // What the drive does, and the tick that sees it.
     static void TickPlaying(DWORD track, DWORD seconds);
     static void TickIn(DWORD mode);

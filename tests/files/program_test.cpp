@@ -29,7 +29,8 @@ TEST(ProgramDescription, OnlyWhatTheFileHolds) {
     EXPECT_EQ(ProgramDescription(ProgramFile(128, 64, 10, "PE")), "");
     // Cut anywhere, it has no description, and nothing is read behind the end.
     for (size_t length = 0; length < good.size(); ++length) {
-        const std::vector<char> cut(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(length));
+        const std::vector<char> cut(good.begin(),
+                                    good.begin() + static_cast<std::ptrdiff_t>(length));
         EXPECT_EQ(ProgramDescription({cut.data(), cut.size()}), "") << length;
     }
     // Every place that leads out of the file.
@@ -44,10 +45,10 @@ TEST(ProgramDescription, OnlyWhatTheFileHolds) {
 
 TEST(ProgramPath, WhatStandsInFrontOfABlank) {
     EXPECT_THAT(PathsInFront("c:\\tools\\waved.exe"), testing::IsEmpty());
-    EXPECT_THAT(PathsInFront("c:\\program files\\my ed.v2\\wave ed.exe"),
-                testing::ElementsAre("c:\\program", "c:\\program.exe", "c:\\program files\\my",
-                                     "c:\\program files\\my.exe",
-                                     "c:\\program files\\my ed.v2\\wave",
-                                     "c:\\program files\\my ed.v2\\wave.exe"));
+    EXPECT_THAT(
+        PathsInFront("c:\\program files\\my ed.v2\\wave ed.exe"),
+        testing::ElementsAre("c:\\program", "c:\\program.exe", "c:\\program files\\my",
+                             "c:\\program files\\my.exe", "c:\\program files\\my ed.v2\\wave",
+                             "c:\\program files\\my ed.v2\\wave.exe"));
     EXPECT_THAT(PathsInFront("c:\\a.com b.exe"), testing::ElementsAre("c:\\a.com"));
 }

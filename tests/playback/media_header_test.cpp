@@ -42,7 +42,6 @@ TEST(MediaHeader, OnlyAStandingClockIsRefused) {
         bool refused;
         std::string bytes;
     } cases[] = {
-        {"usual wave", false, Wave(Format(44100, 2))},
         {"no bytes a second", true, Wave(Format(0, 2))},
         {"no bytes a block", true, Wave(Format(44100, 0))},
         {"one byte of each", false, Wave(Format(1, 1))},
@@ -52,23 +51,18 @@ TEST(MediaHeader, OnlyAStandingClockIsRefused) {
         {"the first format counts", false, Wave(Format(44100, 2) + Format(0, 0))},
         {"cut format", false, Wave(Format(0, 0)).substr(0, 33)},
         {"chunk beyond the end", false, Wave("LIST\xff\xff\xff\xff" + Format(0, 0))},
-        {"wave without a format", false, Wave(Chunk("data", "1234"))},
         {"film", false, Chunk("RIFF", "AVI " + Format(0, 0))},
-        {"song", false, Song("\0\x60"s)},
         {"song in frames", false, Song("\xe8\0"s)},
         {"song without ticks", true, Song("\0\0"s)},
         {"song in a box", false, Chunk("RIFF", "RMID" + Chunk("data", Song("\0\x60"s)))},
         {"the same without ticks", true, Chunk("RIFF", "RMID" + Chunk("data", Song("\0\0"s)))},
         {"cut song", false, Song("\0\0"s).substr(0, 13)},
         {"empty", false, ""},
-        {"no media", false, std::string(100, 'x')},
     };
     for (const auto& c : cases) {
-        const auto read = [&](uint64_t offset, void* bytes, size_t size) -> size_t {
-            if (offset >= c.bytes.size()) return 0;
-            const size_t count = std::min<size_t>(size, c.bytes.size() - offset);
-            memcpy(bytes, c.bytes.data() + offset, count);
-            return count;
+        const auto read = [&](uint64_t offset, void* bytes, size_t size) {
+            const size_t from = std::min<uint64_t>(offset, c.bytes.size());
+            return c.bytes.copy(static_cast<char*>(bytes), size, from);
         };
         EXPECT_EQ(WouldDivideByZero(read), c.refused) << c.name;
     }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 #include <vector>
 
 static std::vector<int> Numbers(const VideoPlace& place) {
@@ -11,20 +12,16 @@ static std::vector<int> Numbers(const VideoPlace& place) {
 }
 
 TEST(VideoPlacing, SizesAreTakenByTheirAmountUpToALimit) {
-    const struct {
-        int32_t width;
-        int32_t height;
-        bool taken;
-    } cases[] = {
-        {320, 240, true},          {320, -240, true},   {1, 1, true},       {-16384, 1, true},
-        {0, 240, false},           {320, 0, false},     {16385, 10, false}, {10, -16385, false},
-        {INT_MIN, INT_MIN, false}, {1, INT_MAX, false},
+    const std::tuple<int32_t, int32_t, bool> cases[] = {
+        {320, -240, true},   {1, 1, true},       {-16384, 1, true},   {0, 240, false},
+        {320, 0, false},     {16385, 10, false}, {10, -16385, false}, {INT_MIN, INT_MIN, false},
+        {1, INT_MAX, false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [width, height, taken] : cases) {
         VideoSize size = {-1, -1};
-        EXPECT_EQ(TakeVideoSize(c.width, c.height, size), c.taken) << c.width << " " << c.height;
-        EXPECT_EQ(size.width, c.taken ? std::abs(c.width) : -1);
-        EXPECT_EQ(size.height, c.taken ? std::abs(c.height) : -1);
+        EXPECT_EQ(TakeVideoSize(width, height, size), taken) << width << " " << height;
+        EXPECT_EQ(size.width, taken ? std::abs(width) : -1);
+        EXPECT_EQ(size.height, taken ? std::abs(height) : -1);
     }
 }
 
@@ -40,24 +37,17 @@ TEST(VideoPlacing, TheFrameTakesWhatIsNotLarger) {
 TEST(VideoPlacing, TheWindowGrowsWithItsFilmUpToTheWorkArea) {
     // Borders of 3 pixels, a caption of 19; 70 pixels of controls.
     const VideoWindowShape shape = {{456, 200}, {450, 175}, 92, 22};
-    const struct {
-        const char* name;
-        VideoSize film;
-        VideoSize window;
-        VideoPlace frame;
-    } cases[] = {
-        {"small", {200, 50}, {456, 200}, {121, 93, {208, 58}}},
-        {"large", {640, 480}, {663, 587}, {4, 72, {648, 488}}},
+    const std::tuple<VideoSize, VideoSize, VideoPlace> cases[] = {
+        {{200, 50}, {456, 200}, {121, 93, {208, 58}}},
+        {{640, 480}, {663, 587}, {4, 72, {648, 488}}},
         // The controls above stay free.
-        {"huge", {1920, 1080}, {1024, 740}, {-455, 72, {1928, 1088}}},
+        {{1920, 1080}, {1024, 740}, {-455, 72, {1928, 1088}}},
     };
-    for (const auto& c : cases) {
-        const VideoWindowPlaces places = PlaceInWindow(shape, {1024, 740}, c.film);
-        EXPECT_EQ(places.window.width, c.window.width) << c.name;
-        EXPECT_EQ(places.window.height, c.window.height) << c.name;
-        EXPECT_EQ(Numbers(places.frame), Numbers(c.frame)) << c.name;
-        EXPECT_EQ(Numbers(places.video),
-                  (std::vector{c.frame.x + 4, c.frame.y + 4, c.film.width, c.film.height}))
-            << c.name;
+    for (const auto& [film, window, frame] : cases) {
+        SCOPED_TRACE(film.width);
+        const VideoWindowPlaces places = PlaceInWindow(shape, {1024, 740}, film);
+        EXPECT_EQ(Numbers({0, 0, places.window}), Numbers({0, 0, window}));
+        EXPECT_EQ(Numbers(places.frame), Numbers(frame));
+        EXPECT_EQ(Numbers(places.video), Numbers({frame.x + 4, frame.y + 4, film}));
     }
 }

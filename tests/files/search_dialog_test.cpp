@@ -30,10 +30,13 @@ protected:
         CloseTestWindow();
     }
 
-    void MakeDirectory(const std::string& name) {
-        CreateDirectoryA((root + name).c_str(), nullptr);
+    // A name that ends with a backslash is a directory's.
+    void Make(const std::string& name) {
+        if (name.back() == '\\')
+            CreateDirectoryA((root + name).c_str(), nullptr);
+        else
+            std::ofstream(root + name).flush();
     }
-    void MakeFile(const std::string& name) { std::ofstream(root + name).flush(); }
     // What the dialog leaves as the path; "t:\" unless an entry was taken.
     std::string Use(const std::function<void(HWND)>& script, const FileKind& kind = kMidi) {
         std::string path = "t:\\";
@@ -50,26 +53,26 @@ static std::vector<std::string> Found(HWND dialog) {
     return Entries(dialog, IDC_DRIVE_SEARCH_RESULTS);
 }
 
-static const char kHint[] = "Select a path and click OK, or double click a path.";
-
 TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
-    for (const char* name : {"B", "B\\Deep", "a", "empty"})
-        MakeDirectory(name);
-    for (const char* name : {"B\\one.MID", "B\\two.rmi", "B\\no.midi.txt", "B\\Deep\\x.mid",
-                             "a\\y.rmi", "empty\\z.wav"})
-        MakeFile(name);
-    MakeDirectory("a\\folder.mid");
+    for (const char* name :
+         {"B\\", "B\\Deep\\", "a\\", "empty\\", "B\\one.MID", "B\\two.rmi", "B\\no.midi.txt",
+          "B\\Deep\\x.mid", "a\\y.rmi", "empty\\z.wav", "a\\folder.mid\\"})
+        Make(name);
     ASSERT_TRUE(MakeLink(root + "B\\Deep\\", "loop", "../.."));
 
+    const auto expectResult = [](HWND dialog) {
+        EXPECT_THAT(Found(dialog), ElementsAre("t:\\a\\", "t:\\b\\", "t:\\b\\deep\\"));
+        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_FILES), "4");
+        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DIRECTORIES), "3");
+        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_STATUS),
+                  "Select a path and click OK, or double click a path.");
+    };
     const std::string taken = Use([&](HWND dialog) {
         EXPECT_THAT(Found(dialog), IsEmpty());
         EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_STATUS), "");
         Press(dialog, IDC_DRIVE_SEARCH_START);
-        EXPECT_THAT(Found(dialog), ElementsAre("t:\\a\\", "t:\\b\\", "t:\\b\\deep\\"));
-        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_FILES), "4");
-        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DIRECTORIES), "3");
+        expectResult(dialog);
         EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DETAIL), "Done!");
-        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_STATUS), kHint);
         SelectEntry(dialog, IDC_DRIVE_SEARCH_RESULTS, "t:\\b\\");
         EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DETAIL), "2 Midi File(s)");
         Press(dialog, IDC_DRIVE_SEARCH_RESULTS, LBN_DBLCLK);
@@ -78,9 +81,7 @@ TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
 
     // The same again without searching; nothing selected is nothing taken.
     Use([&](HWND dialog) {
-        EXPECT_THAT(Found(dialog), ElementsAre("t:\\a\\", "t:\\b\\", "t:\\b\\deep\\"));
-        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_FILES), "4");
-        EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_STATUS), kHint);
+        expectResult(dialog);
         Press(dialog, IDC_OK);
     });
     // Other masks are another search, and end what was kept.
@@ -90,9 +91,9 @@ TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
 
 TEST_F(SearchDialogTest, CanBeStoppedAndIsThenNotKept) {
     for (int i = 0; i < 3000; ++i)
-        MakeDirectory("d" + std::to_string(i));
-    MakeFile("d0\\a.mid");
-    MakeFile("d999\\a.mid");
+        Make("d" + std::to_string(i) + "\\");
+    Make("d0\\a.mid");
+    Make("d999\\a.mid");
     for (const int key : {IDCANCEL, IDC_CANCEL, IDC_OK}) {
         Use([&](HWND dialog) {
             PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(key), 0);

@@ -49,19 +49,15 @@ TEST_F(ToolDialogsTest, RenamingToNothingLeavesTheFileAndSaysNothing) {
 TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {
     const ProgramSlot wave = EditorSlot(MediaTypes()[0]);
     Program editor;
-    const char* const none = nullptr;
     // A name that begins with 0 is how the file says none.
-    for (const char* name : {"b.exe", none, "b.exe", "0.exe"}) {
+    for (const std::string name : {"b.exe", "", "b.exe", "0.exe"}) {
         UseEditors([&](HWND dialog) {
             TypeAndLeave(dialog, *ModeDirectory());
-            if (name == none) {
-                Press(dialog, IDC_PROGRAM_NONE);
-            } else {
-                EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PROGRAM_LIST, name));
-            }
+            EXPECT_EQ(DoubleClickEntry(dialog, IDC_PROGRAM_LIST, name), !name.empty());
+            if (name.empty()) Press(dialog, IDC_PROGRAM_NONE);
             Press(dialog, IDC_OK);
         });
-        const bool expected = name != none && name[0] != '0';
+        const bool expected = name == "b.exe";
         EXPECT_EQ(Settings.editorChosen[0], expected);
         EXPECT_EQ(ReadProgram(wave, editor), expected);
         EXPECT_EQ(ReadMainSetting("WavEditorPath", "removed", 20) == "removed", !expected);
@@ -79,10 +75,8 @@ TEST_F(ToolDialogsTest, ADirectoryThatIsNoneIsToldOnceAndAfterwards) {
         EXPECT_STRCASEEQ(ControlText(dialog, IDC_PROGRAM_LOCATION).c_str(),
                          ModeDirectory()->c_str());
         EXPECT_THAT(TheBoxes.shown, IsEmpty()) << "in the middle of the focus change";
-        for (int i = 0; i < 20; ++i) {
-            Sleep(10);
+        for (const DWORD start = GetTickCount(); GetTickCount() - start < 200;)
             PumpMessages();
-        }
         EXPECT_THAT(TheBoxes.shown, ElementsAre("Invalid path!"));
     });
 }

@@ -1,9 +1,6 @@
 // Stand-ins at the product's seams.
 #include "tests/stand_ins.h"
 
-#include <gtest/gtest.h>
-#include <mmsystem.h>
-
 #include <digitalv.h>
 
 #include <cstdio>
@@ -11,12 +8,10 @@
 
 #include "app/main_window.h"
 #include "base/app_directory.h"
-#include "base/program_state.h"
 #include "base/settings.h"
 #include "database/database_file.h"
 #include "playback/cd_player.h"
 #include "playback/player_timers.h"
-#include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
 #include "ui/entry_colors.h"
@@ -73,6 +68,12 @@ static bool IsFilm(DWORD_PTR flags, DWORD_PTR parameters) {
 // The name of a command as the log has it, and the flags that it must have.
 static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, bool drive,
                         DWORD_PTR& expected) {
+    static const std::map<UINT, std::pair<const char*, DWORD_PTR>> kPlain = {
+        {MCI_SEEK, {"seek start", MCI_SEEK_TO_START | MCI_WAIT}},
+        {MCI_STOP, {"stop", MCI_WAIT}},
+        {MCI_WHERE, {"where", MCI_DGV_WHERE_SOURCE | MCI_WAIT}},
+        {MCI_PAUSE, {"pause", 0}},
+        {MCI_GETDEVCAPS, {"can eject", MCI_GETDEVCAPS_ITEM | MCI_WAIT}}};
     expected = MCI_WAIT;
     switch (message) {
         case MCI_OPEN:
@@ -84,20 +85,6 @@ static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, boo
         case MCI_CLOSE:
             if (drive) expected = 0;
             return "close";
-        case MCI_SEEK:
-            expected |= MCI_SEEK_TO_START;
-            return "seek start";
-        case MCI_STOP:
-            return "stop";
-        case MCI_WHERE:
-            expected |= MCI_DGV_WHERE_SOURCE;
-            return "where";
-        case MCI_PAUSE:
-            expected = 0;
-            return "pause";
-        case MCI_GETDEVCAPS:
-            expected |= MCI_GETDEVCAPS_ITEM;
-            return "can eject";
         case MCI_PLAY:
             expected = flags & (drive ? MCI_FROM : MCI_FROM | MCI_TO);
             return PlayText(*reinterpret_cast<MCI_PLAY_PARMS*>(parameters), flags, drive);
@@ -113,7 +100,10 @@ static std::string Name(UINT message, DWORD_PTR flags, DWORD_PTR parameters, boo
             expected |= MCI_STATUS_ITEM | (flags & MCI_TRACK);
             return StatusItem(*reinterpret_cast<MCI_STATUS_PARMS*>(parameters), flags);
         default:
-            return "message " + std::to_string(message);
+            const auto plain = kPlain.find(message);
+            if (plain == kPlain.end()) return "message " + std::to_string(message);
+            expected = plain->second.second;
+            return plain->second.first;
     }
 }
 
@@ -201,14 +191,20 @@ void UseStandIns() {
     Boxes = {FakeMessage, FakeQuestion};
 }
 
+std::string Make(const std::string& path) {
+    if (path.back() != '\\')
+        std::ofstream(path).flush();
+    else
+        CreateDirectoryA(path.c_str(), nullptr);
+    return path;
+}
+
 std::string FreshDirectory() {
     static int count = 0;
     char temporary[MAX_PATH] = {};
     GetTempPathA(sizeof temporary, temporary);
     const std::string own = std::to_string(GetCurrentProcessId()) + "_" + std::to_string(count++);
-    const std::string directory = temporary + ("tarnwell" + own) + "\\";
-    CreateDirectoryA(directory.c_str(), nullptr);
-    return directory;
+    return Make(temporary + ("tarnwell" + own) + "\\");
 }
 
 void OpenTestWindow(int mode, const std::vector<std::string>& files) {
@@ -218,7 +214,7 @@ void OpenTestWindow(int mode, const std::vector<std::string>& files) {
     AppDirectory = FreshDirectory();
     SettingsPath = InAppDirectory("TARNWELL.INI");
     for (const std::string& file : files)
-        std::ofstream(AppDirectory + file).flush();
+        Make(AppDirectory + file);
     WaveFilesPath = MidiFilesPath = VideoFilesPath = AppDirectory;
     Settings.soundControls = false;
     PlayMode = mode;
@@ -250,6 +246,21 @@ std::string Text(int id) {
 void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts) {
     for (const auto& [id, text] : texts)
         EXPECT_EQ(Text(id), text) << "control " << id;
+}
+
+void SelectFiles(int first, int last) {
+    HWND list = GetDlgItem(MainWindow, IDC_FILE_LIST);
+    SendMessageA(list, LB_SETSEL, FALSE, -1);
+    for (int i = first; i <= last; ++i)
+        SendMessageA(list, LB_SETSEL, TRUE, i);
+}
+
+void FileEnds() {
+    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+}
+
+void FilePlays() {
+    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
 }
 
 void Scroll(int code, int thumb) {

@@ -2,6 +2,8 @@
 // answer by themselves, and the real main window to write to, hidden, in a directory of its own.
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <functional>
 #include <map>
 #include <string>
@@ -10,7 +12,11 @@
 
 #include <windows.h>
 
+#include <mmsystem.h>
+
+#include "base/program_state.h"
 #include "playback/mci.h"
+#include "resources/ids.h"
 
 using Log = std::vector<std::string>;
 
@@ -20,7 +26,7 @@ struct FakeMci {
     // a device that is not open.
     Log log;
     // Answers of the file device's status items, by item; 0 where none is given.
-    std::map<DWORD, DWORD> status;
+    std::map<DWORD, DWORD> status = {{MCI_STATUS_LENGTH, 2000}, {MCI_STATUS_MODE, MCI_MODE_PLAY}};
     DWORD frames = 0;   // the length while frames are counted
     RECT picture = {};  // of a film: 0, 0, width and height
     // Answers for "cdaudio"; without it no such driver is installed.
@@ -52,6 +58,8 @@ void UseStandIns();
 void OpenTestWindow(int mode, const std::vector<std::string>& files);
 void CloseTestWindow();
 
+// Makes an empty file or, where a backslash ends it, a directory. Answers with the path.
+std::string Make(const std::string& path);
 // An empty directory of the test's own, with its trailing backslash.
 std::string FreshDirectory();
 
@@ -59,6 +67,11 @@ std::string FreshDirectory();
 void Command(int id, int notification = 0);
 std::string Text(int id);
 void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts);
+// Selects these entries of the file list and no others.
+void SelectFiles(int first, int last);
+// What the file device is found to do from now on.
+void FileEnds();
+void FilePlays();
 // A step of the position scroll bar.
 void Scroll(int code, int thumb = 0);
 

@@ -1,14 +1,8 @@
 // The real path dialog over directories and a drive of the test's own.
 #include "files/path_dialog.h"
 
-#include <gmock/gmock.h>
-
-#include <fstream>
-
 #include "base/app_directory.h"
 #include "base/modes.h"
-#include "base/program_state.h"
-#include "resources/ids.h"
 #include "tests/dialog_script.h"
 #include "tests/scratch_drive.h"
 #include "tests/stand_ins.h"
@@ -34,11 +28,6 @@ protected:
         CloseTestWindow();
     }
 
-    std::string MakeDirectory(const std::string& name) {
-        CreateDirectoryA((top + name).c_str(), nullptr);
-        return top + name + "\\";
-    }
-    static void MakeFile(const std::string& path) { std::ofstream(path).flush(); }
     static std::vector<std::string> Files() { return Entries(MainWindow, IDC_FILE_LIST); }
 
     // Opens the dialog on a directory and runs the script there. True when it was accepted.
@@ -66,7 +55,7 @@ static std::string Location(HWND dialog) {
 }
 
 TEST_F(PathDialogTest, WhereNoFilesAreLookedForTheListIsLeftAlone) {
-    MakeDirectory("empty");
+    Make(top + "empty\\");
     for (const PathPurpose purpose : {PathPurpose::kDestination, PathPurpose::kExport}) {
         std::string directory = top;
         Use(
@@ -92,10 +81,10 @@ TEST_F(PathDialogTest, OpensOnADirectoryThatIsNotThere) {
 }
 
 TEST_F(PathDialogTest, NamesThatSortBeforeTheParentAreListedAndLostOnesAreNotEntered) {
-    MakeDirectory("names");
-    MakeDirectory("gone");
+    Make(top + "names\\");
+    Make(top + "gone\\");
     for (const char* name : {" a", "!a", "(a)", "[x]", "zz"})
-        MakeDirectory("names\\" + std::string(name));
+        Make(top + "names\\" + name + "\\");
     std::string directory = top;
     EXPECT_TRUE(Use(directory, [&](HWND dialog) {
         std::vector<std::string> entries = Entries(dialog, IDC_PATH_DIRECTORIES);
@@ -115,8 +104,8 @@ TEST_F(PathDialogTest, NamesThatSortBeforeTheParentAreListedAndLostOnesAreNotEnt
 }
 
 TEST_F(PathDialogTest, TheFilesFollowAndComeBackUnlessAccepted) {
-    MakeFile(MakeDirectory("one") + "b.wav");
-    MakeDirectory("two");
+    Make(Make(top + "one\\") + "b.wav");
+    Make(top + "two\\");
     for (const bool accept : {false, true}) {
         std::string directory = top;
         EXPECT_EQ(Use(directory,
@@ -145,10 +134,10 @@ TEST_F(PathDialogTest, TheFilesFollowAndComeBackUnlessAccepted) {
 }
 
 TEST_F(PathDialogTest, DrivesAreEnteredOrLeadToTheWaveFiles) {
-    const std::string drive = MakeDirectory("drive");
-    MakeDirectory("drive\\below");
+    const std::string drive = Make(top + "drive\\");
+    Make(top + "drive\\below\\");
     if (!MakeScratchDrive(AppDirectory + "drive")) GTEST_SKIP() << "no drive can be made here";
-    MakeFile(drive + "b.mid");
+    Make(drive + "b.mid");
     SetPlayMode(IDC_MODE_MIDI);
     SetCurrentDirectoryA("t:\\below");
     std::string directory = "c:\\windows\\";
@@ -170,7 +159,7 @@ TEST_F(PathDialogTest, DrivesAreEnteredOrLeadToTheWaveFiles) {
 }
 
 TEST_F(PathDialogTest, AVolumesNameIsReadOnceUntilItsDriveIsChosen) {
-    MakeDirectory("drive");
+    Make(top + "drive\\");
     if (!MakeScratchDrive(AppDirectory + "drive")) GTEST_SKIP() << "no drive can be made here";
     std::string directory = top;
     Use(directory, [&](HWND dialog) {

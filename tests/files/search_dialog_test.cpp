@@ -1,12 +1,6 @@
 // The real drive search over a drive of the test's own.
 #include "files/search_dialog.h"
 
-#include <gmock/gmock.h>
-
-#include <fstream>
-
-#include "base/program_state.h"
-#include "resources/ids.h"
 #include "tests/dialog_script.h"
 #include "tests/scratch_drive.h"
 #include "tests/stand_ins.h"
@@ -30,13 +24,6 @@ protected:
         CloseTestWindow();
     }
 
-    // A name that ends with a backslash is a directory's.
-    void Make(const std::string& name) {
-        if (name.back() == '\\')
-            CreateDirectoryA((root + name).c_str(), nullptr);
-        else
-            std::ofstream(root + name).flush();
-    }
     // What the dialog leaves as the path; "t:\" unless an entry was taken.
     std::string Use(const std::function<void(HWND)>& script, const FileKind& kind = kMidi) {
         std::string path = "t:\\";
@@ -57,7 +44,7 @@ TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
     for (const char* name :
          {"B\\", "B\\Deep\\", "a\\", "empty\\", "B\\one.MID", "B\\two.rmi", "B\\no.midi.txt",
           "B\\Deep\\x.mid", "a\\y.rmi", "empty\\z.wav", "a\\folder.mid\\"})
-        Make(name);
+        Make(root + name);
     ASSERT_TRUE(MakeLink(root + "B\\Deep\\", "loop", "../.."));
 
     const auto expectResult = [](HWND dialog) {
@@ -91,9 +78,9 @@ TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
 
 TEST_F(SearchDialogTest, CanBeStoppedAndIsThenNotKept) {
     for (int i = 0; i < 3000; ++i)
-        Make("d" + std::to_string(i) + "\\");
-    Make("d0\\a.mid");
-    Make("d999\\a.mid");
+        Make(root + "d" + std::to_string(i) + "\\");
+    Make(root + "d0\\a.mid");
+    Make(root + "d999\\a.mid");
     for (const int key : {IDCANCEL, IDC_CANCEL, IDC_OK}) {
         Use([&](HWND dialog) {
             PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(key), 0);

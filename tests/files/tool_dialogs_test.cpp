@@ -1,13 +1,9 @@
 // Renaming and choosing an editor in the real dialogs, by what they leave on the disk.
-#include <gmock/gmock.h>
-
 #include "base/modes.h"
-#include "base/program_state.h"
 #include "base/settings.h"
 #include "files/editors_dialog.h"
 #include "files/programs.h"
 #include "files/rename_dialog.h"
-#include "resources/ids.h"
 #include "tests/dialog_script.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"

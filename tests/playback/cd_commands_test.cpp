@@ -4,14 +4,9 @@
 
 #include <functional>
 
-#include "base/program_state.h"
-#include "playback/cd_player.h"
-#include "playback/cd_player_state.h"
-#include "playback/cd_readouts.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
-#include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"
 
 using testing::Contains;
@@ -249,13 +244,11 @@ TEST_F(CdCommandsTest, RequestsLookAtTheDriveFirst) {
 
 // The file's sound, its read-outs and its scroll bar go on, also when the drive fails.
 TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
-    TheMci.status[MCI_STATUS_LENGTH] = 2000;
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
     for (const int failing : {0, 4, -1}) {
         SCOPED_TRACE(failing);
         InstallFakeDrive({100, 200});
         OpenTestWindow(IDC_MODE_WAVE, {"a.wav"});
-        SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, 0);
+        SelectFiles(0, 0);
         Command(IDC_PLAY);
         PlayQueue.repeat = true;
         SetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL, 640, FALSE);

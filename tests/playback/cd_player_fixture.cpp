@@ -1,14 +1,10 @@
 // See cd_player_fixture.h.
 #include "tests/playback/cd_player_fixture.h"
 
-#include "base/program_state.h"
 #include "database/database_changes.h"
 #include "database/database_file.h"
 #include "database/disc_lookup.h"
-#include "playback/cd_player.h"
-#include "playback/cd_player_state.h"
 #include "playback/play_readouts.h"
-#include "resources/ids.h"
 
 void CdPlayerTest::SetUp() {
     UseStandIns();

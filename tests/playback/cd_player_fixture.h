@@ -1,8 +1,9 @@
 // A CD player under test: the main window in cdplayer mode over a fake drive.
 #pragma once
 
-#include <gmock/gmock.h>
-
+#include "playback/cd_player.h"
+#include "playback/cd_player_state.h"
+#include "playback/cd_readouts.h"
 #include "tests/fake_drive.h"
 #include "tests/stand_ins.h"
 

@@ -4,11 +4,7 @@
 #include <algorithm>
 
 #include "base/app_directory.h"
-#include "base/program_state.h"
 #include "playback/cd_commands.h"
-#include "playback/cd_player_state.h"
-#include "playback/cd_readouts.h"
-#include "resources/ids.h"
 #include "tests/playback/cd_player_fixture.h"
 
 using testing::ElementsAre;

@@ -2,17 +2,13 @@
 // it after any failure, and how a series goes on and ends.
 #include "playback/file_info_dialog.h"
 
-#include <gmock/gmock.h>
-
 #include <mmsystem.h>
 
 #include <functional>
 #include <map>
 
 #include "base/modes.h"
-#include "base/program_state.h"
 #include "playback/media_device.h"
-#include "resources/ids.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 

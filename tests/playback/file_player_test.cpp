@@ -2,17 +2,13 @@
 // failed.
 #include "playback/file_player.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <functional>
 
-#include "base/program_state.h"
 #include "base/settings.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
-#include "resources/ids.h"
 #include "tests/stand_ins.h"
 #include "ui/boxes.h"
 
@@ -21,25 +17,14 @@ protected:
     void SetUp() override {
         UseStandIns();
         OpenTestWindow(IDC_MODE_WAVE, {"a.wav", "b.wav", "c.wav", "skip.mid"});
-        TheMci.status[MCI_STATUS_LENGTH] = 2000;
-        FilePlays();
     }
     void TearDown() override { CloseTestWindow(); }
 
-    static HWND List() { return GetDlgItem(MainWindow, IDC_FILE_LIST); }
-    static void Select(int first, int last) {
-        SendMessageA(List(), LB_SETSEL, FALSE, -1);
-        for (int i = first; i <= last; ++i)
-            SendMessageA(List(), LB_SETSEL, TRUE, i);
-    }
-    // What the playing file's device answers from now on.
-    static void FileEnds() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP; }
-    static void FilePlays() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY; }
     static Log OpeningOf(const char* name) {
         return {"open " + WaveFilesPath + name, "format 0", "length", "seek start", "play"};
     }
     static void PlayFirst(int count) {
-        Select(0, count - 1);
+        SelectFiles(0, count - 1);
         Command(IDC_PLAY);
         TakeLog();
     }
@@ -59,7 +44,7 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFileUnderEitherScrollBar) {
         SCOPED_TRACE(recreation);
         Settings.recreationScroll = recreation;
         FilePlays();
-        Select(0, 1);
+        SelectFiles(0, 1);
         TakeLog();
         Command(IDC_PLAY);
         const Log log = TakeLog();
@@ -110,7 +95,7 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
         SCOPED_TRACE(n);
         TheBoxes = {};
         FilePlays();
-        Select(0, 1);
+        SelectFiles(0, 1);
         PlayQueue.repeat = n >= 0;
         TakeLog();
         FailCall(n);
@@ -136,7 +121,7 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
 }
 
 TEST_F(FilePlayerTest, NoBoxIsEmptyAndNoTextRunsOverItsEnd) {
-    Select(0, 0);
+    SelectFiles(0, 0);
     FailCall(0, kErrorWithoutText);
     Command(IDC_PLAY);
     ShowMessage(std::string(300, 'x'));
@@ -175,7 +160,7 @@ TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
     ExpectIdle();
     Command(IDC_MODE_WAVE);
     ExpectShown({{IDC_FILES_LEFT, "0"}, {IDC_LIST_COUNT, "3 Wave Files:"}});
-    Select(1, 1);
+    SelectFiles(1, 1);
     TakeLog();
     Command(IDC_PLAY);
     EXPECT_EQ(TakeLog(), OpeningOf("b.wav"));
@@ -206,7 +191,7 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     Command(IDC_REPEAT, BN_DOUBLECLICKED);  // how a quick second click arrives
     EXPECT_FALSE(PlayQueue.repeat);
     Command(IDC_REPEAT);
-    Select(1, 2);
+    SelectFiles(1, 2);
     Command(IDC_PLAY);
     FileEnds();
     Tick();
@@ -221,7 +206,7 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
 }
 
 TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
-    Select(0, 0);
+    SelectFiles(0, 0);
     FailCall(0);
     TheBoxes.whileOpen = [] {
         Command(IDC_PLAY);
@@ -235,7 +220,7 @@ TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
 }
 
 TEST_F(FilePlayerTest, ARequestToEndWithTheQueueGoesWithItsErrorAndItsStop) {
-    Select(0, 0);
+    SelectFiles(0, 0);
     PlayQueue.repeat = true;
     // At the first opening, and at that of a second round: mode, close, open.
     for (const int failing : {0, 2}) {
@@ -280,7 +265,7 @@ TEST_F(FilePlayerTest, AThumbHeldAtTheEndHoldsTheFile) {
 TEST_F(FilePlayerTest, AWaveOfZeroBytesASecondIsNotOpened) {
     const char wave[] = "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\x55\0\1\0\x22\x56\0\0\0\0\0\0\1\0\0";
     std::ofstream(WaveFilesPath + "a.wav", std::ios::binary).write(wave, sizeof wave);
-    Select(0, 0);
+    SelectFiles(0, 0);
     Command(IDC_PLAY);
     EXPECT_EQ(TakeLog(), Log{});
     EXPECT_EQ(TheBoxes.shown, Log{"error " + std::to_string(MCIERR_INVALID_FILE)});

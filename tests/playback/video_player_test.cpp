@@ -2,17 +2,13 @@
 // film, and what becomes of the queue when any of it fails. Ticks come from the real timers.
 #include "playback/video_player.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <functional>
 
-#include "base/program_state.h"
 #include "base/settings.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
-#include "resources/ids.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
@@ -41,8 +37,6 @@ protected:
         UseStandIns();
         OpenTestWindow(IDC_MODE_VIDEO, {"a.avi", "b.avi", "c.mov"});
         Settings.timerSpeedMs = 10;
-        TheMci.status[MCI_STATUS_LENGTH] = 2000;
-        FilmPlays();
         TheMci.frames = 30;
         TheMci.picture = kSmall;
         TimesAsked = 0;
@@ -55,9 +49,7 @@ protected:
     }
 
     static void Play(int first, int last) {
-        SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, FALSE, -1);
-        for (int i = first; i <= last; ++i)
-            SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, i);
+        SelectFiles(first, last);
         Command(IDC_PLAY);
     }
     static Log OpeningOf(const char* name) { return {"open " + VideoFilesPath + name, "where"}; }
@@ -79,8 +71,6 @@ protected:
         }
         return false;
     }
-    static void FilmEnds() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP; }
-    static void FilmPlays() { TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY; }
     static bool Close(HWND film) { return SendMessageA(film, WM_CLOSE, 0, 0) == 0; }
     static bool Plays(HWND film) { return ControlText(film, IDC_STATUS) == "Playing"; }
     static bool IsPictureShown() {
@@ -116,7 +106,7 @@ TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
     EXPECT_FALSE(SleepIsHeldOff());
     Command(IDC_PAUSE);
     EXPECT_TRUE(SleepIsHeldOff());
-    FilmEnds();
+    FileEnds();
     EXPECT_TRUE(Await([] { return Text(IDC_STATUS) == "Ready"; }));
     EXPECT_FALSE(IsPictureShown());
     EXPECT_FALSE(SleepIsHeldOff());
@@ -242,7 +232,7 @@ TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
     TheMci.picture = kLarge;
     // Alone, it stays and shows where it ended.
     TheUser = [](HWND film) {
-        if (Plays(film)) FilmEnds();
+        if (Plays(film)) FileEnds();
         if (Plays(film) || ControlText(film, IDC_POSITION) != "30 Frames") return false;
         EXPECT_FALSE(SleepIsHeldOff());
         return Close(film);
@@ -251,7 +241,7 @@ TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
     EXPECT_FALSE(TheUser) << "closed by itself";
 
     // Repeated, it is not opened again.
-    FilmPlays();
+    FilePlays();
     PlayQueue.repeat = true;
     TakeLog();
     const auto times = [](const std::string& line) {
@@ -259,7 +249,7 @@ TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
     };
     TheUser = [&](HWND film) {
         const bool enough = times("play from 0") >= 3;
-        if (!enough) FilmEnds();
+        if (!enough) FileEnds();
         return enough && Close(film);
     };
     Play(0, 0);
@@ -273,14 +263,14 @@ TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
         GetWindowTextA(film, title, sizeof title);
         if (!Plays(film)) return false;
         if (titles.back() == title) {
-            FilmEnds();
+            FileEnds();
             return false;
         }
         titles.push_back(title);
-        FilmPlays();
+        FilePlays();
         return titles.size() == 4 && Close(film);
     };
-    FilmPlays();
+    FilePlays();
     Play(0, 1);
     EXPECT_TRUE(Await([&] { return titles.size() == 4; }));
     EXPECT_EQ(titles.back(), "Tarnwell 1.1 - a.avi");
@@ -294,7 +284,7 @@ TEST_F(VideoPlayerTest, TheProgramEndsWithItsFilmHoweverThatEnds) {
         OpenTestWindow(IDC_MODE_VIDEO, {"a.avi"});
         Settings.timerSpeedMs = 10;
         TheMci.picture = picture;
-        FilmEnds();
+        FileEnds();
         MediaDevice.playAndExit = true;
         FailCall(failing);
         Play(0, 0);

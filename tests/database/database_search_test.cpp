@@ -118,9 +118,10 @@ TEST(Search, CodesMatchOnlyInTheirGroup) {
         discs[i].fields.discSize = i;
     }
     StartOn(discs);
-    SearchQuery query;
-    for (const auto& [code, entries] : std::vector<std::pair<int, std::vector<int>>>{
-             {105, {0}}, {108, {3}}, {109, {3}}, {112, {0, 4}}, {113, {0}}, {114, {1, 2, 3, 4}}}) {
+    const std::pair<int, std::vector<int>> cases[] = {
+        {105, {0}}, {108, {3}}, {109, {3}}, {112, {0, 4}}, {113, {0}}, {114, {1, 2, 3, 4}}};
+    for (const auto& [code, entries] : cases) {
+        SearchQuery query;
         query.code = code;
         std::vector<std::pair<int, int>> expected;
         for (const int entry : entries)
@@ -131,34 +132,30 @@ TEST(Search, CodesMatchOnlyInTheirGroup) {
 
 TEST(Search, StartsWhereItIsToldAndTellsHowFarItIs) {
     StartOn({WordDisc(), SampleDisc(2, 1), WordDisc()});
-    SearchQuery query;
-    query.text = "Artist 1 all";
+    const SearchQuery query = {.text = "Artist 1 all"};
     EXPECT_THAT(Find(query, 3), IsEmpty());
     EXPECT_THAT(Find(query, 70000), IsEmpty());
     std::vector<uint32_t> steps;
-    const auto hits = SearchDatabase(query, 1, [&](uint32_t number, uint32_t entryCount) {
-        steps.push_back(number * 10 + entryCount);
-    });
+    const auto hits = SearchDatabase(
+        query, 1, [&](uint32_t number, uint32_t count) { steps.push_back(number * 10 + count); });
     EXPECT_THAT(steps, ElementsAre(23, 33));
     ASSERT_EQ(hits.size(), 1u);
     EXPECT_EQ(hits[0].title, "Artist 1 all - Disc 1 all");
 }
 
 TEST(Search, OnlyNinetyNineTracksAreSearchedAndDamageEndsTheWalk) {
-    UseMemoryFiles();
     const std::string image = DatabaseImage({WordDisc(), WordDisc()});
-    SearchQuery query;
-    query.text = "Label all";
+    const SearchQuery query = {.text = "Label all"};
+    const auto findIn = [&](size_t offset, const std::string& bytes) {
+        StartOnDisk(DiskWith(std::string(image).replace(offset, bytes.size(), bytes)));
+        return Find(query);
+    };
+    UseMemoryFiles();
     // A count that no writer makes: what follows is read as tracks for as long as the file lasts.
-    std::string changed = image;
-    changed[kHeaderBytes + kTrackCountOffset] = static_cast<char>(0xFF);
-    StartOnDisk(DiskWith(changed));
-    for (const auto& [entry, field] : Find(query))
+    for (const auto& [entry, field] : findIn(kHeaderBytes + kTrackCountOffset, "\xFF"))
         EXPECT_TRUE(field < 99 || field >= 100) << entry;
     // The chain leads back to its beginning.
-    changed = image;
-    StartOnDisk(DiskWith(changed.replace(kHeaderBytes, 4, std::string("\x08\0\0\0", 4))));
-    EXPECT_THAT(Find(query), ElementsAre(Pair(0, 103)));
+    EXPECT_THAT(findIn(kHeaderBytes, std::string("\x08\0\0\0", 4)), ElementsAre(Pair(0, 103)));
     StartOnDisk({});
     EXPECT_THAT(Find(query), IsEmpty());
     EXPECT_EQ(OpenHandles(), 0);
@@ -169,26 +166,29 @@ TEST(DatabaseWalk, NumberedEntriesAndTotals) {
     discs[0].toc.totalSeconds = 65535;
     discs[1].toc.totalSeconds = 24526;  // the stored totals count, whatever the tracks add up to
     discs[2].toc.totalSeconds = 0;
-    StartOn(discs);
-    NumberedEntry entry;
-    EXPECT_EQ(LoadNumberedEntry(3, entry), DatabaseResult::kDamaged);
-    const DatabaseTotals totals = SumDatabase();
-    EXPECT_EQ(totals.entries, 3);
-    EXPECT_EQ(totals.tracks, 200u);
-    EXPECT_EQ(totals.seconds, 90061u);
+    const auto expectTotals = [](uint16_t entries, uint32_t tracks, uint32_t seconds) {
+        const DatabaseTotals totals = SumDatabase();
+        EXPECT_EQ(totals.entries, entries);
+        EXPECT_EQ(totals.tracks, tracks);
+        EXPECT_EQ(totals.seconds, seconds);
+    };
     // An entry whose size is wrong is read all the same.
     const uint32_t start = EntryStarts(discs)[2];
     std::string image = DatabaseImage(discs);
     image[start + kEntrySizeOffset] = 9;
+    UseMemoryFiles();
     StartOnDisk(DiskWith(image));
+    NumberedEntry entry;
+    EXPECT_EQ(LoadNumberedEntry(3, entry), DatabaseResult::kDamaged);
     EXPECT_EQ(LoadNumberedEntry(2, entry), DatabaseResult::kOk);
     EXPECT_TRUE(entry.disc == discs[2].toc && entry.fields == discs[2].fields);
     EXPECT_EQ(entry.start, start);
+    expectTotals(3, 200, 90061);
     // What lies before the damage is counted.
     StartOnDisk(DiskWith(image.substr(0, start + kDiscKeyOffset)));
-    EXPECT_EQ(SumDatabase().tracks, 101u);
+    expectTotals(3, 101, 90061);
     EXPECT_EQ(LoadNumberedEntry(2, entry), DatabaseResult::kDamaged);
     StartOnDisk({});
     EXPECT_EQ(LoadNumberedEntry(0, entry), DatabaseResult::kCannotOpen);
-    EXPECT_EQ(SumDatabase().entries, 0);
+    expectTotals(0, 0, 0);
 }

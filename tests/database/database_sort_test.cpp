@@ -106,15 +106,13 @@ TEST(DatabaseSort, MemoryRefusedAtEveryAllocation) {
     AppDirectory = "a directory whose name has a block of memory to itself/";
     const std::string path = AppDirectory + kDatabaseName;
     const std::string image = DatabaseImage(DiscsBy({"a longer name than fits inside", "b", "a"}));
-    DatabaseResult result = DatabaseResult::kNoMemory;
     int refused = 0;
-    for (int allocations = 0; result != DatabaseResult::kOk; ++allocations) {
+    for (;; ++refused) {
         StartOnDisk({{path, image}});
-        allocationsLeft = allocations;
-        result = SortDatabase(std::strcmp, Ignore);
+        allocationsLeft = refused;
+        const DatabaseResult result = SortDatabase(std::strcmp, Ignore);
         allocationsLeft = -1;
         if (result == DatabaseResult::kOk) break;
-        ++refused;
         ASSERT_EQ(result, DatabaseResult::kNoMemory);
         ASSERT_EQ(FileBytes(DiskAfterEnd(), path), image);
         ASSERT_EQ(OpenHandles(), 0);

@@ -162,7 +162,7 @@ static FileStatus Size(FileHandle file, uint64_t& sizeBytes) {
 }
 
 static FileStatus Flush(FileHandle file) {
-    return OnHandle(file, [](Handle& handle) {
+    return OnHandle(file, [](const Handle& handle) {
         handle.file->flushedBytes = handle.file->bytes;
         handle.file->lastWrite.clear();
     });
@@ -206,21 +206,17 @@ static FileStatus Rename(const char* from, const char* to) {
     return FileStatus::kOk;
 }
 
-static FileStatus Remove(const char* path) {
-    return Rename(path, nullptr);
-}
-
 static FileStatus Exists(const char* path) {
     const Call call = NextCall();
     if (call.status != FileStatus::kOk) return call.status;
     return disk.count(path) > 0 ? FileStatus::kOk : FileStatus::kMissing;
 }
 
-static void Pause(uint32_t) {}
-
 void UseMemoryFiles() {
+    const auto remove = [](const char* path) { return Rename(path, nullptr); };
+    const auto pause = [](uint32_t) {};
     FileCalls = {Open,  Read,  Write,        Seek,   Size,   Flush,  Truncate,
-                 Close, Facts, SetLastWrite, Rename, Remove, Exists, Pause};
+                 Close, Facts, SetLastWrite, Rename, remove, Exists, pause};
     AppDirectory.clear();
     ResetDatabaseState();
     StartOnDisk({});

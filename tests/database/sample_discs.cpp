@@ -12,12 +12,11 @@ static void SetLengths(DiscToc& toc, int trackCount, int firstSeconds) {
 Disc SampleDisc(int number, int trackCount) {
     Disc disc;
     SetLengths(disc.toc, trackCount, 60 + number);
-    for (int track = 0; track < trackCount; ++track) {
-        disc.fields.trackNames[track] =
-            "Track " + std::to_string(track + 1) + " of " + std::to_string(number);
-    }
-    disc.fields.artist = "Artist " + std::to_string(number);
-    disc.fields.discName = "Disc " + std::to_string(number);
+    const std::string name = std::to_string(number);
+    for (int track = 0; track < trackCount; ++track)
+        disc.fields.trackNames[track] = "Track " + std::to_string(track + 1) + " of " + name;
+    disc.fields.artist = "Artist " + name;
+    disc.fields.discName = "Disc " + name;
     disc.fields.category = "Category";
     disc.fields.label = "Label";
     disc.fields.notes = "First line\r\nsecond line";
@@ -31,17 +30,15 @@ Disc RandomDisc(std::mt19937& random) {
     const auto below = [&](uint32_t bound) { return static_cast<int>(random() % bound); };
     const auto text = [&](uint32_t bound) {
         std::string bytes;
-        for (int length = below(bound); length > 0; --length) {
+        for (int length = below(bound); length > 0; --length)
             bytes.push_back(static_cast<char>(1 + below(255)));
-        }
         return bytes;
     };
     // Few different lengths, so that equal tables of contents happen.
     Disc disc;
     SetLengths(disc.toc, 1 + below(below(8) == 0 ? 99 : 4), 100 + below(3));
-    for (int track = 0; track < disc.toc.trackCount; ++track) {
+    for (int track = 0; track < disc.toc.trackCount; ++track)
         disc.fields.trackNames[track] = text(below(20) == 0 ? 255 : 30);
-    }
     disc.fields.artist = text(255);
     disc.fields.discName = text(40);
     disc.fields.category = text(2);
@@ -59,10 +56,8 @@ Disc LargestDisc() {
     SetLengths(disc.toc, kMaxTracks, 4000);
     for (std::string& name : disc.fields.trackNames)
         name.assign(254, 'n');
-    for (std::string* text : {&disc.fields.artist, &disc.fields.discName, &disc.fields.category,
-                              &disc.fields.label, &disc.fields.notes, &disc.fields.yearReleased}) {
-        text->assign(254, 't');
-    }
+    EntryFields& f = disc.fields;
+    f.artist = f.discName = f.category = f.label = f.notes = f.yearReleased = std::string(254, 't');
     return disc;
 }
 
@@ -80,9 +75,8 @@ static std::string Text(const std::string& text) {
 static std::string Body(const Disc& disc) {
     std::string body = Number(disc.toc.totalSeconds, 2) + Number(disc.toc.lengthSeconds[0], 2) +
                        Number(disc.toc.trackCount, 1);
-    for (int track = 0; track < disc.toc.trackCount; ++track) {
+    for (int track = 0; track < disc.toc.trackCount; ++track)
         body += Text(disc.fields.trackNames[track]) + Number(disc.toc.lengthSeconds[track], 2);
-    }
     const EntryFields& f = disc.fields;
     return body + Text(f.artist) + Text(f.discName) + Text(f.category) + Text(f.label) +
            Text(f.notes) + Number(f.recordingCode, 1) + Number(f.discType, 1) +

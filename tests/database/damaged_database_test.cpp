@@ -21,11 +21,6 @@ static const std::vector<uint32_t> kStarts = EntryStarts(kDiscs);
 static const std::string kImage = DatabaseImage(kDiscs);
 static const std::string kWithoutLast = DatabaseImage({kDiscs.begin(), kDiscs.end() - 1});
 
-static void StartOn(const std::string& database) {
-    UseMemoryFiles();
-    StartOnDisk(DiskWith(database));
-}
-
 static std::string Changed(size_t offset, const std::string& bytes) {
     return std::string(kImage).replace(offset, bytes.size(), bytes);
 }
@@ -196,8 +191,7 @@ TEST(DamagedDatabase, TrackCountsBeyondTheLimits) {
     std::string image = DatabaseImage({disc});
     image[kHeaderBytes + kTrackCountOffset] = 120;
     image.insert(kHeaderBytes + kTracksOffset + 99 * 3, 21 * 3, '\0');
-    Disc none = SampleDisc(1, 0);
-    none.toc.totalSeconds = disc.toc.totalSeconds;
+    const Disc none = SampleDisc(1, 0);
     for (const auto& [bytes, expected] : {std::pair(image, disc), {DatabaseImage({none}), none}}) {
         StartOn(bytes);
         EntryFields fields;

@@ -14,7 +14,7 @@
 #include "sample_discs.h"
 
 static std::string Appended(const Disc& disc) {
-    StartOnDisk(DiskWith(DatabaseImage({})));
+    StartOn(DatabaseImage({}));
     CopyDiscToc(disc.toc);
     EXPECT_EQ(AppendEntry(disc.fields), DatabaseResult::kOk);
     return Database();
@@ -120,8 +120,7 @@ TEST(DatabaseBytes, ALongRandomLifeStaysEqualToTheList) {
 }
 
 TEST(DatabaseBytes, TheLastCountIsTheLimit) {
-    UseMemoryFiles();
-    StartOnDisk(DiskWith(DatabaseImage(std::vector<Disc>(kMaxEntries - 1, SampleDisc(1, 1)))));
+    StartOn(DatabaseImage(std::vector<Disc>(kMaxEntries - 1, SampleDisc(1, 1))));
     CopyDiscToc(SampleDisc(2, 1).toc);
     EXPECT_EQ(AppendEntry({}), DatabaseResult::kOk);
     EXPECT_EQ(DatabaseEntryCount(), kMaxEntries);

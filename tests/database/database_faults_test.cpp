@@ -182,14 +182,13 @@ TEST(DatabaseFaults, EveryTwoCallsThatFail) {
 
 // The user's OK fails, and OK is pressed again: the disc is there once, with what was typed last.
 TEST(DatabaseFaults, TheSecondTrySavesOnce) {
-    UseMemoryFiles();
     const std::vector<Disc> discs = {SampleDisc(1, 2), SampleDisc(2, 2)};
     int retries = 0;
     for (const bool wasKnown : {false, true}) {
         for (const Fault first : {kCallFails, kDiskFull, kHeld}) {
             for (int call = 1; call < 40; ++call) {
                 for (int second = call; second < call + 12; ++second) {
-                    StartOnDisk(DiskWith(DatabaseImage(discs)));
+                    StartOn(DatabaseImage(discs));
                     Disc disc = wasKnown ? discs[0] : SampleDisc(8, 3);
                     bool known = wasKnown;
                     CopyDiscToc(disc.toc);
@@ -214,7 +213,6 @@ TEST(DatabaseFaults, TheSecondTrySavesOnce) {
 // Another program's change, or an entry that an ended append has not counted yet, lies between the
 // look-up and the save.
 TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNeitherOverwrittenNorDoubled) {
-    UseMemoryFiles();
     const Disc a = SampleDisc(1, 2), b = SampleDisc(2, 2), c = SampleDisc(3, 2),
                fresh = SampleDisc(8, 3);
     const std::string one = DatabaseImage({a});
@@ -238,14 +236,14 @@ TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNeitherOverwrittenNorDoubled) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(&each - cases);
-        StartOnDisk(DiskWith(each.database));
+        StartOn(each.database);
         ArmFault(each.fault, 1);
         bool known = each.known;
         CopyDiscToc(each.disc.toc);
         EXPECT_EQ(SaveDisc(each.disc.fields, known), each.result);
         EXPECT_EQ(Database(), each.after);
     }
-    StartOnDisk(DiskWith(one));
+    StartOn(one);
     DatabaseDisc.trackCount = 0;
     EXPECT_EQ(AppendEntry({}), DatabaseResult::kNoTracks);
     EXPECT_EQ(ReplaceEntry(kHeaderBytes, {}), DatabaseResult::kNoTracks);

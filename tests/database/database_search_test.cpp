@@ -45,11 +45,6 @@ static Disc WordDisc() {
     return disc;
 }
 
-static void StartOn(const std::vector<Disc>& discs) {
-    UseMemoryFiles();
-    StartOnDisk(DiskWith(DatabaseImage(discs)));
-}
-
 // Entry and field of each result.
 static std::vector<std::pair<int, int>> Find(const SearchQuery& query, uint32_t first = 0) {
     std::vector<std::pair<int, int>> found;
@@ -65,7 +60,7 @@ static bool SearchFields::*const kFlags[] = {&SearchFields::track,       &Search
 static const int kFields[] = {1, 100, 101, 102, 103, 104, 115};
 
 TEST(Search, TheFirstEnabledFieldCounts) {
-    StartOn({WordDisc()});
+    StartOn(DatabaseImage({WordDisc()}));
     SearchQuery query;
     query.text = "all";
     for (size_t i = 0; i < std::size(kFlags); ++i) {
@@ -81,7 +76,7 @@ TEST(Search, WhatIsPassedOverHoldsNoMatch) {
     std::vector<Disc> discs;
     for (int i = 0; i < 100; ++i)
         discs.push_back(RandomDisc(random));
-    StartOn(discs);
+    StartOn(DatabaseImage(discs));
     size_t hits = 0;
     for (int round = 0; round < 200; ++round) {
         const std::string& notes = discs[random() % discs.size()].fields.notes;
@@ -117,7 +112,7 @@ TEST(Search, CodesMatchOnlyInTheirGroup) {
         discs[i].fields.discType = static_cast<uint8_t>(3 - i % 4);
         discs[i].fields.discSize = i;
     }
-    StartOn(discs);
+    StartOn(DatabaseImage(discs));
     const std::pair<int, std::vector<int>> cases[] = {
         {105, {0}}, {108, {3}}, {109, {3}}, {112, {0, 4}}, {113, {0}}, {114, {1, 2, 3, 4}}};
     for (const auto& [code, entries] : cases) {
@@ -131,7 +126,7 @@ TEST(Search, CodesMatchOnlyInTheirGroup) {
 }
 
 TEST(Search, StartsWhereItIsToldAndTellsHowFarItIs) {
-    StartOn({WordDisc(), SampleDisc(2, 1), WordDisc()});
+    StartOn(DatabaseImage({WordDisc(), SampleDisc(2, 1), WordDisc()}));
     const SearchQuery query = {.text = "Artist 1 all"};
     EXPECT_THAT(Find(query, 3), IsEmpty());
     EXPECT_THAT(Find(query, 70000), IsEmpty());
@@ -147,10 +142,9 @@ TEST(Search, OnlyNinetyNineTracksAreSearchedAndDamageEndsTheWalk) {
     const std::string image = DatabaseImage({WordDisc(), WordDisc()});
     const SearchQuery query = {.text = "Label all"};
     const auto findIn = [&](size_t offset, const std::string& bytes) {
-        StartOnDisk(DiskWith(std::string(image).replace(offset, bytes.size(), bytes)));
+        StartOn(std::string(image).replace(offset, bytes.size(), bytes));
         return Find(query);
     };
-    UseMemoryFiles();
     // A count that no writer makes: what follows is read as tracks for as long as the file lasts.
     for (const auto& [entry, field] : findIn(kHeaderBytes + kTrackCountOffset, "\xFF"))
         EXPECT_TRUE(field < 99 || field >= 100) << entry;
@@ -176,8 +170,7 @@ TEST(DatabaseWalk, NumberedEntriesAndTotals) {
     const uint32_t start = EntryStarts(discs)[2];
     std::string image = DatabaseImage(discs);
     image[start + kEntrySizeOffset] = 9;
-    UseMemoryFiles();
-    StartOnDisk(DiskWith(image));
+    StartOn(image);
     NumberedEntry entry;
     EXPECT_EQ(LoadNumberedEntry(3, entry), DatabaseResult::kDamaged);
     EXPECT_EQ(LoadNumberedEntry(2, entry), DatabaseResult::kOk);
@@ -185,7 +178,7 @@ TEST(DatabaseWalk, NumberedEntriesAndTotals) {
     EXPECT_EQ(entry.start, start);
     expectTotals(3, 200, 90061);
     // What lies before the damage is counted.
-    StartOnDisk(DiskWith(image.substr(0, start + kDiscKeyOffset)));
+    StartOn(image.substr(0, start + kDiscKeyOffset));
     expectTotals(3, 101, 90061);
     EXPECT_EQ(LoadNumberedEntry(2, entry), DatabaseResult::kDamaged);
     StartOnDisk({});

@@ -85,14 +85,14 @@ TEST(DatabaseSort, WhatIsSortedWhatIsNotAndWhatIsTold) {
     for (const size_t at : {second, second + kEntrySizeOffset, second + kTrackCountOffset}) {
         std::string damaged = image;
         ++damaged[at];
-        StartOnDisk(DiskWith(damaged));
+        StartOn(damaged);
         EXPECT_EQ(SortDatabase(std::strcmp, Ignore), DatabaseResult::kDamaged);
         EXPECT_EQ(DiskAfterEnd(), DiskWith(damaged));
     }
     // An entry that an ended append has not counted yet is put in order with the others.
     std::string uncounted = image;
     --uncounted[kCountOffset];
-    StartOnDisk(DiskWith(uncounted));
+    StartOn(uncounted);
     std::vector<std::string> lines;
     EXPECT_EQ(SortDatabase(std::strcmp, [&](const char* line) { lines.push_back(line); }),
               DatabaseResult::kOk);

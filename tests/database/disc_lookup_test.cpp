@@ -22,7 +22,6 @@ static DiscToc Toc(uint16_t first, uint16_t second = 0, uint16_t third = 0) {
 }
 
 TEST(DiscLookup, TracksDecideAmongEqualKeys) {
-    UseMemoryFiles();
     std::vector<Disc> discs;
     // The total of 40,000 twice is counted anew from 65,536.
     for (const DiscToc& toc : {Toc(100, 200, 300), Toc(100, 300, 200), Toc(100, 300, 200),
@@ -30,7 +29,7 @@ TEST(DiscLookup, TracksDecideAmongEqualKeys) {
         discs.push_back(SampleDisc(static_cast<int>(discs.size()), 1));
         discs.back().toc = toc;
     }
-    StartOnDisk(DiskWith(DatabaseImage(discs)));
+    StartOn(DatabaseImage(discs));
     constexpr size_t kNone = 6;
     const std::pair<DiscToc, size_t> cases[] = {{Toc(100, 200, 300), 0},
                                                 {Toc(100, 300, 200), 1},  // the first of two wins
@@ -57,9 +56,8 @@ TEST(DiscLookup, TracksDecideAmongEqualKeys) {
 }
 
 TEST(DiscLookup, MoreThan99TracksAreTheFirst99) {
-    UseMemoryFiles();
     DiscToc more = SampleDisc(1, 99).toc;
-    StartOnDisk(DiskWith(DatabaseImage({SampleDisc(1, 99)})));
+    StartOn(DatabaseImage({SampleDisc(1, 99)}));
     more.trackCount = 120;
     EXPECT_TRUE(Find(more));
     EXPECT_EQ(TrackNameText(99), "Track 99 of 1");
@@ -108,12 +106,11 @@ TEST(DiscLookup, WhatCreatesADatabaseAndWhatDoesNot) {
 
 // A walk that asked the system field by field would make some hundred thousand calls here.
 TEST(DiscLookup, AsksTheSystemOncePerWindow) {
-    UseMemoryFiles();
     std::vector<Disc> discs;
     for (int i = 0; i < 500; ++i)
         discs.push_back(SampleDisc(i, 12));
     const std::string image = DatabaseImage(discs);
-    StartOnDisk(DiskWith(image));
+    StartOn(image);
     EXPECT_TRUE(Find(discs.back().toc));
     EXPECT_LE(CallsMade(), static_cast<int>(image.size() / 2048 + 4));
 }

@@ -64,7 +64,6 @@ TEST(ExportLines, ItemsAndForms) {
 
 // An export that says it is whole is whole, whatever fails on the way, and the database stays.
 TEST(ExportDatabase, NoFailureIsHidden) {
-    UseMemoryFiles();
     std::vector<Disc> discs;
     ExportRequest request;
     request.items.fill(true);
@@ -76,7 +75,7 @@ TEST(ExportDatabase, NoFailureIsHidden) {
     const std::string image = DatabaseImage(discs);
     int points = 0;
     const auto reaches = [&](Fault fault, int call) {
-        StartOnDisk(DiskWith(image));
+        StartOn(image);
         ArmFault(fault, call);
         ScopedFile file;
         DatabaseResult result = DatabaseResult::kWriteFailed;

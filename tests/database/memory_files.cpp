@@ -287,3 +287,8 @@ std::string Database() {
 MemorySnapshot DiskWith(const std::string& database) {
     return {{kDatabaseName, database}};
 }
+
+void StartOn(const std::string& database) {
+    UseMemoryFiles();
+    StartOnDisk(DiskWith(database));
+}

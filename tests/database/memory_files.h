@@ -49,3 +49,5 @@ std::string FileBytes(const MemorySnapshot& disk, const std::string& name);
 // The same of the database on DiskAfterEnd, and a disk with a database alone.
 std::string Database();
 MemorySnapshot DiskWith(const std::string& database);
+// UseMemoryFiles, with that disk.
+void StartOn(const std::string& database);

@@ -73,11 +73,9 @@ static void SearchAndExport() {
     ExportItems items;
     items.fill(true);
     NumberedEntry entry;
-    for (const uint32_t index : {0u, 1u}) {
-        LoadNumberedEntry(index, entry);
-        Require(!PlainLines(entry.disc, entry.fields, items).empty());
-        Require(!DelimitedRecord(entry.disc, entry.fields, items).empty());
-    }
+    LoadNumberedEntry(1, entry);
+    PlainLines(entry.disc, entry.fields, items);
+    DelimitedRecord(entry.disc, entry.fields, items);
 }
 
 static void AskEverything(const MemorySnapshot& disk) {
@@ -118,9 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     RecoverDatabase();
     Require(DiskAfterEnd() == recovered);
 
-    DiscToc toc;
-    toc.trackCount = 1;
-    toc.totalSeconds = toc.lengthSeconds[0] = 77;
+    const DiscToc toc = {1, 77, {77}};
     EntryFields fields;
     fields.artist = "appended";
     CopyDiscToc(toc);

@@ -127,7 +127,7 @@ TEST(Search, CodesMatchOnlyInTheirGroup) {
 
 TEST(Search, StartsWhereItIsToldAndTellsHowFarItIs) {
     StartOn(DatabaseImage({WordDisc(), SampleDisc(2, 1), WordDisc()}));
-    const SearchQuery query = {.text = "Artist 1 all"};
+    const SearchQuery query = {.text = "Artist 1 all", .fields = {}};
     EXPECT_THAT(Find(query, 3), IsEmpty());
     EXPECT_THAT(Find(query, 70000), IsEmpty());
     std::vector<uint32_t> steps;
@@ -140,7 +140,7 @@ TEST(Search, StartsWhereItIsToldAndTellsHowFarItIs) {
 
 TEST(Search, OnlyNinetyNineTracksAreSearchedAndDamageEndsTheWalk) {
     const std::string image = DatabaseImage({WordDisc(), WordDisc()});
-    const SearchQuery query = {.text = "Label all"};
+    const SearchQuery query = {.text = "Label all", .fields = {}};
     const auto findIn = [&](size_t offset, const std::string& bytes) {
         StartOn(std::string(image).replace(offset, bytes.size(), bytes));
         return Find(query);

@@ -11,31 +11,29 @@ TEST(DroppedFiles, TheFirstThatPlaysDecides) {
         return directory == "c:\\mixed\\" && mode.id != IDC_MODE_WAVE;
     };
     const struct {
-        std::vector<DroppedItem> items;
+        std::vector<std::string> files, folders;
         int mode;  // 0 when nothing plays
         const char* directory;
         std::vector<std::string> names;
     } cases[] = {
-        {{{"c:\\a\\one.WAV", false}}, IDC_MODE_WAVE, "c:\\a\\", {"one.WAV"}},
-        {{{"c:\\a\\one.txt", false},
-          {"c:\\a\\b.mid", false},
-          {"c:\\a\\c.rmi", false},
-          {"c:\\a\\d.wav", false},
-          {"c:\\other\\e.mid", false}},
+        {{"c:\\a\\one.WAV"}, {}, IDC_MODE_WAVE, "c:\\a\\", {"one.WAV"}},
+        {{"c:\\a\\one.txt", "c:\\a\\b.mid", "c:\\a\\c.rmi", "c:\\a\\d.wav", "c:\\other\\e.mid"},
+         {},
          IDC_MODE_MIDI,
          "c:\\a\\",
          {"b.mid", "c.rmi"}},
-        {{{"c:\\wav", false}, {"c:\\a.wav\\plain", false}, {"c:\\x.wave", false}}, 0, "", {}},
-        {{{"c:\\empty", true}, {"c:\\mixed", true}, {"c:\\a\\one.wav", false}},
-         IDC_MODE_MIDI,
-         "c:\\mixed\\",
-         {}},
-        {{{"d:\\", true}}, IDC_MODE_VIDEO, "d:\\", {}},
-        {{{"c:\\song.mid", true}}, 0, "", {}},
-        {{}, 0, "", {}},
+        {{"c:\\wav", "c:\\a.wav\\plain", "c:\\x.wave"}, {"c:\\song.mid"}, 0, "", {}},
+        {{"c:\\a\\one.wav"}, {"c:\\empty", "c:\\mixed"}, IDC_MODE_MIDI, "c:\\mixed\\", {}},
+        {{}, {"d:\\"}, IDC_MODE_VIDEO, "d:\\", {}},
+        {{}, {}, 0, "", {}},
     };
     for (const auto& drop : cases) {
-        const DropPlan plan = PlanDrop(drop.items, hasFiles);
+        std::vector<DroppedItem> items;
+        for (const std::string& folder : drop.folders)
+            items.push_back({folder, true});
+        for (const std::string& file : drop.files)
+            items.push_back({file, false});
+        const DropPlan plan = PlanDrop(items, hasFiles);
         EXPECT_EQ(plan.mode == nullptr ? 0 : plan.mode->id, drop.mode);
         EXPECT_EQ(plan.directory, drop.directory);
         EXPECT_EQ(plan.names, drop.names);

@@ -77,14 +77,13 @@ TEST_F(MainWindowTest, MediaKeysDriveTheDisc) {
     InstallFakeDrive({60, 70});
     OpenTestWindow(IDC_MODE_CDPLAYER, {});
     TakeLog();
-    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
-    EXPECT_THAT(TakeLog(), Contains("play 1 0:00.00"));
-    MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
-    EXPECT_THAT(TakeLog(), Contains("play 2 0:00.00"));
-    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
-    EXPECT_THAT(TakeLog(), Contains("pause"));
-    MediaKey(APPCOMMAND_MEDIA_STOP);
-    EXPECT_THAT(TakeLog(), Contains("stop"));
+    for (const auto& [key, command] : {std::pair{APPCOMMAND_MEDIA_PLAY_PAUSE, "play 1 0:00.00"},
+                                       {APPCOMMAND_MEDIA_NEXTTRACK, "play 2 0:00.00"},
+                                       {APPCOMMAND_MEDIA_PLAY_PAUSE, "pause"},
+                                       {APPCOMMAND_MEDIA_STOP, "stop"}}) {
+        MediaKey(key);
+        EXPECT_THAT(TakeLog(), Contains(command));
+    }
 }
 
 TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {

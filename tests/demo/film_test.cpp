@@ -117,34 +117,32 @@ TEST(FilmTransport, KeepsItsPlace) {
     FilmTransport film;
     film.lengthMs = 3000;
     uint64_t now = 100000;
+    const auto expect = [&](FilmMode mode, uint64_t position) {
+        EXPECT_EQ(ModeOfFilm(film, now), mode) << now;
+        EXPECT_EQ(PositionOfFilm(film, now), position) << now;
+    };
     ASSERT_TRUE(PlayFilm(film, 500, std::nullopt, now));
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kPlaying);
-    EXPECT_EQ(PositionOfFilm(film, now += 700), 1200U);
+    now += 700;
+    expect(FilmMode::kPlaying, 1200);
     PauseFilm(film, now);
-    EXPECT_EQ(PositionOfFilm(film, now += 5000), 1200U);
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kPaused);
-
+    now += 5000;
+    expect(FilmMode::kPaused, 1200);
     // While paused it can be sent elsewhere and stays there; played on, it goes to the end.
     ASSERT_TRUE(PlayFilm(film, 2000, 2000, now));
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kStopped);
-    ASSERT_TRUE(PlayFilm(film, std::nullopt, std::nullopt, now += 50));
-    EXPECT_EQ(PositionOfFilm(film, now + 400), 2400U);
-    EXPECT_EQ(ModeOfFilm(film, now += 1000), FilmMode::kStopped);
-    EXPECT_EQ(PositionOfFilm(film, now += 1000), 3000U);
-
+    expect(FilmMode::kStopped, 2000);
+    ASSERT_TRUE(PlayFilm(film, std::nullopt, std::nullopt, now));
+    now += 2000;
+    expect(FilmMode::kStopped, 3000);
     // A pause comes too late for a film that has ended; going on goes to the end asked for.
     PauseFilm(film, now);
-    EXPECT_EQ(ModeOfFilm(film, now), FilmMode::kStopped);
     EXPECT_FALSE(ResumeFilm(film, now));
     ASSERT_TRUE(PlayFilm(film, 0, 1000, now));
     PauseFilm(film, now += 300);
     ASSERT_TRUE(ResumeFilm(film, now));
-    EXPECT_EQ(PositionOfFilm(film, now += 2000), 1000U);
-
-    const FilmTransport before = film;
-    EXPECT_FALSE(PlayFilm(film, 2000, 1000, now));
-    EXPECT_FALSE(PlayFilm(film, 3001, std::nullopt, now));
-    EXPECT_FALSE(PlayFilm(film, 0, 3001, now));
+    now += 2000;
+    expect(FilmMode::kStopped, 1000);
+    for (const auto& [from, to] : {std::pair{2000U, 1000U}, {3001U, 3001U}, {0U, 3001U}})
+        EXPECT_FALSE(PlayFilm(film, from, to, now));
     EXPECT_FALSE(SeekFilm(film, 3001));
-    EXPECT_EQ(PositionOfFilm(film, now), PositionOfFilm(before, now));
+    expect(FilmMode::kStopped, 1000);
 }

@@ -249,22 +249,15 @@ bool Select(HWND list, const std::string& text) {
     return Send(list, LB_SETSEL, TRUE, found - texts.begin()) == 0;
 }
 
-static SCROLLINFO ScrollState(const Program& program) {
-    SCROLLINFO state = {};
-    state.cbSize = sizeof state;
-    state.fMask = SIF_RANGE | SIF_POS;
-    if (!GetScrollInfo(Control(program.window, IDC_SCROLL), SB_CTL, &state)) {
-        state.nPos = state.nMax = -1;
-    }
-    return state;
-}
-
 int ScrollPosition(const Program& program) {
-    return ScrollState(program).nPos;
+    return GetScrollPos(Control(program.window, IDC_SCROLL), SB_CTL);
 }
 
 int ScrollMaximum(const Program& program) {
-    return ScrollState(program).nMax;
+    int least = 0;
+    int most = -1;
+    GetScrollRange(Control(program.window, IDC_SCROLL), SB_CTL, &least, &most);
+    return most;
 }
 
 void Scroll(const Program& program, int code, int position) {

@@ -48,18 +48,14 @@ static bool MayEnclose(const ShownControl& control) {
            type != SS_LEFTNOWORDWRAP;
 }
 
-// The text's extent in the dialogs' own face, a mnemonic's mark taken off.
-static SIZE TextExtent(const std::string& text, HDC screen) {
-    std::string plain = text;
-    std::erase(plain, '&');
-    SIZE extent = {};
-    GetTextExtentPoint32A(screen, plain.c_str(), static_cast<int>(plain.size()), &extent);
-    return extent;
-}
-
 static std::string PlaceText(const RECT& place) {
     return std::to_string(place.left) + "," + std::to_string(place.top) + " to " +
            std::to_string(place.right) + "," + std::to_string(place.bottom);
+}
+
+static bool Overlap(const RECT& a, const RECT& b) {
+    RECT common = {};
+    return IntersectRect(&common, &a, &b) != FALSE;
 }
 
 static void ExpectComposed(HWND dialog) {
@@ -85,25 +81,22 @@ static void ExpectComposed(HWND dialog) {
         EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
                     place.bottom <= client.bottom)
             << "beyond the window's edge: " << PlaceText(place);
-        for (const RECT& corner : corners) {
-            RECT common = {};
-            EXPECT_FALSE(IntersectRect(&common, &place, &corner))
-                << "covers a corner piece: " << PlaceText(place);
-        }
+        for (const RECT& corner : corners)
+            EXPECT_FALSE(Overlap(place, corner)) << "covers a corner piece: " << PlaceText(place);
         if (IsStatic(control) && !MayEnclose(control)) {
-            const std::string text = Title(control.window);
-            const SIZE extent = TextExtent(text, screen);
+            std::string text = Title(control.window);
+            std::erase(text, '&');
+            SIZE extent = {};
+            GetTextExtentPoint32A(screen, text.c_str(), static_cast<int>(text.size()), &extent);
             const LONG lines = std::max(1L, (place.bottom - place.top) / std::max(1L, extent.cy));
             EXPECT_LE(extent.cx, (place.right - place.left) * lines) << "cut: " << text;
             EXPECT_LE(extent.cy, place.bottom - place.top) << "cut in height: " << text;
         }
-        if (IsPushButton(control)) {
-            EXPECT_NE(Title(control.window), "") << "a screen reader has no name for it";
-        }
+        EXPECT_TRUE(!IsPushButton(control) || !Title(control.window).empty())
+            << "a screen reader has no name for it";
         for (size_t k = i + 1; k < controls.size(); ++k) {
-            RECT common = {};
-            if (MayEnclose(control) || MayEnclose(controls[k])) continue;
-            EXPECT_FALSE(IntersectRect(&common, &place, &controls[k].place))
+            EXPECT_FALSE(!MayEnclose(control) && !MayEnclose(controls[k]) &&
+                         Overlap(place, controls[k].place))
                 << PlaceText(place) << " covers control " << controls[k].id << " at "
                 << PlaceText(controls[k].place);
         }
@@ -120,10 +113,6 @@ constexpr std::pair<int, unsigned> kSamples[] = {
     {IDC_SOUND, kVideoOnly}, {IDC_CD_PLAY, kCdOnly},      {IDC_TIME, kCdOnly},
     {IDC_EXIT, kEveryMode},  {IDC_SCROLL, kEveryMode}};
 
-static unsigned MaskOf(int mode) {
-    return 1u << (mode - IDC_MODE_WAVE);
-}
-
 TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
     const char* const animations[] = {"WaveAnimation", "MidiAnimation", "VideoAnimation",
                                       "CDAnimation"};
@@ -137,7 +126,8 @@ TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
             Command(player.window, mode);
             ASSERT_TRUE(Settle(player));
             for (const auto& [id, shownIn] : kSamples)
-                EXPECT_EQ(IsShown(player.window, id), (shownIn & MaskOf(mode)) != 0) << id;
+                EXPECT_EQ(IsShown(player.window, id), (shownIn >> (mode - IDC_MODE_WAVE) & 1) != 0)
+                    << id;
             ExpectComposed(player.window);
         }
     }
@@ -219,30 +209,28 @@ TEST_F(ModesTest, DialogsAreWholeAndApart) {
     WriteFileBytes(player.directory + "a.wav", WaveFile(100));
     PutSetting(player, "WaveCopyToPath", player.directory.c_str());
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    const struct {
-        int command;
-        int answerOfFirst;  // opens another dialog; 0: none
-    } cases[] = {{IDC_COPY, 0},
-                 {IDC_COPY, IDC_COPY_OK},
-                 {IDC_RENAME, 0},
-                 {IDC_DELETE, 0},
-                 {IDC_EDITOR, IDC_QUESTION_OK},
-                 {IDC_VOLUME, IDC_QUESTION_OK},
-                 {IDC_BROWSE, 0},
-                 {IDC_BROWSE, IDC_PATH_SEARCH},
-                 {IDC_INFO, 0},
-                 {IDC_SETUP, 0},
-                 {IDC_ABOUT, 0},
-                 {IDC_ABOUT, IDC_ABOUT_CREDITS}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::to_string(c.command) + ", " + std::to_string(c.answerOfFirst));
+    // The command, and the button of its dialog that opens another; 0: none.
+    const std::pair<int, int> cases[] = {{IDC_COPY, 0},
+                                         {IDC_COPY, IDC_COPY_OK},
+                                         {IDC_RENAME, 0},
+                                         {IDC_DELETE, 0},
+                                         {IDC_EDITOR, IDC_QUESTION_OK},
+                                         {IDC_VOLUME, IDC_QUESTION_OK},
+                                         {IDC_BROWSE, 0},
+                                         {IDC_BROWSE, IDC_PATH_SEARCH},
+                                         {IDC_INFO, 0},
+                                         {IDC_SETUP, 0},
+                                         {IDC_ABOUT, 0},
+                                         {IDC_ABOUT, IDC_ABOUT_CREDITS}};
+    for (const auto& [command, button] : cases) {
+        SCOPED_TRACE(std::to_string(command) + ", " + std::to_string(button));
         SelectAll(List(), true);
-        Command(player.window, c.command);
+        Command(player.window, command);
         HWND dialog = WaitForPopup(player);
         ASSERT_NE(dialog, nullptr);
-        if (c.answerOfFirst != 0) {
+        if (button != 0) {
             HWND first = dialog;
-            Command(first, c.answerOfFirst);
+            Command(first, button);
             ASSERT_TRUE(WaitUntil([&] {
                 dialog = WaitForPopup(player, 0);
                 return dialog && dialog != first;

@@ -1,6 +1,7 @@
 // What the tests of the real program share.
 #include "tests/desktop/desktop_test.h"
 
+#include <cmath>
 #include <cstdio>
 
 void DesktopTest::SetUp() {
@@ -56,18 +57,11 @@ void DesktopTest::RemoveDisc() {
 }
 
 int ReadOutMs(const std::string& text) {
-    int seconds = 0;
-    int milliseconds = 0;
+    double value = 0;
     char unit[16] = "";
-    if (sscanf(text.c_str(), "%d.%3d %15s", &seconds, &milliseconds, unit) == 3 &&
-        std::string(unit) == "Seconds") {
-        return seconds * 1000 + milliseconds;
-    }
-    if (sscanf(text.c_str(), "%d %15s", &milliseconds, unit) == 2 &&
-        std::string(unit) == "Milliseconds") {
-        return milliseconds;
-    }
-    return -1;
+    if (sscanf(text.c_str(), "%lf %15s", &value, unit) != 2) return -1;
+    if (unit == std::string("Seconds")) return static_cast<int>(std::lround(value * 1000));
+    return unit == std::string("Milliseconds") ? static_cast<int>(value) : -1;
 }
 
 // The tests' own tone has 5,657.

@@ -94,6 +94,8 @@ TEST_F(DiscTest, TracksPagesSkipsAndSeeksReachTheDrive) {
 
     Press(IDC_CD_PLAY);
     ASSERT_TRUE(WaitForTime("0:01"));
+    Press(IDC_CD_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Paused"));
     logRead = DriveLog().size();
     Press(IDC_EXIT);
     ASSERT_EQ(ExitCode(player), 0);

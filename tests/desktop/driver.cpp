@@ -189,14 +189,11 @@ bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs) {
 
 HWND WaitForPopup(const Program& program, int deadlineMs) {
     HWND popup = nullptr;
-    WaitUntil(
-        [&] {
-            popup = GetLastActivePopup(program.window);
-            if (popup == program.window || !IsWindowVisible(popup)) popup = nullptr;
-            return popup != nullptr;
-        },
-        deadlineMs);
-    return popup;
+    const auto look = [&] {
+        popup = GetLastActivePopup(program.window);
+        return popup != program.window && IsWindowVisible(popup);
+    };
+    return WaitUntil(look, deadlineMs) ? popup : nullptr;
 }
 
 static HWND WaitForPopupWhere(const Program& program, const std::function<bool(HWND)>& isIt) {
@@ -217,12 +214,11 @@ HWND WaitForDialogThatShows(const Program& program, int id, const std::string& t
 }
 
 bool WaitForNoPopup(const Program& program, int deadlineMs) {
-    return WaitUntil(
-        [&] {
-            return IsWindowEnabled(program.window) &&
-                   GetLastActivePopup(program.window) == program.window;
-        },
-        deadlineMs);
+    const auto look = [&] {
+        return IsWindowEnabled(program.window) &&
+               GetLastActivePopup(program.window) == program.window;
+    };
+    return WaitUntil(look, deadlineMs);
 }
 
 std::vector<std::string> ListTexts(HWND list) {
@@ -340,11 +336,10 @@ double SoundLevel(int lastMs) {
 int AudibleMs(int lastMs) {
     constexpr int stepMs = 10;
     constexpr size_t step = stepMs * kSamplesPerMs;
-    constexpr double audible = 50;
     const std::vector<int16_t> samples = Recorded(lastMs);
     int heardMs = 0;
     for (size_t at = 0; at + step <= samples.size(); at += step)
-        heardMs += Level(samples.data() + at, step) > audible ? stepMs : 0;
+        heardMs += Level(samples.data() + at, step) > 50 ? stepMs : 0;
     return heardMs;
 }
 
@@ -392,12 +387,9 @@ std::string WaveFile(int lengthMs) {
 std::string MidiFile(int lengthMs) {
     // 500 ticks to the quarter at 120 quarters a minute: one tick is one millisecond.
     std::string track("\x00\xff\x51\x03\x07\xa1\x20\x00\xc0\x00\x00\x90\x45\x60", 14);
-    const uint32_t ticks = static_cast<uint32_t>(lengthMs);
-    track += static_cast<char>(0x80 | (ticks >> 14 & 0x7f));
-    track += static_cast<char>(0x80 | (ticks >> 7 & 0x7f));
-    track += static_cast<char>(ticks & 0x7f);
+    for (const int shift : {14, 7, 0})
+        track += static_cast<char>((shift != 0 ? 0x80 : 0) | (lengthMs >> shift & 0x7f));
     track += std::string("\x80\x45\x00\x00\xff\x2f\x00", 7);
-    std::string bytes("MThd\0\0\0\x06\0\0\0\x01\x01\xf4MTrk\0\0\0", 21);
-    bytes += static_cast<char>(track.size());
-    return bytes + track;
+    return std::string("MThd\0\0\0\x06\0\0\0\x01\x01\xf4MTrk\0\0\0", 21) +
+           static_cast<char>(track.size()) + track;
 }

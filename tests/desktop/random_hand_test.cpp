@@ -318,7 +318,7 @@ TEST_F(RandomHand, FindsNoWayToBreakTheProgram) {
         }
         return ExitCode(player, 100) != -1;
     });
-    EXPECT_EQ(ExitCode(player), 0) << LastActions();
+    EXPECT_EQ(ExitCode(player), 0) << "in front: " << Title(Front());
     ExpectDiscs();
     if (HasFailure()) ADD_FAILURE() << LastActions();
     std::printf("random hand: %d actions, %d starts, %d discs\n", actions, starts, discs);

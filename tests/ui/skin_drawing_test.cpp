@@ -144,15 +144,13 @@ TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
 
 TEST_F(SkinDrawing, IconsTakeTheGroundTheyStandOn) {
     const auto has = [this](SkinSlot slot, int systemColor) {
-        HDC memory = CreateCompatibleDC(dc);
-        HGDIOBJ oldBitmap = SelectObject(memory, SkinBitmap(slot));
+        HGDIOBJ screen = SelectObject(dc, SkinBitmap(slot));
         int found = 0;
         for (int i = 0; i < kSmallIconSize * kSmallIconSize; ++i) {
-            const COLORREF color = GetPixel(memory, i % kSmallIconSize, i / kSmallIconSize);
+            const COLORREF color = GetPixel(dc, i % kSmallIconSize, i / kSmallIconSize);
             found += color == GetSysColor(systemColor);
         }
-        SelectObject(memory, oldBitmap);
-        DeleteDC(memory);
+        SelectObject(dc, screen);
         return found > kSmallIconSize;
     };
     EXPECT_FALSE(has(kSlotIconsOnEntry, COLOR_BTNFACE));

@@ -12,36 +12,23 @@ static DWORD PackLength(DWORD seconds) {
     return seconds / 60 | (seconds % 60) << 8 | 74 << 16;
 }
 
-static MCIERROR AnswerDisc(MCI_STATUS_PARMS& status, bool ofTrack) {
-    const std::vector<DWORD>& tracks = Drive.trackSeconds;
-    if (!Drive.present) return MCIERR_HARDWARE;
-    if (status.dwItem == MCI_STATUS_NUMBER_OF_TRACKS) {
-        if (!Drive.tellsTracks) return MCIERR_HARDWARE;
-        status.dwReturn = static_cast<DWORD>(tracks.size());
-    } else if (!ofTrack) {
-        status.dwReturn = PackLength(std::accumulate(tracks.begin(), tracks.end(), DWORD{0}));
-    } else if (!Drive.tellsLengths || status.dwTrack < 1 || status.dwTrack > tracks.size()) {
-        return MCIERR_OUTOFRANGE;
-    } else {
-        status.dwReturn = PackLength(tracks[status.dwTrack - 1]);
-    }
-    return 0;
-}
-
 static MCIERROR AnswerStatus(MCI_STATUS_PARMS& status, bool ofTrack) {
-    switch (status.dwItem) {
-        case MCI_STATUS_MODE:
-            status.dwReturn = Drive.mode;
-            return 0;
-        case MCI_STATUS_MEDIA_PRESENT:
-            status.dwReturn = Drive.present;
-            return 0;
-        case MCI_STATUS_POSITION:
-            status.dwReturn = Drive.position;
-            return 0;
-        default:
-            return AnswerDisc(status, ofTrack);
-    }
+    const std::vector<DWORD>& tracks = Drive.trackSeconds;
+    const auto answer = [&](size_t value) {
+        status.dwReturn = static_cast<DWORD>(value);
+        return MCIERROR{0};
+    };
+    if (status.dwItem == MCI_STATUS_MODE) return answer(Drive.mode);
+    if (status.dwItem == MCI_STATUS_MEDIA_PRESENT) return answer(Drive.present);
+    if (status.dwItem == MCI_STATUS_POSITION) return answer(Drive.position);
+    if (!Drive.present) return MCIERR_HARDWARE;
+    if (status.dwItem == MCI_STATUS_NUMBER_OF_TRACKS)
+        return Drive.tellsTracks ? answer(tracks.size()) : MCIERR_HARDWARE;
+    if (!ofTrack)
+        return answer(PackLength(std::accumulate(tracks.begin(), tracks.end(), DWORD{0})));
+    if (!Drive.tellsLengths || status.dwTrack < 1 || status.dwTrack > tracks.size())
+        return MCIERR_OUTOFRANGE;
+    return answer(PackLength(tracks[status.dwTrack - 1]));
 }
 
 static bool IsBeyondEnd(DWORD place) {

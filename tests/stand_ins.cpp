@@ -134,9 +134,8 @@ static MCIERROR WINAPI FakeSend(MCIDEVICEID device, UINT message, DWORD_PTR flag
     const bool opens = message == MCI_OPEN;
     const bool drive = opens ? (flags & MCI_OPEN_TYPE) != 0 : device == kDrive;
     bool& open = drive ? DriveOpen : FileDeviceOpen;
-    std::string line = Describe(message, flags, parameters, drive);
-    if (!opens && !(open && device == (drive ? kDrive : kFileDevice))) line += " to no device";
-    TheMci.log.push_back(line);
+    TheMci.log.push_back(Describe(message, flags, parameters, drive));
+    EXPECT_TRUE(opens || (open && device == (drive ? kDrive : kFileDevice))) << TheMci.log.back();
     if (TheMci.callsToFailure >= 0 && TheMci.callsToFailure-- == 0) return TheMci.failure;
     if (drive && !TheMci.drive) return MCIERR_CANNOT_LOAD_DRIVER;
     const MCIERROR error =

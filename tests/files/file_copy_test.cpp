@@ -98,13 +98,18 @@ TEST_F(FileCopyTest, AFileInTheWayIsReplacedOnlyWhenTheUserSaysSo) {
     EXPECT_EQ(DiskAfterEnd(), (MemorySnapshot{{kTarget, "short"}}));
 }
 
-TEST_F(FileCopyTest, ATimeStampMayFailAndClosingMayNot) {
+TEST_F(FileCopyTest, ATimeStampMayFailFlushingAndClosingMayNot) {
     StartOnDisk({{kSource, ""}});
     LastWriteTime(kSource) = 1995;
     FileCalls.setLastWrite = [](FileHandle, uint64_t) { return FileStatus::kDenied; };
     EXPECT_EQ(Move(), CopyResult::kDone);
     // Some disks tell only now that what was written has found no room.
     StartOnDisk({{kSource, bytes}});
+    const auto flushBefore = FileCalls.flush;
+    FileCalls.flush = [](FileHandle) { return FileStatus::kDiskFull; };
+    EXPECT_EQ(Move(), CopyResult::kFailed);
+    EXPECT_EQ(FileBytes(DiskAfterEnd(), kSource), bytes);
+    FileCalls.flush = flushBefore;
     static auto closeBefore = FileCalls.close;
     FileCalls.close = [](FileHandle file) {
         closeBefore(file);

@@ -15,11 +15,7 @@ using testing::Contains;
 
 class MainWindowTest : public testing::Test {
 protected:
-    void SetUp() override {
-        UseStandIns();
-        TheMci.status[MCI_STATUS_LENGTH] = 2000;
-        TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
-    }
+    void SetUp() override { UseStandIns(); }
     void TearDown() override { CloseTestWindow(); }
 
     static LRESULT MediaKey(int key) {

@@ -134,8 +134,6 @@ TEST_F(SetupDialogTest, OkTakesEffectInTheMainWindow) {
 }
 
 TEST_F(SetupDialogTest, AFileStopsAndTheDiscPlaysOn) {
-    TheMci.status[MCI_STATUS_LENGTH] = 2000;
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_PLAY;
     SendMessageA(GetDlgItem(MainWindow, IDC_FILE_LIST), LB_SETSEL, TRUE, 0);
     Command(IDC_PLAY);
     ASSERT_TRUE(MediaDevice.open);

@@ -191,7 +191,9 @@ TEST_F(DiscTest, AnAddedEntryIsShownAtOnceAndAtTheNextStart) {
     // What an ended save has left is met at the start, where nothing has been looked up before.
     EndProgram(player);
     ASSERT_TRUE(MoveFileA(database.c_str(), (player.directory + "tarnwell.dbk").c_str()));
-    StartIn("cdplayer");
+    StartIn("wave");
+    EXPECT_NE(FileBytes(database), "");
+    Press(IDC_MODE_CDPLAYER);
     EXPECT_TRUE(WaitForShown(IDC_DISC_TITLE, "Someone - "));
 }
 

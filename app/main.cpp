@@ -39,14 +39,15 @@ static void FixDirectories() {
     SettingsPath = InAppDirectory("TARNWELL.INI");
 }
 
-static int RunMessageLoop() {
+// Until the window is gone: when the program is ended while the user drags the window or the scroll
+// bar's thumb, the loop inside the platform takes WM_QUIT away.
+static void RunMessageLoop() {
     MSG message = {};
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (MainWindow != nullptr && GetMessageA(&message, nullptr, 0, 0) > 0) {
         if (IsDialogMessageA(MainWindow, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
-    return static_cast<int>(message.wParam);
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCommand) {
@@ -68,8 +69,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCom
     ShowWindow(MainWindow, showCommand);
     // A request that waits in the queue may take its time; the window is drawn before.
     UpdateWindow(MainWindow);
-    const int exitCode = RunMessageLoop();
+    RunMessageLoop();
     FreeSkin();
     FreeClickSound();
-    return exitCode;
+    return 0;
 }

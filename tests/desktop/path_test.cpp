@@ -68,6 +68,8 @@ TEST_F(PathTest, BrowseByMouseAndKeyboard) {
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "2 Wave Files:"));
     EXPECT_EQ(Shown(IDC_DIRECTORY), below);
+    // Ended while the user moves the window, in a loop of the platform's own.
+    PostMessageA(player.window, WM_SYSCOMMAND, SC_MOVE, 0);
     Command(player.window, IDC_EXIT);
     EXPECT_EQ(ExitCode(player), 0);
     EXPECT_EQ(GetSetting(player, "WaveFilesPath"), below);

@@ -46,17 +46,13 @@ TEST_F(SetupDialogTest, EachControlChangesItsSettingAndNoOther) {
         {IDC_SETUP_AVI, &SettingsValues::listAvi, false},
         {IDC_SETUP_MOV, &SettingsValues::listMov, false},
         {IDC_SETUP_TIME, &SettingsValues::videoFrames, false},
-        {IDC_SETUP_FRAMES, &SettingsValues::videoFrames, true},
         {IDC_SETUP_SCROLL_RECREATION, &SettingsValues::recreationScroll, true},
-        {IDC_SETUP_SCROLL_NORMAL, &SettingsValues::recreationScroll, false},
         {IDC_SETUP_COLORIZATION_ON, &SettingsValues::entryFieldColorization, true},
         {IDC_SETUP_WAVE_OFF, &SettingsValues::waveAnimation, false},
         {IDC_SETUP_MIDI_OFF, &SettingsValues::midiAnimation, false},
         {IDC_SETUP_VIDEO_OFF, &SettingsValues::videoAnimation, false},
         {IDC_SETUP_CD_OFF, &SettingsValues::cdAnimation, false},
-        {IDC_SETUP_CD_ON, &SettingsValues::cdAnimation, true},
         {IDC_SETUP_SOUND_ON, &SettingsValues::soundControls, true},
-        {IDC_SETUP_SOUND_OFF, &SettingsValues::soundControls, false},
     };
     for (const auto& [id, flag, value] : controls) {
         SettingsValues expected = Settings;

@@ -59,15 +59,6 @@ constexpr ModeCase kModes[] = {
 
 class AnimationsTest : public DesktopTest {
 protected:
-    void SetUp() override {
-        DesktopTest::SetUp();
-        // The pointer must not stand in a picture.
-        MoveMouse({0, 0});
-    }
-    void SwitchAnimations(const char* value) {
-        for (const char* key : {"WaveAnimation", "MidiAnimation", "VideoAnimation", "CDAnimation"})
-            PutSetting(player, key, value);
-    }
     int Frame(const ModeCase& mode) {
         return FrameIn(Control(player.window, mode.area), *mode.strip);
     }
@@ -95,7 +86,7 @@ TEST_F(AnimationsTest, EachModeShowsItsOwnAndMovesItOnlyWhenSwitchedOn) {
         }
         const Picture start = Strip();
         EXPECT_EQ(Frame(wave), on ? 0 : -1);
-        ASSERT_NO_FATAL_FAILURE(Play({"tone.wav"}));
+        Play({"tone.wav"});
         if (!on) {
             // Several ticks of both timers draw nothing.
             ASSERT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 1500; }));
@@ -122,9 +113,8 @@ TEST_F(AnimationsTest, EachModeShowsItsOwnAndMovesItOnlyWhenSwitchedOn) {
 }
 
 TEST_F(AnimationsTest, DiscTurnsOnlyWhilePlayingAndSeen) {
-    if (!HasVirtualDrive()) GTEST_SKIP() << "the virtual drive is not registered here";
     const ModeCase& disc = kModes[0];
-    InsertSheet("long", "TRACK 1 AUDIO\nREM LENGTH 10:00:00\n");
+    InsertDisc({600});
     SwitchAnimations("On");
     ASSERT_NO_FATAL_FAILURE(StartIn("cdplayer"));
     ASSERT_TRUE(WaitForShown(IDC_CD_STATUS, "Ready"));

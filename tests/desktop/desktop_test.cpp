@@ -3,10 +3,18 @@
 
 #include <cmath>
 #include <cstdio>
+#include <sstream>
 
 void DesktopTest::SetUp() {
     ASSERT_TRUE(PrepareProgram(player)) << "TARNWELL_EXE names no program";
+    for (const char* driver : {"vdrive.dll", "vfilm.dll", "midimap.dll"}) {
+        const std::string path = std::string("c:\\windows\\system32\\") + driver;
+        ASSERT_NE(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES)
+            << "the release is not built, whose demo devices these desktops have";
+    }
     PutSetting(player, "TimerSpeed", "1");
+    // No pointer in any picture.
+    MoveMouse({0, 0});
     for (const char* key : {"WaveFilesPath", "MidiFilesPath", "VideoFilesPath"}) {
         PutSetting(player, key, MediaDirectory().c_str());
     }
@@ -22,34 +30,57 @@ void DesktopTest::AddMedia(const std::string& name, const std::string& bytes) {
     WriteFileBytes(MediaDirectory() + name, bytes);
 }
 
+void DesktopTest::SwitchAnimations(const char* value) {
+    for (const char* key : {"WaveAnimation", "MidiAnimation", "VideoAnimation", "CDAnimation"})
+        PutSetting(player, key, value);
+}
+
 void DesktopTest::StartIn(const char* mode, const std::string& arguments) {
     PutSetting(player, "TarnwellMode", mode);
     ASSERT_TRUE(StartProgram(player, arguments)) << "no main window";
 }
 
-void DesktopTest::Play(const std::vector<std::string>& names) {
+void DesktopTest::Open(int command, const std::vector<std::string>& names) {
     SelectAll(List(), false);
     for (const std::string& name : names)
-        ASSERT_TRUE(Select(List(), name)) << name;
-    Command(player.window, IDC_PLAY);
+        EXPECT_TRUE(Select(List(), name)) << name;
+    Command(player.window, command);
 }
 
-static bool HasSystemFile(const std::string& name) {
-    return GetFileAttributesA(("c:\\windows\\system32\\" + name).c_str()) !=
-           INVALID_FILE_ATTRIBUTES;
+static HWND WaitForDialog(const Program& player, const std::string& what,
+                          const std::function<bool(HWND)>& isIt) {
+    HWND dialog = nullptr;
+    EXPECT_TRUE(WaitUntil([&] {
+        dialog = WaitForPopup(player, 0);
+        return dialog != nullptr && IsWindowEnabled(dialog) && isIt(dialog);
+    })) << what;
+    return dialog;
 }
 
-bool DesktopTest::HasVirtualDrive() {
-    return HasSystemFile("vdrive.dll");
+HWND DesktopTest::Dialog(const std::string& title) {
+    return WaitForDialog(player, title, [&](HWND dialog) { return Title(dialog) == title; });
 }
 
-bool DesktopTest::HasVirtualProjector() {
-    return HasSystemFile("vfilm.dll");
+HWND DesktopTest::DialogThatShows(int id, const std::string& text) {
+    return WaitForDialog(player, text, [&](HWND dialog) { return Text(dialog, id) == text; });
 }
 
-void DesktopTest::InsertSheet(const std::string& name, const std::string& cueSheet) {
-    WriteFileBytes(player.directory + name + ".cue", cueSheet);
-    WriteFileBytes(player.directory + "tray.txt", name + ".cue\n");
+void DesktopTest::ExpectMessage(const std::string& text) {
+    HWND box = DialogThatShows(IDC_MESSAGE_TEXT, text);
+    Command(box, IDC_OK);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }));
+}
+
+void DesktopTest::InsertDisc(const std::vector<int>& trackSeconds) {
+    std::ostringstream sheet;
+    for (size_t i = 0; i < trackSeconds.size(); ++i) {
+        const int seconds = std::abs(trackSeconds[i]);
+        sheet << "TRACK " << i + 1 << (trackSeconds[i] < 0 ? " MODE1/2352" : " AUDIO\nREM TONE 441")
+              << "\nREM LENGTH " << seconds / 60 << ":" << seconds % 60 << ":00\n";
+    }
+    const std::string name = std::to_string(++discs) + ".cue";
+    WriteFileBytes(player.directory + name, sheet.str());
+    WriteFileBytes(player.directory + "tray.txt", name + "\n");
 }
 
 void DesktopTest::RemoveDisc() {

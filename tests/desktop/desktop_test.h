@@ -13,15 +13,23 @@ protected:
 
     // Puts a file into the media directory.
     void AddMedia(const std::string& name, const std::string& bytes);
+    // The settings of all four.
+    void SwitchAnimations(const char* value);
     // Starts in this mode ("wave" and so on, as the settings have it) on the media directory.
     void StartIn(const char* mode, const std::string& arguments = "");
-    // Selects these entries, and no others, and presses Play.
-    void Play(const std::vector<std::string>& names);
+    // Selects these entries, and no others, and presses a button.
+    void Open(int command, const std::vector<std::string>& names);
+    void Play(const std::vector<std::string>& names) { Open(IDC_PLAY, names); }
 
-    // The demo's devices, and the drive's tray.
-    static bool HasVirtualDrive();
-    static bool HasVirtualProjector();
-    void InsertSheet(const std::string& name, const std::string& cueSheet);
+    // The dialog of this title, or the one that shows this text, once it is in front.
+    HWND Dialog(const std::string& title);
+    HWND DialogThatShows(int id, const std::string& text);
+    // A message box shows this text; closes it.
+    void ExpectMessage(const std::string& text);
+
+    // Puts another disc into the demo's drive: humming tracks of so many seconds, and a data track
+    // where they are negative.
+    void InsertDisc(const std::vector<int>& trackSeconds);
     void RemoveDisc();
 
     std::string Shown(int id) { return Text(player.window, id); }
@@ -32,6 +40,9 @@ protected:
     std::string MediaDirectory() { return player.directory + "media\\"; }
 
     Program player;
+
+private:
+    int discs = 0;
 };
 
 // The milliseconds that a position read-out below one minute shows; -1 for any other text.

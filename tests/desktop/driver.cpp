@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <mmsystem.h>
+
 #include "resources/ids.h"
 
 namespace fs = std::filesystem;
@@ -150,6 +152,12 @@ std::string Title(HWND window) {
     return text;
 }
 
+std::string ClassOf(HWND window) {
+    char name[64] = "";
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
 std::string Text(HWND dialog, int id) {
     return Title(Control(dialog, id));
 }
@@ -194,23 +202,6 @@ HWND WaitForPopup(const Program& program, int deadlineMs) {
         return popup != program.window && IsWindowVisible(popup);
     };
     return WaitUntil(look, deadlineMs) ? popup : nullptr;
-}
-
-static HWND WaitForPopupWhere(const Program& program, const std::function<bool(HWND)>& isIt) {
-    HWND popup = nullptr;
-    const bool found = WaitUntil([&] {
-        popup = WaitForPopup(program, 0);
-        return popup != nullptr && IsWindowEnabled(popup) && isIt(popup);
-    });
-    return found ? popup : nullptr;
-}
-
-HWND WaitForDialog(const Program& program, const std::string& title) {
-    return WaitForPopupWhere(program, [&](HWND popup) { return Title(popup) == title; });
-}
-
-HWND WaitForDialogThatShows(const Program& program, int id, const std::string& text) {
-    return WaitForPopupWhere(program, [&](HWND popup) { return Text(popup, id) == text; });
 }
 
 bool WaitForNoPopup(const Program& program, int deadlineMs) {
@@ -299,9 +290,9 @@ void PressKey(uint8_t virtualKey, uint8_t heldKey) {
     if (heldKey) keybd_event(heldKey, 0, KEYEVENTF_KEYUP, 0);
 }
 
-void AppendLittleEndian(std::string& bytes, uint32_t value, int count) {
-    for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(value >> (8 * i) & 0xff);
+void PressKeyIn(HWND window, uint8_t virtualKey, uint8_t heldKey) {
+    SetForegroundWindow(window);
+    PressKey(virtualKey, heldKey);
 }
 
 constexpr int kSamplesPerMs = 8;
@@ -352,36 +343,28 @@ std::string FileBytes(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+template <typename Value>
+static std::string Raw(const Value& value) {
+    return {reinterpret_cast<const char*>(&value), sizeof value};
+}
+
 std::string PackWave(const WaveForm& form, const std::string& data) {
-    const uint32_t block = form.channels * form.bits / 8;
+    const auto block = static_cast<WORD>(form.channels * form.bits / 8);
+    const WAVEFORMATEX format = {form.tag, form.channels, form.rate, form.rate * block,
+                                 block,    form.bits,     0};
     const auto size = static_cast<uint32_t>(data.size());
-    std::string bytes = "RIFF";
-    AppendLittleEndian(bytes, 38 + size, 4);
-    bytes += "WAVEfmt ";
-    const uint32_t fields[][2] = {{18, 4},
-                                  {form.tag, 2},
-                                  {form.channels, 2},
-                                  {form.rate, 4},
-                                  {form.rate * block, 4},
-                                  {block, 2},
-                                  {form.bits, 2},
-                                  {0, 2}};
-    for (const auto& [value, count] : fields)
-        AppendLittleEndian(bytes, value, static_cast<int>(count));
-    bytes += "data";
-    AppendLittleEndian(bytes, size, 4);
-    return bytes + data;
+    return "RIFF" + Raw(38 + size) + "WAVEfmt " + Raw(uint32_t{sizeof format}) + Raw(format) +
+           "data" + Raw(size) + data;
 }
 
 std::string WaveFile(int lengthMs) {
-    constexpr uint32_t kRate = 22050;
-    const uint32_t sampleCount = kRate * static_cast<uint32_t>(lengthMs) / 1000;
+    constexpr int kRate = 22050;
     std::string samples;
-    for (uint32_t i = 0; i < sampleCount; ++i) {
+    for (int i = 0; i < kRate * lengthMs / 1000; ++i) {
         const double phase = 2 * 3.14159265358979 * 440 * i / kRate;
-        AppendLittleEndian(samples, static_cast<uint32_t>(std::lround(8000 * std::sin(phase))), 2);
+        samples += Raw(static_cast<int16_t>(std::lround(8000 * std::sin(phase))));
     }
-    return PackWave({1, 1, kRate, 16}, samples);
+    return PackWave({WAVE_FORMAT_PCM, 1, kRate, 16}, samples);
 }
 
 std::string MidiFile(int lengthMs) {

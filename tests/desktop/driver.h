@@ -53,6 +53,7 @@ HWND FocusOf(const Program& program);
 HWND Control(HWND dialog, int id);
 std::string Text(HWND dialog, int id);
 std::string Title(HWND window);
+std::string ClassOf(HWND window);
 bool IsShown(HWND dialog, int id);
 // A WM_COMMAND as the control would send it; posted, because it may open a modal dialog.
 void Command(HWND dialog, int id, int notification = 0);
@@ -67,10 +68,6 @@ bool WaitForText(HWND dialog, int id, const std::string& text, int deadlineMs = 
 
 // The dialog that stands in front of the main window; null when none comes before the deadline.
 HWND WaitForPopup(const Program& program, int deadlineMs = kDeadlineMs);
-// The same for the dialog of this title, or the one that shows this text in a control; null when it
-// does not come.
-HWND WaitForDialog(const Program& program, const std::string& title);
-HWND WaitForDialogThatShows(const Program& program, int id, const std::string& text);
 // Waits until the main window is in front again and enabled.
 bool WaitForNoPopup(const Program& program, int deadlineMs = kDeadlineMs);
 
@@ -92,6 +89,8 @@ void HoldMouse(POINT at);
 void ReleaseMouse();
 POINT CentreOf(HWND window);
 void PressKey(uint8_t virtualKey, uint8_t heldKey = 0);
+// Brings a window to the front first.
+void PressKeyIn(HWND window, uint8_t virtualKey, uint8_t heldKey = 0);
 
 // Root mean square, 0 to 32768, of the last milliseconds that the sound card was given.
 double SoundLevel(int lastMs);
@@ -104,11 +103,12 @@ int AudibleMs(int lastMs);
 void WriteFileBytes(const std::string& path, const std::string& bytes);
 // Empty when there is no such file.
 std::string FileBytes(const std::string& path);
-void AppendLittleEndian(std::string& bytes, uint32_t value, int count);
 std::string WaveFile(int lengthMs);
 // A wave of any form, its samples given.
 struct WaveForm {
-    uint32_t tag, channels, rate, bits;
+    uint16_t tag, channels;
+    uint32_t rate;
+    uint16_t bits;
 };
 std::string PackWave(const WaveForm& form, const std::string& data);
 std::string MidiFile(int lengthMs);

@@ -25,25 +25,6 @@ protected:
         ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
     }
 
-    HWND Dialog(const std::string& title) { return WaitForDialog(player, title); }
-    void Open(int command, const std::vector<std::string>& names) {
-        SelectAll(List(), false);
-        for (const std::string& name : names)
-            ASSERT_TRUE(Select(List(), name)) << name;
-        Command(player.window, command);
-    }
-    // The message box shows this text; closes it.
-    void ExpectMessage(const std::string& text) {
-        HWND box = WaitForDialogThatShows(player, IDC_MESSAGE_TEXT, text);
-        ASSERT_NE(box, nullptr) << text;
-        Command(box, IDC_OK);
-        EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }));
-    }
-    static void PressIn(HWND dialog, uint8_t key) {
-        SetForegroundWindow(dialog);
-        PressKey(key);
-    }
-
     std::string target;
 };
 
@@ -52,21 +33,18 @@ TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
         const bool all = answer == IDC_OVERWRITE_ALL;
         WriteFileBytes(target + "a.wav", "old");
         WriteFileBytes(target + "b.wav", "old");
-        ASSERT_NO_FATAL_FAILURE(Open(IDC_COPY, {"a.wav", "b.wav"}));
+        Open(IDC_COPY, {"a.wav", "b.wav"});
         HWND copy = Dialog("Copy files");
-        ASSERT_NE(copy, nullptr);
         EXPECT_EQ(Text(copy, IDC_COPY_NEEDED), "18 bytes ");
         ClickMouse(CentreOf(Control(copy, IDC_COPY_OK)));
         HWND question = Dialog("File Already Exists");
-        ASSERT_NE(question, nullptr);
         EXPECT_EQ(Text(question, IDC_OVERWRITE_SOURCE), MediaDirectory() + "a.wav");
         EXPECT_EQ(Text(question, IDC_OVERWRITE_TARGET), target + "a.wav");
         EXPECT_THAT(Text(question, IDC_OVERWRITE_SOURCE_SIZE), testing::StartsWith("9 bytes "));
         EXPECT_THAT(Text(question, IDC_OVERWRITE_TARGET_SIZE), testing::StartsWith("3 bytes "));
         ClickMouse(CentreOf(Control(question, answer)));
         if (!all) {
-            question = WaitForDialogThatShows(player, IDC_OVERWRITE_TARGET, target + "b.wav");
-            ASSERT_NE(question, nullptr);
+            question = DialogThatShows(IDC_OVERWRITE_TARGET, target + "b.wav");
             Command(question, IDC_OVERWRITE_CANCEL);
         }
         EXPECT_TRUE(WaitForNoPopup(player));
@@ -77,25 +55,22 @@ TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
 
 TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
     // Another spelling of the very same file.
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_MOVE, {"a.wav"}));
+    Open(IDC_MOVE, {"a.wav"});
     HWND move = Dialog("Move files");
-    ASSERT_NE(move, nullptr);
     EXPECT_EQ(Text(move, IDC_COPY_DESTINATION), "c:\\a.wav");
     SetText(move, IDC_COPY_DESTINATION, target + "../media/a.wav");
-    PressIn(move, VK_RETURN);
-    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Error: Can't copy file over itself!"));
+    PressKeyIn(move, VK_RETURN);
+    ExpectMessage("Error: Can't copy file over itself!");
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_EQ(FileBytes(MediaDirectory() + "a.wav"), "new a.wav");
 
     // A directory that is not there, refused first.
     const std::string deep = player.directory + "new\\deep\\";
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_MOVE, {"a.wav"}));
+    Open(IDC_MOVE, {"a.wav"});
     move = Dialog("Move files");
-    ASSERT_NE(move, nullptr);
     SetText(move, IDC_COPY_DESTINATION, deep + "other.wav");
-    PressIn(move, VK_RETURN);
+    PressKeyIn(move, VK_RETURN);
     HWND question = Dialog("Tarnwell Question!");
-    ASSERT_NE(question, nullptr);
     std::string missing = player.directory + "new";
     CharUpperA(missing.data());
     EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
@@ -103,10 +78,9 @@ TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
     Command(question, IDC_QUESTION_CANCEL);
     EXPECT_TRUE(WaitForText(move, IDC_COPY_STATUS, "Aborted!"));
     EXPECT_NE(GetSetting(player, "WaveMoveToPath"), deep);
-    PressIn(move, VK_RETURN);
+    PressKeyIn(move, VK_RETURN);
     for (int created = 0; created < 2; ++created) {
         question = Dialog("Tarnwell Question!");
-        ASSERT_NE(question, nullptr);
         Command(question, IDC_QUESTION_OK);
         EXPECT_TRUE(WaitUntil([&] { return !IsWindow(question); }));
     }
@@ -117,33 +91,31 @@ TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
 }
 
 TEST_F(FileToolsTest, RenameGoesOnAfterACancelAndDeleteAsksFirst) {
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_RENAME, {"a.wav", "b.wav", "c.wav"}));
+    Open(IDC_RENAME, {"a.wav", "b.wav", "c.wav"});
     const struct {
         const char* name;
         const char* typed;  // null: cancelled
     } steps[] = {{"a.wav", "A new.wav"}, {"b.wav", nullptr}, {"c.wav", "b.wav"}};
     for (const auto& step : steps) {
-        HWND rename = WaitForDialogThatShows(player, IDC_RENAME_NAME, step.name);
-        ASSERT_NE(rename, nullptr) << step.name;
+        HWND rename = DialogThatShows(IDC_RENAME_NAME, step.name);
         if (step.typed != nullptr) SetText(rename, IDC_RENAME_NAME, step.typed);
-        PressIn(rename, step.typed != nullptr ? VK_RETURN : VK_ESCAPE);
+        PressKeyIn(rename, step.typed != nullptr ? VK_RETURN : VK_ESCAPE);
     }
-    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't rename file c.wav"));
+    ExpectMessage("Can't rename file c.wav");
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_THAT(ListTexts(List()), ElementsAre("A new.wav", "b.wav", "c.wav"));
 
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"b.wav"}));
-    HWND dialog = WaitForDialogThatShows(player, IDC_DELETE_QUESTION, "Delete b.wav?");
-    ASSERT_NE(dialog, nullptr);
-    PressIn(dialog, VK_TAB);
+    Open(IDC_DELETE, {"b.wav"});
+    HWND dialog = DialogThatShows(IDC_DELETE_QUESTION, "Delete b.wav?");
+    PressKeyIn(dialog, VK_TAB);
     PressKey(VK_RETURN);  // the focused Cancel
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_EQ(FileBytes(MediaDirectory() + "b.wav"), "new b.wav");
-    ASSERT_NO_FATAL_FAILURE(Open(IDC_DELETE, {"A new.wav", "b.wav"}));
-    ASSERT_NE(dialog = Dialog("Delete Files"), nullptr);
+    Open(IDC_DELETE, {"A new.wav", "b.wav"});
+    dialog = Dialog("Delete Files");
     DeleteFileA((MediaDirectory() + "A new.wav").c_str());
-    PressIn(dialog, VK_RETURN);
-    ASSERT_NO_FATAL_FAILURE(ExpectMessage("Can't delete file: A new.wav"));
+    PressKeyIn(dialog, VK_RETURN);
+    ExpectMessage("Can't delete file: A new.wav");
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_THAT(ListTexts(List()), ElementsAre("c.wav"));
 }
@@ -156,9 +128,8 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
     HWND question = Dialog("Tarnwell Question!");
     EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
               "No editor selected for *.WAV files. Do you want to select one?");
-    PressIn(question, VK_RETURN);
+    PressKeyIn(question, VK_RETURN);
     HWND dialog = Dialog("Select editor for *.WAV files");
-    ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(Text(dialog, IDC_PROGRAM_NAME), "None selected");
     SetText(dialog, IDC_PROGRAM_LOCATION, tools);
     SetForegroundWindow(dialog);
@@ -182,8 +153,7 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
 
     PutSetting(player, "WavEditorName", "gone.exe");
     Command(player.window, IDC_EDITOR);
-    ASSERT_NO_FATAL_FAILURE(
-        ExpectMessage("CreateProcess failed! Can't load " + tools + "gone.exe"));
+    ExpectMessage("CreateProcess failed! Can't load " + tools + "gone.exe");
 
     PutSetting(player, "VolumeApplicationPath", tools.c_str());
     PutSetting(player, "VolumeApplicationName", "waved.exe");

@@ -9,11 +9,6 @@
 
 using InfoTest = DesktopTest;
 
-static std::string SilentWave(const WaveForm& form, size_t lengthMs) {
-    const size_t size = form.rate * lengthMs / 1000 * (form.channels * form.bits / 8);
-    return PackWave(form, std::string(size, '\0'));
-}
-
 // A quarter past three in the morning, of universal time.
 static void SetChanged(const std::string& path) {
     const SYSTEMTIME time = {2001, 7, 0, 4, 3, 15, 20, 0};
@@ -37,20 +32,13 @@ TEST_F(InfoTest, EveryKindOfFileAsThePlatformKnowsIt) {
     } cases[] = {
         {IDC_MODE_WAVE,
          "a alaw.wav",
-         SilentWave({6, 1, 8000, 8}, 5000),
+         PackWave({6, 1, 8000, 8}, std::string(40000, '\0')),
          "Wave File Information",
          {{IDC_WAVE_INFO_DATE, "7-4-2001 9:15PM"},
           {IDC_WAVE_INFO_SIZE, "40046 bytes "},
           {IDC_WAVE_INFO_FORMAT, "8000 Hz, 8 Bit"},
           {IDC_WAVE_INFO_CHANNELS, "Mono"},
           {IDC_WAVE_INFO_LENGTH, "5.000 Seconds"}}},
-        {IDC_MODE_WAVE,
-         "b fine.wav",
-         SilentWave({1, 2, 48000, 24}, 800),
-         "Wave File Information",
-         {{IDC_WAVE_INFO_FORMAT, "48000 Hz, 24 Bit"},
-          {IDC_WAVE_INFO_CHANNELS, "Stereo"},
-          {IDC_WAVE_INFO_LENGTH, "800 Milliseconds"}}},
         {IDC_MODE_MIDI,
          "a.mid",
          MidiFile(2500),
@@ -69,23 +57,18 @@ TEST_F(InfoTest, EveryKindOfFileAsThePlatformKnowsIt) {
         AddMedia(one.name, one.bytes);
     SetChanged(MediaDirectory() + "a alaw.wav");
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    ASSERT_NO_FATAL_FAILURE(Play({"a alaw.wav"}));
+    Play({"a alaw.wav"});
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
     for (const auto& one : cases) {
-        if (one.mode == IDC_MODE_VIDEO && !HasVirtualProjector()) continue;
         SCOPED_TRACE(one.name);
         Command(player.window, one.mode);
         ASSERT_TRUE(Settle(player));
-        SelectAll(List(), false);
-        ASSERT_TRUE(Select(List(), one.name));
-        Command(player.window, IDC_INFO);
-        HWND dialog = WaitForDialog(player, one.title);
-        ASSERT_NE(dialog, nullptr);
+        Open(IDC_INFO, {one.name});
+        HWND dialog = Dialog(one.title);
         EXPECT_EQ(Shown(IDC_STATUS), "Ready");
         for (const auto& [id, text] : one.fields)
             EXPECT_EQ(Text(dialog, id), text);
-        SetForegroundWindow(dialog);
-        PressKey(VK_RETURN);
+        PressKeyIn(dialog, VK_RETURN);
         ASSERT_TRUE(WaitForNoPopup(player));
     }
     EXPECT_TRUE(DeleteFileA((MediaDirectory() + "a alaw.wav").c_str())) << "is held";

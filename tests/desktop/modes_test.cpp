@@ -7,11 +7,23 @@
 
 using ModesTest = DesktopTest;
 
+// Group boxes and frames are made to stand around other controls; pictures carry no information.
+enum class Kind { kButton, kText, kFrame, kOther };
+
+static Kind KindOf(HWND control) {
+    const LONG style = GetWindowLongA(control, GWL_STYLE);
+    if (ClassOf(control) == "Button") {
+        return (style & BS_TYPEMASK) == BS_GROUPBOX ? Kind::kFrame : Kind::kButton;
+    }
+    if (ClassOf(control) != "Static") return Kind::kOther;
+    const LONG type = style & SS_TYPEMASK;
+    const bool text = type <= SS_RIGHT || type == SS_SIMPLE || type == SS_LEFTNOWORDWRAP;
+    return text ? Kind::kText : Kind::kFrame;
+}
+
 struct ShownControl {
     HWND window;
-    int id;
-    std::string className;
-    LONG style;
+    Kind kind;
     RECT place;  // in the dialog's client rectangle
 };
 
@@ -19,33 +31,12 @@ static std::vector<ShownControl> ShownControls(HWND dialog) {
     std::vector<ShownControl> controls;
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (!IsWindowVisible(child)) continue;
-        ShownControl control = {
-            child, GetDlgCtrlID(child), "", GetWindowLongA(child, GWL_STYLE), {}};
-        char name[64] = "";
-        GetClassNameA(child, name, sizeof name);
-        control.className = name;
-        GetWindowRect(child, &control.place);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&control.place), 2);
-        controls.push_back(control);
+        RECT place = {};
+        GetWindowRect(child, &place);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+        controls.push_back({child, KindOf(child), place});
     }
     return controls;
-}
-
-static bool IsStatic(const ShownControl& control) {
-    return control.className == "Static";
-}
-
-static bool IsPushButton(const ShownControl& control) {
-    return control.className == "Button" && (control.style & BS_TYPEMASK) != BS_GROUPBOX;
-}
-
-// Group boxes and frames are made to stand around other controls; pictures carry no information.
-static bool MayEnclose(const ShownControl& control) {
-    if (control.className == "Button") return (control.style & BS_TYPEMASK) == BS_GROUPBOX;
-    if (!IsStatic(control)) return false;
-    const LONG type = control.style & SS_TYPEMASK;
-    return type != SS_LEFT && type != SS_CENTER && type != SS_RIGHT && type != SS_SIMPLE &&
-           type != SS_LEFTNOWORDWRAP;
 }
 
 static std::string PlaceText(const RECT& place) {
@@ -53,52 +44,44 @@ static std::string PlaceText(const RECT& place) {
            std::to_string(place.right) + "," + std::to_string(place.bottom);
 }
 
-static bool Overlap(const RECT& a, const RECT& b) {
-    RECT common = {};
-    return IntersectRect(&common, &a, &b) != FALSE;
-}
-
 static void ExpectComposed(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
     const std::vector<ShownControl> controls = ShownControls(dialog);
-    // The four pieces of the frame.
-    constexpr LONG piece = 8;
-    const RECT corners[] = {
-        {0, 0, piece, piece},
-        {client.right - piece, 0, client.right, piece},
-        {0, client.bottom - piece, piece, client.bottom},
-        {client.right - piece, client.bottom - piece, client.right, client.bottom}};
     HDC screen = GetDC(nullptr);
     const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
     HFONT face = CreateFontA(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
                              "MS Sans Serif");
     HGDIOBJ oldFace = SelectObject(screen, face);
-    for (size_t i = 0; i < controls.size(); ++i) {
-        const ShownControl& control = controls[i];
+    for (const ShownControl& control : controls) {
         const RECT& place = control.place;
-        SCOPED_TRACE("control " + std::to_string(control.id));
+        const std::string text = Title(control.window);
+        SCOPED_TRACE(std::to_string(GetDlgCtrlID(control.window)) + " " + text + " at " +
+                     PlaceText(place));
         EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= client.right &&
                     place.bottom <= client.bottom)
-            << "beyond the window's edge: " << PlaceText(place);
-        for (const RECT& corner : corners)
-            EXPECT_FALSE(Overlap(place, corner)) << "covers a corner piece: " << PlaceText(place);
-        if (IsStatic(control) && !MayEnclose(control)) {
-            std::string text = Title(control.window);
-            std::erase(text, '&');
-            SIZE extent = {};
-            GetTextExtentPoint32A(screen, text.c_str(), static_cast<int>(text.size()), &extent);
-            const LONG lines = std::max(1L, (place.bottom - place.top) / std::max(1L, extent.cy));
-            EXPECT_LE(extent.cx, (place.right - place.left) * lines) << "cut: " << text;
-            EXPECT_LE(extent.cy, place.bottom - place.top) << "cut in height: " << text;
+            << "beyond the window's edge";
+        // The four pieces of the frame.
+        RECT cross = client;
+        InflateRect(&cross, -8, -8);
+        EXPECT_FALSE((place.left < cross.left || place.right > cross.right) &&
+                     (place.top < cross.top || place.bottom > cross.bottom))
+            << "covers a corner piece";
+        if (control.kind == Kind::kText) {
+            RECT needed = {0, 0, place.right - place.left, 0};
+            DrawTextA(screen, text.c_str(), -1, &needed, DT_CALCRECT | DT_WORDBREAK);
+            EXPECT_LE(needed.right, place.right - place.left) << "cut";
+            EXPECT_LE(needed.bottom, place.bottom - place.top) << "cut in height";
         }
-        EXPECT_TRUE(!IsPushButton(control) || !Title(control.window).empty())
+        EXPECT_FALSE(control.kind == Kind::kButton && text.empty())
             << "a screen reader has no name for it";
-        for (size_t k = i + 1; k < controls.size(); ++k) {
-            EXPECT_FALSE(!MayEnclose(control) && !MayEnclose(controls[k]) &&
-                         Overlap(place, controls[k].place))
-                << PlaceText(place) << " covers control " << controls[k].id << " at "
-                << PlaceText(controls[k].place);
+        for (const ShownControl& other : controls) {
+            RECT common = {};
+            if (&other == &control) break;
+            EXPECT_FALSE(control.kind != Kind::kFrame && other.kind != Kind::kFrame &&
+                         IntersectRect(&common, &place, &other.place))
+                << "covers control " << GetDlgCtrlID(other.window) << " at "
+                << PlaceText(other.place);
         }
     }
     SelectObject(screen, oldFace);
@@ -114,11 +97,8 @@ constexpr std::pair<int, unsigned> kSamples[] = {
     {IDC_EXIT, kEveryMode},  {IDC_SCROLL, kEveryMode}};
 
 TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
-    const char* const animations[] = {"WaveAnimation", "MidiAnimation", "VideoAnimation",
-                                      "CDAnimation"};
     for (const auto& [on, start] : {std::pair{"On", "wave"}, std::pair{"Off", "cdplayer"}}) {
-        for (const char* animation : animations)
-            PutSetting(player, animation, on);
+        SwitchAnimations(on);
         ASSERT_NO_FATAL_FAILURE(StartIn(start));
         for (int mode : {IDC_MODE_CDPLAYER, IDC_MODE_VIDEO, IDC_MODE_MIDI, IDC_MODE_WAVE,
                          IDC_MODE_CDPLAYER, IDC_MODE_WAVE}) {
@@ -189,11 +169,9 @@ TEST_F(ModesTest, TabsAnswerTheMouseAndBoxesTheKeyboard) {
     ClickMouse(CentreOf(Control(player.window, IDC_MODE_CDPLAYER)));
     EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
     ClickMouse(CentreOf(Control(player.window, IDC_ABOUT)));
-    HWND about = WaitForDialog(player, "About Tarnwell 1.1");
-    ASSERT_NE(about, nullptr);
+    HWND about = Dialog("About Tarnwell 1.1");
     EXPECT_FALSE(IsWindowEnabled(player.window));
-    SetForegroundWindow(about);
-    PressKey('E', VK_MENU);
+    PressKeyIn(about, 'E', VK_MENU);
     EXPECT_TRUE(WaitUntil([&] { return Text(WaitForPopup(player), IDC_CREDITS_TEXT) != ""; }));
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(WaitUntil([&] { return WaitForPopup(player) == about; }));
@@ -252,9 +230,8 @@ TEST_F(ModesTest, TabKeyReachesEveryShownButton) {
         SetForegroundWindow(player.window);
         std::vector<HWND> unreached;
         for (const ShownControl& control : ShownControls(player.window)) {
-            if (IsPushButton(control) && IsWindowEnabled(control.window)) {
+            if (control.kind == Kind::kButton && IsWindowEnabled(control.window))
                 unreached.push_back(control.window);
-            }
         }
         ASSERT_FALSE(unreached.empty());
         for (int presses = 0; presses < 100 && !unreached.empty(); ++presses) {

@@ -31,28 +31,26 @@ TEST_F(PathTest, BrowseByMouseAndKeyboard) {
     WriteFileBytes(below + "b.wav", WaveFile(100));
     WriteFileBytes(below + "c.wav", WaveFile(100));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    ASSERT_NO_FATAL_FAILURE(Play({"a.wav"}));
+    Play({"a.wav"});
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
     const auto lists = [&](const std::vector<std::string>& names) {
         return WaitUntil([&] { return ListTexts(List()) == names; });
     };
     const auto browse = [&] {
         ClickMouse(CentreOf(Control(player.window, IDC_BROWSE)));
-        HWND dialog = WaitForDialog(player, "Wave File Path Setup");
+        HWND dialog = Dialog("Wave File Path Setup");
         SetForegroundWindow(dialog);
         return dialog;
     };
 
     HWND dialog = browse();
-    ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(Shown(IDC_STATUS), "Stopped!");
     EXPECT_EQ(Shown(IDC_FILE_NAME), "Stopped!");
     EXPECT_TRUE(DoubleClickUntil(Control(dialog, IDC_PATH_DIRECTORIES), "[below]",
                                  [&] { return Text(dialog, IDC_PATH_LOCATION) == below; }));
     EXPECT_TRUE(lists({"b.wav", "c.wav"}));
     PressKey('S', VK_MENU);
-    HWND search = WaitForDialog(player, "Search for Wave files on drive C:");
-    ASSERT_NE(search, nullptr);
+    HWND search = Dialog("Search for Wave files on drive C:");
     EXPECT_FALSE(IsWindowEnabled(dialog));
     PressKey(VK_ESCAPE);
     ASSERT_TRUE(WaitUntil([&] { return !IsWindow(search); }));
@@ -60,7 +58,7 @@ TEST_F(PathTest, BrowseByMouseAndKeyboard) {
     EXPECT_TRUE(WaitForNoPopup(player));
     EXPECT_TRUE(lists({"a.wav"}));
 
-    ASSERT_NE(dialog = browse(), nullptr);
+    dialog = browse();
     PressKey(VK_DOWN);
     PressKey(VK_RIGHT);
     EXPECT_TRUE(WaitForText(dialog, IDC_PATH_LOCATION, below));

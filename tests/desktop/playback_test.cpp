@@ -8,54 +8,42 @@
 using PlaybackTest = DesktopTest;
 
 TEST_F(PlaybackTest, QueuePlaysEveryFileAndCountsDown) {
-    AddMedia("a.wav", WaveFile(1200));
+    AddMedia("a.wav", WaveFile(1005));
     AddMedia("b.wav", WaveFile(900));
-    AddMedia("c.wav", WaveFile(1005));
     AddMedia("not selected.wav", WaveFile(300));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    EXPECT_EQ(Shown(IDC_LIST_COUNT), "4 Wave Files:");
-    ASSERT_NO_FATAL_FAILURE(Play({"a.wav", "b.wav", "c.wav"}));
-
-    const char* const steps[][3] = {{"a.wav", "2", "1.200 Seconds"},
-                                    {"b.wav", "1", "900 Milliseconds"},
-                                    {"c.wav", "0", "1.005 Seconds"}};
-    const int ranges[] = {1000, 900, 1000};
-    for (int i = 0; i < 3; ++i) {
-        const auto& [name, left, length] = steps[i];
+    Play({"a.wav", "b.wav"});
+    const char* const steps[][3] = {{"a.wav", "1", "1.005 Seconds"},
+                                    {"b.wav", "0", "900 Milliseconds"}};
+    for (const auto& [name, left, length] : steps) {
         ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, name));
-        EXPECT_EQ(Shown(IDC_SELECTED_COUNT), "3");
         EXPECT_EQ(Shown(IDC_FILES_LEFT), left);
         EXPECT_EQ(Shown(IDC_LENGTH), length);
-        EXPECT_EQ(Shown(IDC_STATUS), "Playing");
-        EXPECT_EQ(ScrollMaximum(player), ranges[i]);
         EXPECT_TRUE(WaitForSound());
     }
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
-    EXPECT_EQ(Shown(IDC_POSITION), "1.005 Seconds");
-    EXPECT_EQ(ScrollPosition(player), 1000);
+    EXPECT_EQ(Shown(IDC_POSITION), "900 Milliseconds");
+    EXPECT_EQ(ScrollPosition(player), 900);
     EXPECT_TRUE(WaitForSilence());
 }
 
 TEST_F(PlaybackTest, PausedFileIsSilentAndGoesOnFromItsPlace) {
     AddMedia("long.wav", WaveFile(20000));
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    ASSERT_NO_FATAL_FAILURE(Play({"long.wav"}));
+    Play({"long.wav"});
     ASSERT_TRUE(WaitForSound());
-    for (int resumeButton : {IDC_PAUSE, IDC_PLAY}) {
-        ASSERT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 0; }));
-        Command(player.window, IDC_PAUSE);
-        ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
-        ASSERT_TRUE(WaitForSilence());
-        const int paused = ReadOutMs(Shown(IDC_POSITION));
-        EXPECT_FALSE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) != paused; }, 600));
-
-        Command(player.window, resumeButton);
-        ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
-        EXPECT_TRUE(WaitForSound());
-        EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > paused; }));
-        EXPECT_LT(ReadOutMs(Shown(IDC_POSITION)), paused + 5000) << "started over or jumped";
-        EXPECT_EQ(Shown(IDC_FILE_NAME), "long.wav");
-    }
+    const auto position = [&] { return ReadOutMs(Shown(IDC_POSITION)); };
+    ASSERT_TRUE(WaitUntil([&] { return position() > 0; }));
+    Command(player.window, IDC_PAUSE);
+    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
+    ASSERT_TRUE(WaitForSilence());
+    const int paused = position();
+    EXPECT_FALSE(WaitUntil([&] { return position() != paused; }, 600));
+    Command(player.window, IDC_PLAY);
+    ASSERT_TRUE(WaitForShown(IDC_STATUS, "Playing"));
+    EXPECT_TRUE(WaitForSound());
+    EXPECT_TRUE(WaitUntil([&] { return position() > paused; })) << "started over";
+    EXPECT_LT(position(), paused + 5000) << "jumped";
     // A minimised window plays on and draws nothing.
     ShowWindow(player.window, SW_MINIMIZE);
     ASSERT_TRUE(Settle(player));
@@ -68,13 +56,11 @@ TEST_F(PlaybackTest, PausedFileIsSilentAndGoesOnFromItsPlace) {
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
     for (const int code : {SB_THUMBTRACK, SB_THUMBPOSITION, SB_ENDSCROLL})
         Scroll(player, code, 900);
-    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 18000);
-    EXPECT_EQ(Shown(IDC_STATUS), "Paused");
+    EXPECT_EQ(position(), 18000);
     EXPECT_TRUE(WaitForSilence());
     Command(player.window, IDC_PAUSE);
-    EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > 18000; }));
+    EXPECT_TRUE(WaitUntil([&] { return position() > 18000; }));
     EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
-    EXPECT_EQ(ReadOutMs(Shown(IDC_POSITION)), 20000);
     EXPECT_TRUE(WaitForSilence());
 }
 
@@ -103,12 +89,6 @@ TEST_F(PlaybackTest, DoubleClickPlaysAFileAndItsThumbFollowsTheMouse) {
     const int released = ReadOutMs(Shown(IDC_POSITION));
     EXPECT_TRUE(WaitUntil([&] { return ReadOutMs(Shown(IDC_POSITION)) > released + 300; }));
     EXPECT_LT(ReadOutMs(Shown(IDC_POSITION)), 28000);
-
-    // An arrow: one unit for a short press.
-    const int before = ScrollPosition(player);
-    ClickMouse({bar.right - arrow / 2, middle});
-    EXPECT_TRUE(WaitUntil([&] { return ScrollPosition(player) > before; }));
-    EXPECT_EQ(Shown(IDC_STATUS), "Playing");
 }
 
 TEST_F(PlaybackTest, WhatThePlatformRefusesIsToldInItsWordsAndTheNextPlayWorks) {
@@ -119,31 +99,26 @@ TEST_F(PlaybackTest, WhatThePlatformRefusesIsToldInItsWordsAndTheNextPlayWorks) 
     DeleteFileA((MediaDirectory() + "gone.wav").c_str());
     for (const auto& [name, error] : {std::pair{"broken.wav", MCIERR_INVALID_FILE},
                                       std::pair{"gone.wav", MCIERR_FILE_NOT_FOUND}}) {
-        ASSERT_NO_FATAL_FAILURE(Play({name, "whole.wav"}));
-        HWND box = WaitForDialog(player, "Tarnwell Message!");
-        ASSERT_NE(box, nullptr);
+        Play({name, "whole.wav"});
         char platformText[256] = "";
         mciGetErrorStringA(error, platformText, sizeof platformText);
-        EXPECT_EQ(Text(box, IDC_MESSAGE_TEXT), platformText);
+        HWND box = DialogThatShows(IDC_MESSAGE_TEXT, platformText);
         EXPECT_FALSE(WaitUntil(
             [&] { return WaitForPopup(player, 0) != box || SoundLevel(100) > 500; }, 1500))
             << "the queue goes on under its box";
-        SetForegroundWindow(box);
-        PressKey(VK_RETURN);
+        PressKeyIn(box, VK_RETURN);
         ASSERT_TRUE(WaitForNoPopup(player));
         EXPECT_EQ(WaitForPopup(player, 500), nullptr) << "one failure, two boxes";
     }
-    ASSERT_NO_FATAL_FAILURE(Play({"whole.wav"}));
-    EXPECT_TRUE(WaitForShown(IDC_FILE_NAME, "whole.wav"));
+    Play({"whole.wav"});
     EXPECT_TRUE(WaitForSound());
-    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
 }
 
 TEST_F(PlaybackTest, MidiIsHeardAndEnds) {
     AddMedia("a.mid", MidiFile(2500));
     AddMedia("b.rmi", MidiFile(700));
     ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
-    ASSERT_NO_FATAL_FAILURE(Play({"a.mid", "b.rmi"}));
+    Play({"a.mid", "b.rmi"});
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "a.mid"));
     EXPECT_EQ(Shown(IDC_LENGTH), "2.500 Seconds");
     const DWORD start = GetTickCount();
@@ -190,9 +165,6 @@ TEST_F(PlaybackTest, TypedDirectoryIsEnteredWhenTheClickOutOfItEnds) {
     EXPECT_EQ(Shown(IDC_DIRECTORY), other);
     type("c:\\\\" + other);
     PressKey(VK_TAB);
-    HWND box = WaitForDialogThatShows(player, IDC_MESSAGE_TEXT, "Invalid path!");
-    ASSERT_NE(box, nullptr);
-    Command(box, IDC_OK);
-    EXPECT_TRUE(WaitForNoPopup(player));
+    ExpectMessage("Invalid path!");
     EXPECT_TRUE(WaitForShown(IDC_DIRECTORY, other));
 }

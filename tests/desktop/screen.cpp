@@ -9,12 +9,8 @@ static Picture ReadBitmap(HDC dc, HBITMAP bitmap) {
     GetObjectA(bitmap, sizeof size, &size);
     Picture picture = {size.bmWidth, size.bmHeight, {}};
     picture.pixels.resize(static_cast<size_t>(picture.width * picture.height));
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = picture.width;
-    info.bmiHeader.biHeight = -picture.height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    BITMAPINFO info = {
+        {sizeof info.bmiHeader, picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
     GetDIBits(dc, bitmap, 0, static_cast<UINT>(picture.height), picture.pixels.data(), &info,
               DIB_RGB_COLORS);
     for (uint32_t& pixel : picture.pixels)

@@ -133,7 +133,8 @@ static std::string TakeDisc(const Json& json, const JsonImport& import, const st
 static void ImportDisc(const Json& json, JsonImport& import) {
     const std::string where = "disc " + std::to_string(++import.count);
     Disc disc;
-    const std::string why = TakeDisc(json, import, where, disc);
+    const std::string why =
+        json.is_object() ? TakeDisc(json, import, where, disc) : "an object is expected";
     if (why.empty()) {
         import.sink.take(disc, where);
     } else {
@@ -163,33 +164,36 @@ static SourceFault FaultOf(const Json::exception& error, std::string_view text) 
     return {placed ? "" : PlaceOfQuoted(text, what), what};
 }
 
+// What is left of the document when each element of "discs" has been handed to `visit`, as soon as
+// it is complete, and dropped: a long document is never held as a whole. Arrays among them are
+// handed over empty: how deep they go is of no interest.
+template <typename Visit>
+static Json ParseAround(std::string_view text, const Visit& visit) {
+    using Event = Json::parse_event_t;
+    bool inDiscs = false;
+    return Json::parse(text, [&](int depth, Event event, Json& json) {
+        if (depth == 1 && event == Event::key) inDiscs = json == "discs";
+        const bool isElement =
+            inDiscs && depth == 2 &&
+            (event == Event::object_end || event == Event::array_start || event == Event::value);
+        if (isElement) visit(json);
+        return !isElement;
+    });
+}
+
 bool ReadJson(std::string_view text, const CodePage& page, const DiscSink& sink,
               SourceFault& fault) {
-    // Discs are taken as they are complete, so that a long document is never held as a whole. First
-    // the whole text is looked at, because of a broken one nothing is taken.
-    const auto isDisc = [](int depth, Json::parse_event_t event) {
-        return depth == 2 && event == Json::parse_event_t::object_end;
-    };
     JsonImport import{page, sink};
     try {
-        const auto drop = [&isDisc](int depth, Json::parse_event_t event, Json&) {
-            return !isDisc(depth, event);
-        };
-        const Json frame = Json::parse(text, drop);
+        // First the whole text is looked at, because of a broken one nothing is taken.
+        const Json frame = ParseAround(text, [](const Json&) {});
         const bool known = frame.is_object() && frame.value("version", Json()) == kVersion &&
                            frame.contains("discs") && frame["discs"].is_array();
         if (!known) {
             fault = {"", "this is no document of discs, version " + std::to_string(kVersion)};
             return false;
         }
-        const auto take = [&](int depth, Json::parse_event_t event, Json& json) {
-            if (!isDisc(depth, event)) return true;
-            ImportDisc(json, import);
-            return false;
-        };
-        const Json rest = Json::parse(text, take);
-        for (const Json& other : rest.at("discs"))
-            sink.refuse(other.dump(), "an object is expected");
+        ParseAround(text, [&import](const Json& json) { ImportDisc(json, import); });
     } catch (const Json::exception& error) {
         fault = FaultOf(error, text);
         return false;

@@ -9,6 +9,10 @@
 #include "database/database_paths.h"
 #include "database/database_rewrite.h"
 
+static const char kForeignText[] =
+    "this is no disc catalogue: it does not begin like one (check and salvage look for discs in it "
+    "all the same)";
+
 // The player keeps the file for moments only.
 constexpr int kHeldAttempts = 12;  // of a quarter of a second each
 
@@ -39,6 +43,17 @@ Refusal ChooseCatalogue(const std::string& path) {
     std::string system;
     if (!ToSystemPath(path, system)) return "the system's code page cannot name this file";
     UseDatabaseFile(system);
+    return {};
+}
+
+Refusal ChooseNewCatalogue(const std::string& path) {
+    if (Refusal why = ChooseCatalogue(path); !why.empty()) return why;
+    for (const std::string& needed : {DatabasePath(), NewDatabasePath(), BackupPath()}) {
+        if (FileCalls.exists(needed.c_str()) != FileStatus::kMissing) {
+            return needed == DatabasePath() ? "this file exists already"
+                                            : "writing it would destroy " + needed;
+        }
+    }
     return {};
 }
 
@@ -88,10 +103,22 @@ static void PutEntry(std::vector<uint8_t> bytes, RewriteTarget& target) {
     PutBytes(target, bytes.data(), size);
 }
 
+// Another program may have sorted or shortened the catalogue since the change was thought of.
+static bool IsStillThere(RewriteSource& source, uint64_t start,
+                         const std::vector<uint8_t>& replacement) {
+    Disc stored;
+    Disc written;
+    DecodeEntry(replacement.data(), replacement.size(), written.toc, written.fields);
+    return ReadEntry(source.reader, static_cast<uint32_t>(start), stored.toc, stored.fields) ==
+               DecodeResult::kWhole &&
+           TocKey(stored.toc) == TocKey(written.toc);
+}
+
 static DatabaseResult WriteContent(const CatalogueChange& change, RewriteSource& source,
                                    RewriteTarget& target) {
     const size_t count = source.entryCount + change.additions.size();
     if (count > kMaxEntries) return DatabaseResult::kFull;
+    if (change.replacements.size() > source.entryCount) return DatabaseResult::kChangedMeanwhile;
     DatabaseResult result = CopyHeader(source, static_cast<uint16_t>(count), target);
     uint64_t start = kHeaderBytes;
     for (size_t i = 0; i < source.entryCount && result == DatabaseResult::kOk; ++i) {
@@ -100,6 +127,9 @@ static DatabaseResult WriteContent(const CatalogueChange& change, RewriteSource&
             return DatabaseResult::kDamaged;
         }
         if (i < change.replacements.size() && !change.replacements[i].empty()) {
+            if (!IsStillThere(source, start, change.replacements[i])) {
+                return DatabaseResult::kChangedMeanwhile;
+            }
             PutEntry(change.replacements[i], target);
         } else {
             result = CopyEntry(source, start, target);
@@ -123,13 +153,19 @@ static Refusal RefuseDamage() {
 }
 
 Refusal WriteCatalogue(const CatalogueChange& change) {
+    const std::string path = DatabasePath();
+    const bool isNew = FileCalls.exists(path.c_str()) == FileStatus::kMissing &&
+                       FileCalls.exists(BackupPath().c_str()) == FileStatus::kMissing;
     EnsureDatabase();
     if (const Refusal refusal = RefuseDamage(); !refusal.empty()) return refusal;
     const DatabaseResult result =
         SafeRewrite([&change](RewriteSource& source, RewriteTarget& target) {
             return WriteContent(change, source, target);
         });
-    return result == DatabaseResult::kOk ? Refusal() : DatabaseResultText(result);
+    if (result == DatabaseResult::kOk) return {};
+    // The empty one that was made for this.
+    if (isNew) RemovePatiently(path.c_str());
+    return DatabaseResultText(result);
 }
 
 std::string TocKey(const DiscToc& toc) {

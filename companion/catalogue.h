@@ -16,14 +16,14 @@ using Refusal = std::string;
 
 inline constexpr const char* kUnmadeText = "the file cannot be made there";
 inline constexpr const char* kUnreadableText = "the file cannot be read, or is a folder";
-inline constexpr const char* kForeignText =
-    "this is no disc catalogue: it does not begin like one (check and salvage look for discs in it "
-    "all the same)";
 inline constexpr const char* kDamagedText =
     "the catalogue is damaged; check says where, and salvage makes a whole one";
 
 // Names the catalogue for all that follows, by its path in UTF-8.
 Refusal ChooseCatalogue(const std::string& path);
+// The same for one that is to be made. Refused when there is such a file, or one of the names that
+// writing it needs: that may be the only one left of a catalogue, or what the new one is made of.
+Refusal ChooseNewCatalogue(const std::string& path);
 
 struct Catalogue {
     ScopedFile file;
@@ -52,13 +52,14 @@ bool ReadDiscAt(Catalogue& catalogue, uint64_t start, Disc& disc);
 
 // What a rewrite shall do with the catalogue's discs: each stays or is replaced, others follow.
 struct CatalogueChange {
-    // By index; empty bytes mean that the disc stays. Shorter than the catalogue is long: the rest
-    // stays.
+    // By index, each with the table of contents of the disc it replaces; empty bytes mean that the
+    // disc stays. Shorter than the catalogue is long: the rest stays.
     std::vector<std::vector<uint8_t>> replacements;
     std::vector<std::vector<uint8_t>> additions;  // as EncodeEntry made them, at any place
 };
 
-// All of it or nothing. Makes the file when there is none. A damaged catalogue is refused.
+// All of it or nothing. Makes the file when there is none. Refused for a damaged catalogue, and for
+// one in which other discs have come to stand in the places of those to be replaced.
 Refusal WriteCatalogue(const CatalogueChange& change);
 
 // Track count and lengths as one text: equal for the same disc.

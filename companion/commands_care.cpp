@@ -40,12 +40,9 @@ static uint32_t TellFindings(const CommonOptions& options, RewriteSource& damage
     return found;
 }
 
-// The output does not exist: an empty catalogue is made there and rewritten.
+// An empty catalogue is made there and rewritten.
 static Refusal WriteSalvagedTo(const std::string& output, RewriteSource& damaged) {
-    if (Refusal why = ChooseCatalogue(output); !why.empty()) return why;
-    if (FileCalls.exists(DatabasePath().c_str()) != FileStatus::kMissing) {
-        return "this file exists already";
-    }
+    if (Refusal why = ChooseNewCatalogue(output); !why.empty()) return why;
     EnsureDatabase();
     if (FileCalls.exists(DatabasePath().c_str()) == FileStatus::kMissing) return kUnmadeText;
     const DatabaseResult result = SafeRewrite([&damaged](RewriteSource&, RewriteTarget& target) {

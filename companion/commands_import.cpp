@@ -212,8 +212,11 @@ ExitCode ImportDiscs(const CommonOptions& options, const ImportOptions& imported
         Tell("nothing was imported");
         return kFailed;
     }
+    // An empty list of discs makes an empty catalogue, but what could not be taken makes none.
     std::error_code error;
-    if (state.added + state.replaced > 0 || !fs::exists(PathOf(options.file), error)) {
+    const bool leftOut = state.refused + state.warned > 0;
+    if (state.added + state.replaced > 0 ||
+        (!leftOut && !fs::exists(PathOf(options.file), error))) {
         if (const Refusal why = WriteCatalogue(state.change); !why.empty()) {
             return Fail(options.file, why);
         }
@@ -221,7 +224,7 @@ ExitCode ImportDiscs(const CommonOptions& options, const ImportOptions& imported
     Print("added " + std::to_string(state.added) + ", known " + std::to_string(state.skipped) +
           ", replaced " + std::to_string(state.replaced) + ", refused " +
           std::to_string(state.refused) + "\n");
-    return state.refused + state.warned > 0 ? kFound : kDone;
+    return leftOut ? kFound : kDone;
 }
 
 // Every disc of the chosen catalogue that was not met before goes to `change`.
@@ -249,16 +252,11 @@ static Refusal Gather(const std::string& path, CatalogueChange& change,
         ShowProgress("disc", place.index, catalogue.entryCount);
     }
     ClearProgress();
-    if (place.index != catalogue.entryCount) {
-        return kDamagedText;
-    }
-    return {};
+    return place.index == catalogue.entryCount ? Refusal() : kDamagedText;
 }
 
 ExitCode MergeCatalogues(const CommonOptions& options, const std::string& other,
                          const std::string& output) {
-    std::error_code error;
-    if (fs::exists(PathOf(output), error)) return Fail(output, "this file exists already");
     CatalogueChange change;
     std::unordered_map<std::string, std::vector<size_t>> met;
     int equal = 0;
@@ -267,7 +265,7 @@ ExitCode MergeCatalogues(const CommonOptions& options, const std::string& other,
             return Fail(path, why);
         }
     }
-    if (Refusal why = ChooseCatalogue(output); !why.empty()) return Fail(output, why);
+    if (Refusal why = ChooseNewCatalogue(output); !why.empty()) return Fail(output, why);
     if (Refusal why = WriteCatalogue(change); !why.empty()) return Fail(output, why);
     Print("wrote " + std::to_string(change.additions.size()) + ", equal in both " +
           std::to_string(equal) + "\n");

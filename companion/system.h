@@ -6,7 +6,7 @@
 
 // The command line behind the program's name.
 std::vector<std::string> Arguments(int argc, char** argv);
-// The output takes UTF-8 and changes no line ends.
+// The output takes UTF-8 and changes no line ends, up to the program's end.
 void PrepareOutput();
 // The order of artists: on Windows the program's own. Elsewhere letters go before their case, as
 // there, small ones first; what is beyond plain letters goes by its bytes.

@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "companion/code_page.h"
@@ -44,8 +45,13 @@ std::vector<std::string> Arguments(int, char**) {
     return arguments;
 }
 
+// The console is the user's, and what runs there next writes in its own code page.
+static UINT ConsolePage;
+
 void PrepareOutput() {
+    ConsolePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
+    atexit([] { SetConsoleOutputCP(ConsolePage); });
     _setmode(_fileno(stdout), _O_BINARY);
 }
 

@@ -138,7 +138,10 @@ int main(int argc, char** argv) {
         std::vector<std::string> arguments = Arguments(argc, argv);
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
-        return Run(given);
+        const ExitCode code = Run(given);
+        if (OutputHasArrived()) return code;
+        Tell("the standard output could not be written to its end");
+        return std::max(code, kFound);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kDone : kFailed;
     } catch (const std::exception& error) {

@@ -12,10 +12,14 @@
 #include <unistd.h>
 #endif
 
-static bool ProgressShown;
+static int ProgressWidth;  // of the line shown; 0 when there is none
 
 void Print(const std::string& text) {
     fwrite(text.data(), 1, text.size(), stdout);
+}
+
+bool OutputHasArrived() {
+    return fflush(stdout) == 0 && ferror(stdout) == 0;
 }
 
 void Tell(const std::string& line) {
@@ -35,12 +39,13 @@ void ShowProgress(const char* what, uint64_t done, uint64_t of) {
     static Clock::time_point next;
     if (!terminal || Clock::now() < next) return;
     next = Clock::now() + std::chrono::milliseconds(100);
-    ProgressShown = true;
-    fprintf(stderr, "\r%s %llu of %llu ", what, static_cast<unsigned long long>(done),
-            static_cast<unsigned long long>(of));
+    ProgressWidth =
+        fprintf(stderr, "\r%s %llu of %llu ", what, static_cast<unsigned long long>(done),
+                static_cast<unsigned long long>(of));
 }
 
+// With blanks: not every console knows how to erase a line.
 void ClearProgress() {
-    if (ProgressShown) fputs("\r\x1B[K", stderr);
-    ProgressShown = false;
+    if (ProgressWidth > 0) fprintf(stderr, "\r%*s\r", ProgressWidth, "");
+    ProgressWidth = 0;
 }

@@ -13,6 +13,8 @@ enum ExitCode {
 
 // To the standard output, as it is.
 void Print(const std::string& text);
+// Whether all that was printed has arrived: a disk may be full, a pipe closed. Asked at the end.
+bool OutputHasArrived();
 // A line to the standard error, behind the program's name.
 void Tell(const std::string& line);
 // Tells why and answers kFailed.

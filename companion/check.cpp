@@ -36,16 +36,12 @@ static constexpr ItemRule kItemRules[] = {
     {{&EntryFields::category}, "the category"},
     {{&EntryFields::label}, "the label"},
     {{&EntryFields::notes}, "the notes"},
-    {{&EntryFields::yearReleased}, "the year"},
     {{nullptr, &EntryFields::recordingCode}, "the recording code", std::size(kRecordingWords) - 1},
     {{nullptr, &EntryFields::discType}, "the disc type", std::size(kTypeWords) - 1},
     {{nullptr, &EntryFields::discSize}, "the disc size", 1},
+    {{&EntryFields::yearReleased}, "the year"},
 };
-
-static const ItemRule& RuleOf(const EntryItem& item) {
-    return *std::find_if(std::begin(kItemRules), std::end(kItemRules),
-                         [&](const ItemRule& rule) { return rule.item == item; });
-}
+static_assert(std::ranges::equal(kItemRules, kEntryItems, {}, &ItemRule::item));
 
 static void TellFault(int& faults, uint64_t offset, const std::string& what) {
     ++faults;
@@ -152,10 +148,9 @@ static void CheckTracks(int& faults, ContentsReader& reader) {
 static void CheckContents(int& faults, const CheckedEntry& entry) {
     ContentsReader reader{entry, kTrackCountOffset};
     CheckTracks(faults, reader);
-    for (const EntryItem& item : kEntryItems) {
+    for (const ItemRule& rule : kItemRules) {
         if (reader.shortOf) break;
-        const ItemRule& rule = RuleOf(item);
-        if (item.text) {
+        if (rule.item.text) {
             CheckText(faults, reader, rule.name);
         } else {
             CheckCode(faults, reader, rule.name, rule.largestCode);
@@ -174,9 +169,6 @@ static void CheckContents(int& faults, const CheckedEntry& entry) {
 static bool ReadEntry(Catalogue& catalogue, CheckedEntry& entry) {
     uint64_t end = 0;
     if (!FindEntryEnd(catalogue.reader, entry.start, catalogue.sizeBytes, end)) return false;
-    if (end < entry.start + kMinEntryBytes || end - entry.start > UINT16_MAX + kNextOffsetBytes) {
-        return false;
-    }
     entry.bytes.resize(static_cast<size_t>(end - entry.start));
     catalogue.reader.position = entry.start;
     const auto size = static_cast<uint32_t>(entry.bytes.size());

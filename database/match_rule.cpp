@@ -36,19 +36,15 @@ static constexpr SearchedItem kSearchedItems[] = {
     {{&EntryFields::category}, kFieldCategory, &SearchFields::category},
     {{&EntryFields::label}, kFieldLabel, &SearchFields::label},
     {{&EntryFields::notes}, kFieldNotes, &SearchFields::notes},
-    {{&EntryFields::yearReleased}, kFieldYearReleased, &SearchFields::yearReleased},
     {{nullptr, &EntryFields::recordingCode},
      kFieldRecordingFirst,
      nullptr,
      std::size(kRecordingWords) - 1},
     {{nullptr, &EntryFields::discType}, kFieldTypeFirst, nullptr, std::size(kTypeWords) - 1},
     {{nullptr, &EntryFields::discSize}, kFieldThreeInch, nullptr, 1, true},
+    {{&EntryFields::yearReleased}, kFieldYearReleased, &SearchFields::yearReleased},
 };
-
-static const SearchedItem& SearchedItemOf(const EntryItem& item) {
-    return *std::find_if(std::begin(kSearchedItems), std::end(kSearchedItems),
-                         [&](const SearchedItem& each) { return each.item == item; });
-}
+static_assert(std::ranges::equal(kSearchedItems, kEntryItems, {}, &SearchedItem::item));
 
 // Reads or steps over one text.
 static FieldAnswer MatchText(WindowReader& reader, const SearchQuery& query, bool searched,
@@ -140,9 +136,8 @@ int MatchEntry(WindowReader& reader, const SearchQuery& query) {
         if (answer == FieldAnswer::kMatch) return track;
         reader.position += 2;
     }
-    for (const EntryItem& item : kEntryItems) {
-        const SearchedItem& searched = SearchedItemOf(item);
-        if (item.text) {
+    for (const SearchedItem& searched : kSearchedItems) {
+        if (searched.item.text) {
             const FieldAnswer answer = matchText(searched.searched);
             if (answer == FieldAnswer::kEntryEnds) return kNoMatch;
             if (answer == FieldAnswer::kMatch) return searched.field;

@@ -93,7 +93,7 @@ uint32_t FindEntryOffset(uint32_t entryIndex) {
     return ReadEntryHeader(reader, entryStart, header) ? entryStart : 0;
 }
 
-static std::string TrackName(WindowReader& reader, uint32_t entryStart, int trackNumber) {
+std::string ReadTrackName(WindowReader& reader, uint32_t entryStart, int trackNumber) {
     reader.position = uint64_t{entryStart} + kTrackCountOffset;
     uint8_t trackCount = 0;
     if (!ReadU8(reader, trackCount) || trackNumber < 1 || trackNumber > trackCount) return {};
@@ -113,25 +113,19 @@ static std::string Artist(WindowReader& reader, uint32_t entryStart) {
     return artist;
 }
 
-std::string ReadTitle(FileHandle file, uint32_t entryStart) {
-    WindowReader reader;
-    StartReading(reader, file, kUnknownOffset);
+std::string ReadTitle(WindowReader& reader, uint32_t entryStart) {
     const std::string artist = Artist(reader, entryStart);
     std::string discName;
     ReadText(reader, discName);
     return artist + " - " + discName;
 }
 
-std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber) {
-    WindowReader reader;
-    StartReading(reader, file, kUnknownOffset);
-    return TrackName(reader, entryStart, trackNumber);
-}
-
 std::string ReadTrackName(uint32_t entryStart, int trackNumber) {
     ScopedFile file;
     if (OpenDatabase(file) != FileStatus::kOk) return {};
-    return ReadTrackName(file.handle, entryStart, trackNumber);
+    WindowReader reader;
+    StartReading(reader, file.handle);
+    return ReadTrackName(reader, entryStart, trackNumber);
 }
 
 std::string ReadArtist(uint32_t entryStart) {

@@ -45,8 +45,8 @@ std::string ReadArtist(uint32_t entryStart);
 std::string ReadDiscName(uint32_t entryStart);
 
 // Artist, " - ", disc name; at most 513 bytes.
-std::string ReadTitle(FileHandle file, uint32_t entryStart);
-std::string ReadTrackName(FileHandle file, uint32_t entryStart, int trackNumber);
+std::string ReadTitle(WindowReader& reader, uint32_t entryStart);
+std::string ReadTrackName(WindowReader& reader, uint32_t entryStart, int trackNumber);
 
 // All the names and codes of an entry; false when it is not whole, with what could be read. A file
 // that another program holds is tried again.

@@ -5,14 +5,6 @@
 #include "database/database_format.h"
 #include "database/database_walk.h"
 
-static std::string TitleOf(WindowReader& reader, uint32_t entryStart) {
-    reader.position = uint64_t{entryStart} + kTrackCountOffset;
-    std::string artist;
-    std::string discName;
-    if (SkipTracks(reader) && ReadText(reader, artist)) ReadText(reader, discName);
-    return artist + " - " + discName;
-}
-
 // The reader stands behind the entry's header. An entry whose pointers disagree may reach further
 // than they say, and one that is not in the window is not looked at.
 static bool CanMatch(const WindowReader& reader, uint32_t entryStart, const EntryHeader& header,
@@ -45,7 +37,7 @@ std::vector<SearchHit> SearchDatabase(const SearchQuery& query, uint32_t firstIn
         const int field = canMatch ? MatchEntry(reader, query) : kNoMatch;
         if (field != kNoMatch) {
             hits.push_back({static_cast<uint16_t>(i), static_cast<uint16_t>(field),
-                            TitleOf(reader, entryStart)});
+                            ReadTitle(reader, entryStart)});
         }
         if (header.nextOffset <= entryStart) break;
         entryStart = header.nextOffset;

@@ -71,24 +71,27 @@ bool FindDisc(uint16_t totalSeconds, uint16_t trackCount) {
 }
 
 // The texts create no file. Whoever may only read the catalogue is shown them too.
-static bool OpenAtDisc(ScopedFile& file) {
+static bool OpenAtDisc(ScopedFile& file, WindowReader& reader) {
     FoundEntryOffset = 0;
     const std::string path = DatabasePath();
     if (FileCalls.open(path.c_str(), FileMode::kReadWriteShared, file.handle) != FileStatus::kOk &&
         FileCalls.open(path.c_str(), FileMode::kReadShared, file.handle) != FileStatus::kOk) {
         return false;
     }
-    FoundEntryOffset = FindDiscEntry(file.handle);
+    StartReading(reader, file.handle);
+    FoundEntryOffset = FindEntry(reader, DatabaseDisc.totalSeconds, DatabaseDisc.trackCount);
     return FoundEntryOffset != 0;
 }
 
 std::string DiscTitleText() {
     ScopedFile file;
-    return OpenAtDisc(file) ? ReadTitle(file.handle, FoundEntryOffset) : std::string();
+    WindowReader reader;
+    return OpenAtDisc(file, reader) ? ReadTitle(reader, FoundEntryOffset) : std::string();
 }
 
 std::string TrackNameText(int trackNumber) {
     ScopedFile file;
-    return OpenAtDisc(file) ? ReadTrackName(file.handle, FoundEntryOffset, trackNumber)
-                            : std::string();
+    WindowReader reader;
+    return OpenAtDisc(file, reader) ? ReadTrackName(reader, FoundEntryOffset, trackNumber)
+                                    : std::string();
 }

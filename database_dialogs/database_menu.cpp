@@ -32,12 +32,21 @@ constexpr MenuItem kItems[] = {
     {IDC_MENU_EXPORT, ShowExportDialog, "Database Empty. Nothing to export!"},
 };
 
+// Empty when the item can open. A database that cannot be read is not told as an empty one.
+static std::string WhyNot(const MenuItem& item) {
+    if (item.whenEmpty == nullptr) return {};
+    uint16_t entryCount = 0;
+    const DatabaseResult read = ReadDatabaseEntryCount(entryCount);
+    if (read != DatabaseResult::kOk) return DatabaseResultText(read);
+    return entryCount == 0 ? item.whenEmpty : "";
+}
+
 static bool OnItem(HWND dialog, int controlId) {
     for (const MenuItem& item : kItems) {
         if (item.controlId != controlId) continue;
         PlayClickSound(IDS_SOUND_EDITOR);
-        if (item.whenEmpty != nullptr && DatabaseEntryCount() == 0) {
-            ShowMessage(item.whenEmpty);
+        if (const std::string why = WhyNot(item); !why.empty()) {
+            ShowMessage(why);
         } else {
             item.show(dialog);
         }

@@ -110,7 +110,7 @@ static DatabaseResult Export(RunStatus& status, ScopedFile& file) {
 static const char* FailureText(DatabaseResult result) {
     switch (result) {
         case DatabaseResult::kNoMemory:
-            return kNoMemoryToSort;
+            return DatabaseResultText(result);
         case DatabaseResult::kReadFailed:
             return "Error! Can't read the database.";
         default:
@@ -122,7 +122,12 @@ static void OnStart(HWND dialog) {
     PlayClickSound(IDS_SOUND_START);
     ReadOptions(dialog);
     SetControlText(dialog, IDC_RUN_STATUS, "");
-    if (std::ranges::count(Options.items, true) == 0 || DatabaseEntryCount() == 0) {
+    uint16_t entryCount = 0;
+    if (ReadDatabaseEntryCount(entryCount) != DatabaseResult::kOk) {
+        ShowMessage(FailureText(DatabaseResult::kReadFailed));
+        return;
+    }
+    if (std::ranges::count(Options.items, true) == 0 || entryCount == 0) {
         ShowMessage("Error: nothing to export!");
         return;
     }

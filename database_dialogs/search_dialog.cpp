@@ -261,14 +261,21 @@ static INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam
     }
 }
 
+// One that another program has just saved is held for a moment; 0 when it stays so.
+static uint16_t CountPatiently() {
+    uint16_t entryCount = 0;
+    ReadDatabaseEntryCount(entryCount);
+    return entryCount;
+}
+
 bool ShowSearchDialog(HWND owner, uint32_t& entryIndex, int& field) {
     Search = {};
     Search.entryIndex = entryIndex;
-    Search.entryCount = DatabaseEntryCount();
+    Search.entryCount = CountPatiently();
     const bool taken = DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_SEARCH), owner,
                                        SearchProcedure, 0) == TRUE;
     // The file can have been written while the list was open.
-    if (!taken || Search.taken.entryIndex >= DatabaseEntryCount()) return false;
+    if (!taken || Search.taken.entryIndex >= CountPatiently()) return false;
     entryIndex = Search.taken.entryIndex;
     field = Search.taken.field;
     return true;

@@ -10,6 +10,7 @@
 #include "ui/dialog_helpers.h"
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 using DatabaseMenuTest = DialogTest;
 
@@ -38,9 +39,13 @@ TEST_F(DatabaseMenuTest, OnlyTheInformationOpensOnAnEmptyDatabaseAndAddsUpTheSto
         StoreDatabase(discs);
         const std::string size = std::to_string(DatabaseBytes().size()) + " bytes ";
         EXPECT_THAT(Figures(menu), ElementsAre(size, "2", "102", "1", "1", "1", "1"));
+        HANDLE holder = HoldDatabase();
+        Press(menu, IDC_MENU_SORTER);
+        CloseHandle(holder);
     };
     EXPECT_TRUE(RunInDialog([] { ShowDatabaseMenu(MainWindow); }, script));
     EXPECT_THAT(TheBoxes.shown,
                 ElementsAre("Database Empty. Nothing to edit!", "Database Empty. Nothing to sort!",
-                            "Database Empty. Nothing to export!"));
+                            "Database Empty. Nothing to export!",
+                            HasSubstr("Another program is using it")));
 }

@@ -92,10 +92,14 @@ TEST_F(ExportTest, TellsWhatCannotBeDone) {
             CheckDlgButton(dialog, id, BST_CHECKED);
         StoreDatabase({});
         Start(dialog, InAppDirectory("empty.txt"));
+        HANDLE holder = HoldDatabase();
+        Press(dialog, IDC_START);
+        CloseHandle(holder);
     });
-    EXPECT_THAT(TheBoxes.shown,
-                ElementsAre("Error! Can't write export file.", "Invalid path!",
-                            "Error: nothing to export!", "Error: nothing to export!"));
+    EXPECT_THAT(
+        TheBoxes.shown,
+        ElementsAre("Error! Can't write export file.", "Invalid path!", "Error: nothing to export!",
+                    "Error: nothing to export!", "Error! Can't read the database."));
 }
 
 TEST_F(ExportTest, PathsThatNothingIsWrittenTo) {

@@ -3,8 +3,7 @@
 
 #include <windows.h>
 
-#include "base/app_directory.h"
-#include "database/database_format.h"
+#include "database/database_paths.h"
 
 static uint64_t Joined(DWORD high, DWORD low) {
     return static_cast<uint64_t>(high) << 32 | low;
@@ -12,10 +11,7 @@ static uint64_t Joined(DWORD high, DWORD low) {
 
 DatabaseStamp StampOfDatabase() {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (!GetFileAttributesExA(InAppDirectory(kDatabaseName).c_str(), GetFileExInfoStandard,
-                              &data)) {
-        return {};
-    }
+    if (!GetFileAttributesExA(DatabasePath().c_str(), GetFileExInfoStandard, &data)) return {};
     return {Joined(data.nFileSizeHigh, data.nFileSizeLow),
             Joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)};
 }

@@ -243,7 +243,7 @@ static bool OnCommand(HWND dialog, int controlId, int notification) {
 
 // Outside a picture button Enter takes the number, or goes to the next name.
 static bool OnEnter(HWND dialog) {
-    if (GetFocus() == GetDlgItem(dialog, IDC_ENTRY_INDEX)) {
+    if (FocusedControl(dialog) == IDC_ENTRY_INDEX) {
         OnLeaveNumber(dialog);
         return true;
     }

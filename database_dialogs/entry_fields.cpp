@@ -80,8 +80,8 @@ static void FillRow(const EntrySheet& sheet, int row) {
 
 // A row that is about to be hidden must not keep the focus.
 static void MoveFocusFromHiddenRows(const EntrySheet& sheet, int rows) {
-    const int focused = GetDlgCtrlID(GetFocus());
-    if (GetParent(GetFocus()) != sheet.dialog || !IsIn(kNames, focused)) return;
+    const int focused = FocusedControl(sheet.dialog);
+    if (!IsIn(kNames, focused)) return;
     if (focused - IDC_ENTRY_NAME_FIRST < rows) return;
     SetFocus(GetDlgItem(sheet.dialog, rows > 0 ? IDC_ENTRY_NAME_FIRST : IDC_ENTRY_ARTIST));
 }
@@ -106,8 +106,8 @@ void ShowTrackPage(EntrySheet& sheet, int page) {
 }
 
 bool MoveToNextName(EntrySheet& sheet) {
-    const int focused = GetDlgCtrlID(GetFocus());
-    if (GetParent(GetFocus()) != sheet.dialog || !IsIn(kNames, focused)) return false;
+    const int focused = FocusedControl(sheet.dialog);
+    if (!IsIn(kNames, focused)) return false;
     int row = focused - IDC_ENTRY_NAME_FIRST + 1;
     if (sheet.page * kTrackPageSize + row >= sheet.disc.trackCount) return false;
     if (row == kTrackPageSize) {
@@ -190,9 +190,13 @@ static void ResizeForLayout(const EntrySheet& sheet) {
     GetWindowRect(sheet.dialog, &window);
     const int width = sheet.fullWidth - (IsAdvancedLayout() ? 0 : sheet.hiddenWidth);
     if (width == window.right - window.left) return;
-    // Growing must not push the new column off the screen.
-    const int left =
-        std::clamp<int>(window.left, 0, std::max(GetSystemMetrics(SM_CXSCREEN) - width, 0));
+    // Growing must not push the new column off the screen that the dialog is on.
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(sheet.dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+    const LONG first = monitor.rcMonitor.left;
+    const LONG left =
+        std::clamp(window.left, first, std::max(monitor.rcMonitor.right - width, first));
     SetWindowPos(sheet.dialog, nullptr, left, window.top, width, window.bottom - window.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(sheet.dialog, nullptr, TRUE);

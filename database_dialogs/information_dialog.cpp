@@ -3,11 +3,10 @@
 
 #include <string>
 
-#include "base/app_directory.h"
 #include "base/file_description.h"
 #include "base/program_state.h"
 #include "database/database_file.h"
-#include "database/database_format.h"
+#include "database/database_paths.h"
 #include "database_dialogs/run_status.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
@@ -26,7 +25,7 @@ static void OnInitDialog(HWND dialog) {
     PrepareDialog(dialog, kButtons);
     const WaitCursor wait;
     EnsureDatabase();
-    const std::string path = InAppDirectory(kDatabaseName);
+    const std::string path = DatabasePath();
     std::string text;
     if (DescribeFileDate(path, text)) SetControlText(dialog, IDC_INFORMATION_CHANGED, text);
     if (DescribeFileSize(path, text)) SetControlText(dialog, IDC_INFORMATION_SIZE, text);

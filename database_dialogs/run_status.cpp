@@ -20,7 +20,7 @@ void ShowStatus(RunStatus& status, const std::string& text) {
     PaintWaitingWindows();
 }
 
-bool StatusIsDue(RunStatus& status) {
+bool StatusIsDue(const RunStatus& status) {
     return GetTickCount() - status.shownAt >= kStatusPeriodMs;
 }
 

@@ -24,9 +24,7 @@ struct RunStatus {
 // Shows a text at once, and keeps the windows painted.
 void ShowStatus(RunStatus& status, const std::string& text);
 // True at most twenty times a second: only then the next text is worth making and showing.
-bool StatusIsDue(RunStatus& status);
-
-constexpr const char* kNoMemoryToSort = "Error! Not enough memory to do sorting.";
+bool StatusIsDue(const RunStatus& status);
 
 // The system's order of texts, in which artists are sorted.
 int CompareInSystemOrder(const char* first, const char* second);

@@ -20,7 +20,7 @@ static const char* ResultText(std::optional<DatabaseResult> result) {
         case DatabaseResult::kOk:
             return "Done!";
         case DatabaseResult::kNoMemory:
-            return kNoMemoryToSort;
+            return DatabaseResultText(*result);
         default:
             return "Error! Can't write database file.";
     }
@@ -38,17 +38,11 @@ static void OnStart(HWND dialog) {
 }
 
 static bool OnCommand(HWND dialog, WPARAM wParam) {
-    switch (MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_OK)) {
-        case IDC_START:
-            OnStart(dialog);
-            return true;
-        case IDC_OK:
-            PlayClickSound(IDS_SOUND_OK);
-            EndDialog(dialog, 0);
-            return true;
-        default:
-            return false;
+    if (MeantButton(dialog, wParam, kButtons, IDC_OK, IDC_OK) != IDC_START) {
+        return CloseOnOk(dialog, wParam, kButtons);
     }
+    OnStart(dialog);
+    return true;
 }
 
 static INT_PTR CALLBACK SorterProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

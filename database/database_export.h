@@ -15,6 +15,6 @@ struct ExportRequest {
 };
 
 // Writes every entry behind what an open file holds; what damage hides in the database is left out.
-// kNoMemory: nothing was written; any other failure: not everything was.
+// After a failure not everything was written, and nothing when there is no memory for the order.
 DatabaseResult ExportDatabase(FileHandle exportFile, const ExportRequest& request,
                               const StatusLine& status);

@@ -6,6 +6,7 @@
 
 #include "base/file_access.h"
 
+constexpr uint32_t kCopyBlockBytes = 65534;
 // One byte is never read into.
 constexpr size_t kBufferBytes = kCopyBlockBytes + 1;
 

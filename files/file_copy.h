@@ -7,7 +7,7 @@
 
 enum class CopyResult {
     kDone,
-    kDeclined,    // there is a file of the target's name, and it stays
+    kDeclined,    // there is a file of the target's name, and it stays; or no memory
     kOverItself,  // source and target are one file, whatever they are called
     kUnreadable,  // the source cannot be opened, or not be read to its end
     kFailed,      // the target is not the whole source; it stays as far as it was written
@@ -21,9 +21,6 @@ struct CopyWatcher {
     // Twice for each block, before and after it is read.
     std::function<void(uint64_t doneBytes, uint64_t totalBytes)> step;
 };
-
-// Reads this much at a time.
-constexpr uint32_t kCopyBlockBytes = 65534;
 
 // The target gets the source's last-write time where that can be set.
 CopyResult CopyOneFile(const std::string& source, const std::string& target,

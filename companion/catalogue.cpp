@@ -40,6 +40,8 @@ static FileStatus OpenHeld(const std::string& path, ScopedFile& file) {
 }
 
 Refusal ChooseCatalogue(const std::string& path) {
+    // The empty path would stand for the program's own catalogue.
+    if (path.empty()) return "no file is named";
     std::string system;
     if (!ToSystemPath(path, system)) return "the system's code page cannot name this file";
     UseDatabaseFile(system);

@@ -17,7 +17,12 @@ struct DiscSink {
 };
 
 // The sum of the track lengths modulo 65,536.
-uint16_t SumOfLengths(const DiscToc& toc);
+inline uint16_t SumOfLengths(const DiscToc& toc) {
+    uint32_t sum = 0;
+    for (int track = 0; track < toc.trackCount; ++track)
+        sum += toc.lengthSeconds[track];
+    return static_cast<uint16_t>(sum);
+}
 
 // A source of which nothing can be taken; `where` as above, "line 3, column 7" in a text.
 struct SourceFault {

@@ -19,13 +19,6 @@ constexpr DiscCode kCodes[] = {
     {"size", &EntryFields::discSize, kSizes},
 };
 
-uint16_t SumOfLengths(const DiscToc& toc) {
-    uint32_t sum = 0;
-    for (int track = 0; track < toc.trackCount; ++track)
-        sum += toc.lengthSeconds[track];
-    return static_cast<uint16_t>(sum);
-}
-
 std::span<const DiscText> DiscTexts() {
     return kTexts;
 }
@@ -80,14 +73,13 @@ std::string SmallLetters(std::string text) {
 
 bool ParseNumber(std::string_view text, int limit, int& number) {
     if (text.empty()) return false;
-    int value = 0;
+    int64_t value = 0;
     for (const char digit : text) {
         if (digit < '0' || digit > '9') return false;
-        // Never more than ten times the limit and nine, so that it does not run over.
         value = value * 10 + (digit - '0');
         if (value > limit) return false;
     }
-    number = value;
+    number = static_cast<int>(value);
     return true;
 }
 

@@ -56,13 +56,18 @@ void PrepareOutput() {
 }
 
 bool ToSystemPath(const std::string& utf8, std::string& path) {
+    // The conversion below knows no lost characters there, and refuses to be asked for them.
+    if (GetACP() == CP_UTF8) {
+        path = utf8;
+        return true;
+    }
     const int size = MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), -1, nullptr, 0);
     if (size <= 0) return false;
     std::wstring wide(static_cast<size_t>(size), L'\0');
     MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), -1, wide.data(), size);
     BOOL lost = FALSE;
     path = Narrow(wide.c_str(), CP_ACP, &lost);
-    return lost == FALSE;
+    return lost == FALSE && !path.empty();
 }
 
 int CompareArtists(const char* first, const char* second) {

@@ -79,7 +79,7 @@ TEST(Xmcd, WrongTablesOfContentsAreRefusedWithTheirPlace) {
         {"xmcd", "line 1"},
         {File("", "200 seconds", ""), ""},
         {File("#\t150\n#\t150\n", "200", ""), "line 5, column 3"},
-        {File("#\t150\n#\t99999999999999\n", "200", ""), "line 5, column 3"},
+        {File("#\t150\n#\t4294967500\n", "200", ""), "line 5, column 3"},
         {File("#\t150\n", "none", ""), "line 6, column 15"},
         {File("#\t15000\n", "200 seconds", ""), ""},
         {File("#\t15001\n", "200 seconds", ""), "line 6, column 1"},

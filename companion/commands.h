@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "companion/catalogue.h"
 #include "companion/code_page.h"
 #include "companion/terminal.h"
 
@@ -11,6 +12,10 @@ struct CommonOptions {
     std::string file;  // the catalogue, as it was named
     CodePage page;
 };
+
+// After reading along the chain: a chain that breaks off at `place`, before its end, is told.
+ExitCode TellBreak(const CommonOptions& options, const Catalogue& catalogue,
+                   const CataloguePlace& place);
 
 ExitCode ListDiscs(const CommonOptions& options);
 // `number` counts from 1.

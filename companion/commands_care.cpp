@@ -1,7 +1,6 @@
-// The commands that keep a catalogue whole: check, salvage, sort, backup.
+// The commands that keep a catalogue whole and in order: salvage, sort, backup.
 #include <algorithm>
 
-#include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "companion/system.h"
 #include "database/database_file.h"

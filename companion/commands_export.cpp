@@ -4,7 +4,6 @@
 #include <fstream>
 #include <set>
 
-#include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "companion/disc_csv.h"
 #include "companion/disc_html.h"
@@ -52,13 +51,6 @@ static bool CloseOutput(Output& output) {
     return !output.failed && output.file;
 }
 
-static ExitCode TellBrokenChain(const CommonOptions& options, uint32_t read, uint32_t count) {
-    if (read == count) return kDone;
-    Tell(options.file + ": only " + std::to_string(read) + " of " + std::to_string(count) +
-         " discs could be read; check says more");
-    return kFound;
-}
-
 // Start, every disc and end, one after the other.
 template <typename Text>
 static ExitCode ExportInOrder(const CommonOptions& options, Catalogue& catalogue, Output& output,
@@ -70,7 +62,7 @@ static ExitCode ExportInOrder(const CommonOptions& options, Catalogue& catalogue
         ShowProgress("disc", place.index, catalogue.entryCount);
     }
     ClearProgress();
-    return TellBrokenChain(options, place.index, catalogue.entryCount);
+    return TellBreak(options, catalogue, place);
 }
 
 static ExitCode ExportCsv(const CommonOptions& options, Catalogue& catalogue, Output& output,
@@ -102,14 +94,12 @@ struct ListedDisc {
 }  // namespace
 
 // By artist and disc name without regard to the case of plain letters.
-static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, uint32_t& read) {
+static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, CataloguePlace& place) {
     std::vector<ListedDisc> discs;
-    CataloguePlace place;
     Disc disc;
     for (uint64_t start = place.start; ReadNextDisc(catalogue, place, disc); start = place.start) {
         discs.push_back({disc.fields.artist, disc.fields.discName, start});
     }
-    read = place.index;
     std::stable_sort(discs.begin(), discs.end(), [](const ListedDisc& a, const ListedDisc& b) {
         const std::string left = SmallLetters(a.artist);
         const std::string right = SmallLetters(b.artist);
@@ -119,11 +109,11 @@ static std::vector<ListedDisc> DiscsByArtist(Catalogue& catalogue, uint32_t& rea
 }
 
 static ExitCode ExportHtml(const CommonOptions& options, Catalogue& catalogue, Output& output) {
-    uint32_t read = 0;
-    const std::vector<ListedDisc> discs = DiscsByArtist(catalogue, read);
+    CataloguePlace place;
+    const std::vector<ListedDisc> discs = DiscsByArtist(catalogue, place);
     HtmlTotals totals;
     Disc disc;
-    Write(output, HtmlStart("Compact discs"));
+    Write(output, HtmlStart());
     for (const ListedDisc& listed : discs) {
         const bool sameArtist = &listed != &discs.front() &&
                                 SmallLetters((&listed)[-1].artist) == SmallLetters(listed.artist);
@@ -135,7 +125,7 @@ static ExitCode ExportHtml(const CommonOptions& options, Catalogue& catalogue, O
     }
     ClearProgress();
     Write(output, HtmlEnd(totals));
-    return TellBrokenChain(options, read, catalogue.entryCount);
+    return TellBreak(options, catalogue, place);
 }
 
 // A name that no other disc of this export has.
@@ -169,7 +159,7 @@ static ExitCode ExportXmcd(const CommonOptions& options, Catalogue& catalogue,
         ShowProgress("disc", place.index, catalogue.entryCount);
     }
     ClearProgress();
-    return TellBrokenChain(options, place.index, catalogue.entryCount);
+    return TellBreak(options, catalogue, place);
 }
 
 ExitCode ExportDiscs(const CommonOptions& options, const ExportOptions& exported) {

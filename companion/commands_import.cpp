@@ -3,7 +3,6 @@
 #include <fstream>
 #include <unordered_map>
 
-#include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "companion/disc.h"
 #include "companion/disc_csv.h"
@@ -176,7 +175,7 @@ static ExitCode ReadSources(ImportState& state, const std::vector<std::string>& 
     return kDone;
 }
 
-// False, with what is wrong, for a catalogue that is there and cannot be read to its end.
+// A catalogue that is there and cannot be read to its end is refused.
 static Refusal ReadKnownDiscs(ImportState& state) {
     Catalogue catalogue;
     const Refusal why = OpenCatalogue(catalogue);

@@ -4,13 +4,11 @@
 #include <map>
 #include <set>
 
-#include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "companion/disc_names.h"
 
-// A chain that breaks off before `place` has come to the end is told.
-static ExitCode TellBreak(const CommonOptions& options, const Catalogue& catalogue,
-                          const CataloguePlace& place) {
+ExitCode TellBreak(const CommonOptions& options, const Catalogue& catalogue,
+                   const CataloguePlace& place) {
     if (place.index == catalogue.entryCount) return kDone;
     Tell(options.file + ": entry " + std::to_string(place.index + 1) + " of " +
          std::to_string(catalogue.entryCount) + " at offset " + std::to_string(place.start) +

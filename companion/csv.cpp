@@ -81,7 +81,7 @@ CsvResult ReadCsvRecord(CsvReader& reader, std::vector<std::string>& fields, int
     }
 }
 
-void AppendCsvField(std::string_view field, std::string& line) {
+static void AppendCsvField(std::string_view field, std::string& line) {
     // A blank at an end is kept by quotes alone in many readers.
     const bool plain = field.find_first_of(",\"\r\n") == std::string_view::npos &&
                        !field.starts_with(' ') && !field.ends_with(' ');

@@ -22,8 +22,5 @@ enum class CsvResult { kRecord, kEnd, kFault };
 CsvResult ReadCsvRecord(CsvReader& reader, std::vector<std::string>& fields, int& line,
                         SourceFault& fault);
 
-// Quoted where that is needed.
-void AppendCsvField(std::string_view field, std::string& line);
-
-// A record with CR LF behind it.
+// A record with CR LF behind it; fields are quoted where that is needed.
 std::string CsvRecord(const std::vector<std::string>& fields);

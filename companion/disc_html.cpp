@@ -32,10 +32,9 @@ static std::string Shown(const std::string& text, const CodePage& page, const ch
     return text.empty() ? instead : Escaped(ToUtf8(text, page));
 }
 
-std::string HtmlStart(const std::string& title) {
-    const std::string name = Escaped(title);
-    return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + name +
-           "</title>\n<style>\n"
+std::string HtmlStart() {
+    return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+           "<title>Compact discs</title>\n<style>\n"
            "body { font: 11pt/1.4 Georgia, serif; max-width: 46em; margin: 2em auto; padding: 0 "
            "1em; color: #222; }\n"
            "h1 { font-size: 1.6em; }\n"
@@ -47,8 +46,7 @@ std::string HtmlStart(const std::string& title) {
            "ol { columns: 2; margin: .3em 0; padding-left: 2em; font-size: .9em; }\n"
            "li span { color: #777; }\n"
            "@media print { body { max-width: none; margin: 0; } }\n"
-           "</style>\n</head>\n<body>\n<h1>" +
-           name + "</h1>\n";
+           "</style>\n</head>\n<body>\n<h1>Compact discs</h1>\n";
 }
 
 std::string HtmlArtist(const std::string& artist, const CodePage& page) {

@@ -12,7 +12,7 @@ struct HtmlTotals {
     uint64_t seconds = 0;
 };
 
-std::string HtmlStart(const std::string& title);
+std::string HtmlStart();
 // A heading for a new artist; the first one needs it too.
 std::string HtmlArtist(const std::string& artist, const CodePage& page);
 // Counts the disc in.

@@ -33,7 +33,8 @@ uint32_t ApproximateDiscId(const DiscToc& toc) {
     return digits % 255 << 24 | (length & 0xFFFF) << 8 | toc.trackCount;
 }
 
-bool LengthsFromOffsets(const int* offsets, int count, int discSeconds, DiscToc& toc) {
+// Whole seconds, frames dropped. False when the offsets do not rise, or reach beyond the disc.
+static bool LengthsFromOffsets(const int* offsets, int count, int discSeconds, DiscToc& toc) {
     DiscToc read;
     if (count < 1 || count > kMaxTracks) return false;
     if (discSeconds < 0 || discSeconds > kMostFrames / kFramesPerSecond) return false;

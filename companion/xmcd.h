@@ -21,7 +21,3 @@ std::string XmcdText(const Disc& disc, const CodePage& page);
 // False, and nothing is taken, when the table of contents is missing or cannot be.
 bool ReadXmcd(std::string_view text, const CodePage& page, const DiscSink& sink,
               SourceFault& fault);
-
-// The tracks' lengths from the frames they start at and the disc's length in seconds: whole
-// seconds, frames dropped. False when the offsets do not rise, or reach beyond the disc.
-bool LengthsFromOffsets(const int* offsets, int count, int discSeconds, DiscToc& toc);

@@ -1,7 +1,6 @@
 // check: every rule of the format, one line a fault.
 #include <algorithm>
 
-#include "companion/catalogue.h"
 #include "companion/commands.h"
 #include "database/database_format.h"
 

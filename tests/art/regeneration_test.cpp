@@ -6,9 +6,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <string>
 
-#include "tests/art/skin_files.h"
+#include "tests/art/file_bytes.h"
 
 namespace fs = std::filesystem;
 

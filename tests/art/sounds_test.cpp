@@ -3,11 +3,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <map>
-#include <string>
 
-#include "tests/art/skin_files.h"
+#include "tests/art/file_bytes.h"
 
 // The files that the resource script names, in its order.
 static std::vector<std::string> SoundFiles() {
@@ -35,16 +33,14 @@ TEST(Sounds, ArePlainShortAndSoftAtTheEdges) {
         EXPECT_EQ(ReadNumber(bytes, 28, 4), 44100u);    // bytes a second
         EXPECT_EQ(ReadNumber(bytes, 40, 4), bytes.size() - 44);
         std::vector<int> samples;
-        for (std::size_t i = 44; i + 1 < bytes.size(); i += 2) {
+        for (std::size_t i = 44; i + 1 < bytes.size(); i += 2)
             samples.push_back(static_cast<std::int16_t>(ReadNumber(bytes, i, 2)));
-        }
         const double ms = 1000.0 * static_cast<double>(samples.size()) / 22050;
         const bool isExit = name == "sounds/exit.wav";
         EXPECT_GE(ms, isExit ? 500 : 40);
         EXPECT_LE(ms, isExit ? 1200 : 200.1);
-        int peak = 0;
-        for (const int sample : samples)
-            peak = std::max(peak, std::abs(sample));
+        const auto [lowest, highest] = std::ranges::minmax(samples);
+        const int peak = std::max(-lowest, highest);
         EXPECT_GE(peak, 3000);
         EXPECT_LE(peak, 16422);  // 6 dB below full scale
         EXPECT_LE(std::abs(samples.front()), 8) << "begins with a click";

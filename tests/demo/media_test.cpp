@@ -2,22 +2,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <sstream>
 
 #include "database/database_file.h"
 #include "database/database_format.h"
 #include "database/database_recovery.h"
 #include "database/disc_lookup.h"
+#include "demo/drive/wave_source.h"
 #include "demo/media/catalogue_maker.h"
 #include "demo/media/disc_maker.h"
 #include "demo/media/wave_maker.h"
 #include "tests/database/memory_files.h"
-
-static uint32_t Little(const Bytes& bytes, size_t at, int count) {
-    uint32_t value = 0;
-    for (int i = count - 1; i >= 0; --i)
-        value = value << 8 | bytes.at(at + static_cast<size_t>(i));
-    return value;
-}
 
 static double LastNoteEnds(const Piece& piece) {
     double beat = 0;
@@ -37,25 +33,26 @@ TEST(DemoMedia, NoPieceIsCutBeforeItsLastNoteEnds) {
 }
 
 TEST(DemoMedia, WavesHaveTheirLengthAndAreHeard) {
-    bool has1005 = false;
     for (const WaveSketch& wave : WaveSketches()) {
-        EXPECT_LE(LastNoteEnds(ComposePiece(wave.sketch)), wave.milliseconds / 1000.0);
+        SCOPED_TRACE(wave.fileName);
+        const Piece piece = ComposePiece(wave.sketch);
+        EXPECT_LE(LastNoteEnds(piece), wave.milliseconds / 1000.0);
         const auto frames = static_cast<size_t>(wave.sampleRate) * wave.milliseconds / 1000;
-        const auto samples = RenderPiece(ComposePiece(wave.sketch), wave.sampleRate, frames);
+        const auto samples = RenderPiece(piece, wave.sampleRate, frames);
         const Bytes file = PackWave(samples, {wave.sampleRate, wave.channels, wave.bitsPerSample});
-        const uint32_t bytesPerSecond = Little(file, 28, 4);
-        const uint32_t dataBytes = Little(file, 40, 4);
-        EXPECT_EQ(uint64_t{dataBytes} * 1000 / bytesPerSecond, wave.milliseconds) << wave.fileName;
-        EXPECT_EQ(file.size(), 44 + dataBytes + dataBytes % 2);
-        EXPECT_EQ(Little(file, 4, 4) + 8, file.size());
-        has1005 = has1005 || wave.milliseconds == 1005;
+        uint32_t riffBytes = 0;
+        std::memcpy(&riffBytes, &file[4], sizeof riffBytes);
+        EXPECT_EQ(riffBytes + 8, file.size());
+        std::istringstream stream(std::string(file.begin(), file.end()));
+        WaveSource source;
+        ASSERT_TRUE(ReadWaveHeader(stream, source));
+        EXPECT_EQ(source.frameCount, frames);
         double sum = 0;
         for (const int16_t sample : samples)
             sum += static_cast<double>(sample) * sample;
-        EXPECT_GT(std::sqrt(sum / static_cast<double>(samples.size())), 2000) << wave.fileName;
-        EXPECT_NEAR(samples.back(), 0, 30) << wave.fileName << " ends with a click";
+        EXPECT_GT(std::sqrt(sum / static_cast<double>(samples.size())), 2000);
+        EXPECT_NEAR(samples.back(), 0, 30) << "ends with a click";
     }
-    EXPECT_TRUE(has1005);
 }
 
 TEST(DemoMedia, CatalogueIsWholeAndKnowsTheFirstDisc) {

@@ -115,12 +115,15 @@ TEST_F(VideoTest, TheWindowOfALargeFilmIsPlayedByHand) {
 }
 
 TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
-    AddFilm("film.mov", kSmall, 150);
+    AddFilm("film.mov", kSmall, 240);
     PutSetting(player, "VideoOutput", "Frames");
     ASSERT_NO_FATAL_FAILURE(StartIn("video"));
     Play({"film.mov"});
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
-    EXPECT_TRUE(WaitForPicture(Control(player.window, IDC_VIDEO_AREA)));
+    HWND area = Control(player.window, IDC_VIDEO_AREA);
+    EXPECT_TRUE(WaitForPicture(area));
+    const std::vector<uint32_t> first = Photograph(area).pixels;
+    EXPECT_TRUE(WaitUntil([&] { return Photograph(area).pixels != first; })) << "it stands still";
     EXPECT_TRUE(WaitForSound());
     Command(player.window, IDC_PAUSE);
     ASSERT_TRUE(WaitForShown(IDC_STATUS, "Paused"));
@@ -142,4 +145,8 @@ TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "film.mov"));
     EXPECT_TRUE(WaitForSilence());
     EXPECT_EQ(Shown(IDC_STATUS), "Playing");
+    Scroll(player, SB_THUMBTRACK, 235);
+    Scroll(player, SB_THUMBPOSITION, 235);
+    EXPECT_TRUE(WaitForShown(IDC_STATUS, "Ready"));
+    EXPECT_EQ(Shown(IDC_POSITION), "240 Frames");
 }

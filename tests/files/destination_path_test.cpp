@@ -36,7 +36,7 @@ TEST(DestinationPath, TypedDestinations) {
         {"c:\\" + std::string(5000, '\\'), "c:\\"},
     };
     for (const auto& [typed, path] : cases)
-        EXPECT_EQ(Normalized(typed, {"c:\\", "c:\\program files\\"}), path) << typed;
+        EXPECT_EQ(Normalized(typed, {"C:\\", "c:\\", "c:\\program files\\"}), path) << typed;
     EXPECT_EQ(Normalized("c:\\" + std::string(227, 'a'), {"c:\\"}).size(), kMaxDestination);
 }
 

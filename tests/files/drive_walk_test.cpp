@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 
 #include <map>
-#include <set>
 
 #include "files/path_chain.h"
 
@@ -35,14 +34,7 @@ TEST(DriveWalk, ADirectoryComesBeforeThoseBelowItAndSiblingsInTheirOrder) {
                             "c:\\b\\", "c:\\c\\", "c:\\c\\a\\"));
 }
 
-TEST(DriveWalk, ThousandsOfSiblingsAndPathsThatCannotBeLonger) {
-    Tree wide;
-    for (int i = 0; i < 3000; ++i)
-        wide["c:\\"].push_back("d" + std::to_string(i));
-    const std::vector<std::string> visited = Visited(wide);
-    EXPECT_EQ(visited.size(), 3001u);
-    EXPECT_EQ(std::set<std::string>(visited.begin(), visited.end()).size(), 3001u);
-
+TEST(DriveWalk, PathsThatCannotBeLongerEndTheWayDown) {
     // One directory in another, as a file system allows them: too deep to be named at some point,
     // where the walk goes back instead of ending.
     Tree deep;
@@ -58,10 +50,10 @@ TEST(DriveWalk, ThousandsOfSiblingsAndPathsThatCannotBeLonger) {
 }
 
 TEST(DriveWalk, MasksAskForTheWholeExtension) {
-    const std::vector<std::string> masks = {"*.Mid", "*.rmi"};
-    for (const char* name : {"song.mid", "SONG.RMI", "a.b.mid", ".mid"})
+    const std::vector<std::string> masks = {"*.Mid", "*.avi"};
+    for (const char* name : {"song.mid", "FILM.AVI", "a.b.mid", ".mid"})
         EXPECT_TRUE(MatchesMask(name, masks)) << name;
-    for (const char* name : {"song.midi", "mid", "amid", "song.mid ", "", "rmi."})
+    for (const char* name : {"song.midi", "mid", "amid", "song.mid ", "", "avi."})
         EXPECT_FALSE(MatchesMask(name, masks)) << name;
     EXPECT_FALSE(MatchesMask("song.mid", {}));
 }

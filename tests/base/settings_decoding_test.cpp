@@ -35,11 +35,11 @@ TEST(SettingsDecoding, UnknownTimerSpeedsBecomeASecond) {
 TEST(SettingsDecoding, ListFiltersKeepWhatTheyDoNotKnow) {
     const struct {
         const char* text;
-        bool mid, rmi;  // from (true, false)
-    } cases[] = {{"Both", true, true},  {"Mid", true, false}, {"Rmi", false, true},
-                 {"both", true, false}, {"X", true, false},   {"", true, false}};
+        bool mid, rmi;
+    } cases[] = {{"Both", true, true},   {"Mid", true, false}, {"Rmi", false, true},
+                 {"both", false, false}, {"X", false, false},  {"", false, false}};
     for (const auto& c : cases) {
-        bool mid = true;
+        bool mid = false;
         bool rmi = false;
         DecodeListFilter(c.text, 'M', 'R', mid, rmi);
         EXPECT_EQ(mid, c.mid) << c.text;
@@ -48,13 +48,14 @@ TEST(SettingsDecoding, ListFiltersKeepWhatTheyDoNotKnow) {
 }
 
 TEST(SettingsDecoding, SearchRadioAndText) {
-    EXPECT_EQ(DecodeSearchRadio("1"), 1802);
-    EXPECT_EQ(DecodeSearchRadio("9"), 1810);
+    EXPECT_EQ(DecodeSearchRadio("1"), IDC_SEARCH_RADIO_FIRST);
+    EXPECT_EQ(DecodeSearchRadio("9"), IDC_SEARCH_RADIO_LAST - 1);
     for (const char* last : {"A", "0", "", "a", ":"})
-        EXPECT_EQ(DecodeSearchRadio(last), 1811) << last;
-    EXPECT_EQ(EncodeSearchRadio(1810), "9");
-    EXPECT_EQ(EncodeSearchRadio(1811), "A");
-    EXPECT_EQ(EncodeSearchRadio(1812), "");
+        EXPECT_EQ(DecodeSearchRadio(last), IDC_SEARCH_RADIO_LAST) << last;
+    EXPECT_EQ(EncodeSearchRadio(IDC_SEARCH_RADIO_LAST - 1), "9");
+    EXPECT_EQ(EncodeSearchRadio(IDC_SEARCH_RADIO_LAST), "A");
+    for (const int other : {0, IDC_SEARCH_RADIO_FIRST - 1, IDC_SEARCH_RADIO_LAST + 1})
+        EXPECT_EQ(EncodeSearchRadio(other), "");
     EXPECT_EQ(DecodeSearchText("0"), "");
     EXPECT_EQ(DecodeSearchText("007"), "");
     EXPECT_EQ(DecodeSearchText(" x "), " x ");

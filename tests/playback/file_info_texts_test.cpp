@@ -7,11 +7,8 @@
 
 TEST(FileInfoTexts, FrameRatesAreCutToThousandthsAndFilledWithZeros) {
     const std::tuple<uint32_t, uint32_t, const char*> cases[] = {
-        {75, 3000, "25.000"},     {45, 2999, "15.005"},
-        {1, 20000, ".050"},       {1, 1000, "1.000"},
-        {999, 1'000'000, ".999"}, {0, 5000, ".000"},
-        {30, 0, ".000"},          {29970, 1'000'000, "29.970"},
-        {2, 3000, ".666"},        {0xFFFFFFFF, 1, "4294967295000.000"},
+        {75, 3000, "25.000"}, {1, 20000, ".050"}, {2, 3000, ".666"},
+        {30, 0, ".000"},      {0, 5000, ".000"},  {0xFFFFFFFF, 1, "4294967295000.000"},
     };
     for (const auto& [frames, lengthMs, text] : cases)
         EXPECT_EQ(FrameRateText(frames, lengthMs), text);

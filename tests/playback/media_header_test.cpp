@@ -51,7 +51,7 @@ TEST(MediaHeader, OnlyAStandingClockIsRefused) {
         {"the first format counts", false, Wave(Format(44100, 2) + Format(0, 0))},
         {"cut format", false, Wave(Format(0, 0)).substr(0, 33)},
         {"chunk beyond the end", false, Wave("LIST\xff\xff\xff\xff" + Format(0, 0))},
-        {"film", false, Chunk("RIFF", "AVI " + Format(0, 0))},
+        {"film", false, Chunk("RIFF", "AVI " + Format(0, 0) + Chunk("data", Song("\0\0"s)))},
         {"song in frames", false, Song("\xe8\0"s)},
         {"song without ticks", true, Song("\0\0"s)},
         {"song in a box", false, Chunk("RIFF", "RMID" + Chunk("data", Song("\0\x60"s)))},

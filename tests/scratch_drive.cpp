@@ -24,21 +24,13 @@ static bool RunBelow(const std::string& name, const std::string& arguments,
 }
 
 // Started programs are not waited for here: their effect is.
-static bool WaitFor(bool (*condition)(const std::string&), const std::string& path) {
+static bool WaitFor(const std::string& directory, bool there) {
     for (int tries = 0; tries < 500; ++tries) {
-        if (condition(path)) return true;
+        const DWORD attributes = GetFileAttributesA(directory.c_str());
+        if ((attributes != INVALID_FILE_ATTRIBUTES) == there) return true;
         Sleep(10);
     }
     return false;
-}
-
-static bool IsDirectory(const std::string& path) {
-    const DWORD attributes = GetFileAttributesA(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
-static bool IsNoDirectory(const std::string& path) {
-    return !IsDirectory(path);
 }
 
 // Drive letters are links beside the directory that is drive C:.
@@ -49,14 +41,14 @@ bool MakeScratchDrive(const std::string& directory) {
     std::string target = directory.substr(3);
     std::replace(target.begin(), target.end(), '\\', '/');
     return RunBelow("ln", "-sfn \"../drive_c/" + target + "\" " + kDriveLink, "c:\\") &&
-           WaitFor(IsDirectory, kDriveRoot);
+           WaitFor(kDriveRoot, true);
 }
 
 void RemoveScratchDrive() {
-    if (RunBelow("rm", "-f " + kDriveLink, "c:\\")) WaitFor(IsNoDirectory, kDriveRoot);
+    if (RunBelow("rm", "-f " + kDriveLink, "c:\\")) WaitFor(kDriveRoot, false);
 }
 
 bool MakeLink(const std::string& directory, const std::string& name, const std::string& target) {
     return RunBelow("ln", "-sfn " + target + " " + name, directory) &&
-           WaitFor(IsDirectory, directory + name);
+           WaitFor(directory + name, true);
 }

@@ -242,6 +242,10 @@ std::string Text(int id) {
     return ControlText(MainWindow, id);
 }
 
+bool IsShown(int id) {
+    return (GetWindowLongA(GetDlgItem(MainWindow, id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts) {
     for (const auto& [id, text] : texts)
         EXPECT_EQ(Text(id), text) << "control " << id;
@@ -252,6 +256,11 @@ void SelectFiles(int first, int last) {
     SendMessageA(list, LB_SETSEL, FALSE, -1);
     for (int i = first; i <= last; ++i)
         SendMessageA(list, LB_SETSEL, TRUE, i);
+}
+
+void PlayFiles(int first, int last) {
+    SelectFiles(first, last);
+    Command(IDC_PLAY);
 }
 
 void FileEnds() {
@@ -265,6 +274,15 @@ void FilePlays() {
 void Scroll(int code, int thumb) {
     SendMessageA(MainWindow, WM_HSCROLL, static_cast<WPARAM>(MAKELONG(code, thumb)),
                  reinterpret_cast<LPARAM>(GetDlgItem(MainWindow, IDC_SCROLL)));
+}
+
+void HoldKey(int key, const std::function<void()>& act) {
+    BYTE keys[256] = {};
+    keys[key] = 0x80;
+    SetKeyboardState(keys);
+    act();
+    keys[key] = 0;
+    SetKeyboardState(keys);
 }
 
 void PumpMessages() {

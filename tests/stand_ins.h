@@ -66,14 +66,19 @@ std::string FreshDirectory();
 // A command of the main window, and the texts of its controls.
 void Command(int id, int notification = 0);
 std::string Text(int id);
+bool IsShown(int id);
 void ExpectShown(std::initializer_list<std::pair<int, const char*>> texts);
 // Selects these entries of the file list and no others.
 void SelectFiles(int first, int last);
+// The same, and Play.
+void PlayFiles(int first, int last);
 // What the file device is found to do from now on.
 void FileEnds();
 void FilePlays();
 // A step of the position scroll bar.
 void Scroll(int code, int thumb = 0);
 
+// Does something while a key or a button of the mouse is down.
+void HoldKey(int key, const std::function<void()>& act);
 // Dispatches what is in the message queue.
 void PumpMessages();

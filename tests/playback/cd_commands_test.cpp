@@ -97,6 +97,14 @@ TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     TakeLog();
     OnCdPlay(MainWindow, 1);
     EXPECT_THAT(TakeLog(), ElementsAre("play"));
+    OnCdPause(MainWindow);
+    OnTrackButton(MainWindow, IDC_TRACK_FIRST + 1);
+    EXPECT_FALSE(CdPlayer.paused);
+    OnCdPause(MainWindow);
+    OnCdStop(MainWindow);
+    CdStatusTick(MainWindow);
+    ExpectShown({{IDC_CD_STATUS, "Ready"}});
+    EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST));
     Drive.mode = MCI_MODE_STOP;
     OnCdPause(MainWindow);
     EXPECT_FALSE(CdPlayer.paused) << "a disc that does not play is not paused";
@@ -130,6 +138,9 @@ TEST_F(CdCommandsTest, ATrackThatDoesNotPlayChangesNothing) {
     SetPlaying(3, 1);
     OnSkipBack(MainWindow);
     EXPECT_EQ(TakeLog().back(), "play 2 0:00.00");
+    EXPECT_EQ(Thumb(), 0);
+    OnCdPlay(MainWindow, 100);
+    EXPECT_EQ(TakeLog().back(), "play 2 0:00.00") << "no track has that number";
 }
 
 TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
@@ -153,11 +164,17 @@ TEST_F(CdCommandsTest, ScrollBarSeeksOnReleaseAndNeverSticks) {
     // Keys: no button of the mouse is down, so no end of scroll will follow.
     const std::pair<int, const char*> keys[] = {{SB_PAGERIGHT, "1:23.30"}, {SB_LINELEFT, "1:22.30"},
                                                 {SB_PAGELEFT, "1:14.30"},  {SB_RIGHT, "1:40.30"},
-                                                {SB_LINERIGHT, "1:40.30"}, {SB_LEFT, "0:00.30"}};
+                                                {SB_LINERIGHT, "1:40.30"}, {SB_LEFT, "0:00.30"},
+                                                {SB_LINELEFT, "0:00.30"}};
     for (const auto& [key, place] : keys) {
         OnCdScroll(MainWindow, key, 0);
         EXPECT_THAT(TakeLog(), ElementsAre("mode", "mode", std::string("play 1 ") + place));
     }
+    HoldKey(VK_LBUTTON, [] { OnCdScroll(MainWindow, SB_PAGERIGHT, 0); });
+    EXPECT_EQ(Thumb(), 8);
+    EXPECT_THAT(TakeLog(), ElementsAre("mode")) << "an arrow held by the mouse";
+    OnCdScroll(MainWindow, SB_ENDSCROLL, 0);
+    EXPECT_EQ(TakeLog().back(), "play 1 0:08.30");
 
     OnCdScroll(MainWindow, SB_THUMBTRACK, 50);
     Drive.mode = MCI_MODE_STOP;  // the disc ends under the thumb
@@ -186,6 +203,8 @@ TEST_F(CdCommandsTest, CommandsWithoutADeviceAskForOne) {
         [] { OnSkipForward(MainWindow); }, [&] { EXPECT_FALSE(PrepareEntry(MainWindow, disc)); }};
     InstallFakeDrive({60});
     Drive.openError = MCIERR_CANNOT_LOAD_DRIVER;
+    OnCdScroll(MainWindow, SB_LINERIGHT, 0);
+    EXPECT_THAT(TakeLog(), IsEmpty());
     for (const bool yes : {false, true}) {
         for (const auto& command : commands) {
             TheBoxes = {};
@@ -242,11 +261,12 @@ TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
         SCOPED_TRACE(failing);
         InstallFakeDrive({100, 200});
         OpenTestWindow(IDC_MODE_WAVE, {"a.wav"});
-        SelectFiles(0, 0);
-        Command(IDC_PLAY);
+        PlayFiles(0, 0);
         PlayQueue.repeat = true;
-        SetScrollPos(GetDlgItem(MainWindow, IDC_SCROLL), SB_CTL, 640, FALSE);
+        SetPositionThumb(MainWindow, 640);
+        TickPlaying(1, 5);
         InsertDisc({70, 80, 90});
+        Drive.mode = MCI_MODE_PLAY;  // exchanged and set going since the last look
         FailCall(failing);
         TakeLog();
         OnCdPlayRequest(MainWindow, 3, true);

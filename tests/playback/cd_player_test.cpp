@@ -4,18 +4,34 @@
 #include <algorithm>
 
 #include "base/app_directory.h"
+#include "database/database_changes.h"
+#include "database/database_file.h"
+#include "database/disc_lookup.h"
 #include "playback/cd_commands.h"
 #include "tests/playback/cd_player_fixture.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// The disc in the drive becomes known: "Artist - Disc", its tracks "Disc a", "Disc b" ...
+static void AddToCatalogue() {
+    EntryFields fields;
+    fields.artist = "Artist";
+    fields.discName = "Disc";
+    for (int i = 0; i < kMaxTracks; ++i)
+        fields.trackNames[i] = std::string("Disc ") + char('a' + i % 26);
+    EnsureDatabase();
+    CopyDiscToc(CdPlayer.toc);
+    ASSERT_EQ(AppendEntry(fields), DatabaseResult::kOk);
+}
+
 TEST_F(CdPlayerTest, EmptyAndMissingDrivesAreSilentAtStart) {
     InstallFakeDrive({});
     RemoveDisc();
     OpenCdPlayer(MainWindow);
     ShowCdPlayer(MainWindow);
-    ExpectShown({{IDC_CD_STATUS, "Empty"}, {IDC_EJECT_LABEL, "Load"}, {IDC_DISC_LENGTH, ""}});
+    ExpectShown({{IDC_CD_STATUS, "Empty"}, {IDC_DISC_LENGTH, ""}});
+    ExpectShown({{IDC_EJECT, "&Load"}, {IDC_EJECT_LABEL, "Load"}});
     CloseCdPlayer(MainWindow);
     // The high word of an error may carry a device.
     Drive.openError = MCIERR_CANNOT_LOAD_DRIVER + (7 << 16);
@@ -58,7 +74,7 @@ TEST_F(CdPlayerTest, ADriveThatHidesItsTracksSaysSoOnceForEachTimeItStartsTo) {
 
 TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     Start({100, 200, 300});
-    Catalogue("Artist", "Disc");
+    AddToCatalogue();
     EXPECT_TRUE(IsTrackHighlighted(IDC_TRACK_FIRST)) << "the one that Play plays";
     OnCdPlay(MainWindow, 0);
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
@@ -118,7 +134,7 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
     for (const DiscState state : {DiscState::kReady, DiscState::kPlaying, DiscState::kPaused}) {
         SCOPED_TRACE(static_cast<int>(state));
         Start({100, 200});
-        Catalogue("Old", "Disc");
+        AddToCatalogue();
         if (state != DiscState::kReady) OnCdPlay(MainWindow, 1);
         if (state == DiscState::kPaused) OnCdPause(MainWindow);
         CdStatusTick(MainWindow);
@@ -136,7 +152,7 @@ TEST_F(CdPlayerTest, DiscSwappedWithinOneTickIsNoticedInEveryState) {
 
 TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     Start({100, 200});
-    Catalogue("Artist", "Disc");
+    AddToCatalogue();
     TickWithoutDisc();
     ExpectShown({{IDC_ENTRY_LABEL, "Add Entry"}});
     InsertDisc({100, 200});
@@ -145,7 +161,10 @@ TEST_F(CdPlayerTest, TitleOfAKnownDiscStandsFromTheMomentItComesIn) {
     EXPECT_EQ(CdPlayer.toc.trackCount, 0);
     TickIn(MCI_MODE_STOP);
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
-    ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_ENTRY_LABEL, "Edit Entry"}});
+    ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_ENTRY, "Edit &Entry"}});
+    TickWithoutDisc();
+    TickWithDisc({150, 150});  // as long as the known one
+    ExpectShown({{IDC_DISC_TITLE, ""}, {IDC_ENTRY_LABEL, "Add Entry"}});
 }
 
 TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
@@ -153,8 +172,8 @@ TEST_F(CdPlayerTest, DiscsOutOfTheOrdinary) {
     ExpectShown({{IDC_TOTAL_TRACKS, "99"}});
     EXPECT_EQ(CdPlayer.toc.totalSeconds, static_cast<uint16_t>(99 * 15315));
     OnPreviousPage(MainWindow);
-    ExpectShown({{IDC_TRACK_LABEL_FIRST, "91"}});
-    EXPECT_TRUE(IsShown(IDC_TRACK_FIRST + 8));
+    ExpectShown({{IDC_TRACK_LABEL_FIRST, "91"}, {IDC_TRACK_FIRST, "Track 91"}});
+    EXPECT_TRUE(IsShown(IDC_TRACK_FIRST + 8) && IsShown(IDC_TRACK_LABEL_FIRST + 8));
     EXPECT_FALSE(IsShown(IDC_TRACK_FIRST + 9));
     OnTrackButton(MainWindow, IDC_TRACK_FIRST + 9);
     OnTrackButton(MainWindow, IDC_TRACK_FIRST + 8);
@@ -202,7 +221,7 @@ TEST_F(CdPlayerTest, ReturningToTheModeFindsThePauseOrAnotherDisc) {
 
 TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
     Start({100, 200});
-    Catalogue("Artist", "Disc");
+    AddToCatalogue();
     HANDLE held = CreateFileA(InAppDirectory("tarnwell.dat").c_str(), GENERIC_READ, 0, nullptr,
                               OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
@@ -218,7 +237,7 @@ TEST_F(CdPlayerTest, ACatalogueHeldForAMomentIsAskedAgain) {
 // ever, and the pause survives it.
 TEST_F(CdPlayerTest, MissingTrackLengthsAreReadAgainAFewTimes) {
     Start({100, 200});
-    Catalogue("Artist", "Disc");
+    AddToCatalogue();
     TickWithoutDisc();
     FailCall(5);  // the length of track 2
     TickWithDisc({100, 200});

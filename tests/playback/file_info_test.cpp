@@ -9,6 +9,7 @@
 
 #include "base/modes.h"
 #include "playback/media_device.h"
+#include "tests/dialog_script.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
@@ -35,10 +36,6 @@ static void CALLBACK AnswerDialog(HWND, UINT, UINT_PTR, DWORD) {
         ADD_FAILURE() << "not closed";
         EndDialog(dialog, IDC_CANCEL);
     }
-}
-
-static void Press(HWND dialog, int id) {
-    SendMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(id), 0);
 }
 
 class FileInfoTest : public testing::Test {

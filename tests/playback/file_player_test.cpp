@@ -8,6 +8,7 @@
 #include "base/settings.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
+#include "playback/play_readouts.h"
 #include "playback/player_timers.h"
 #include "tests/stand_ins.h"
 #include "ui/boxes.h"
@@ -24,8 +25,7 @@ protected:
         return {"open " + WaveFilesPath + name, "format 0", "length", "seek start", "play"};
     }
     static void PlayFirst(int count) {
-        SelectFiles(0, count - 1);
-        Command(IDC_PLAY);
+        PlayFiles(0, count - 1);
         TakeLog();
     }
     // Nothing is open, nothing ticks, and the window says so.
@@ -39,14 +39,12 @@ protected:
 };
 
 TEST_F(FilePlayerTest, PlaysTheSelectionFileByFileUnderEitherScrollBar) {
-    const auto thumb = [] { return SendDlgItemMessageA(MainWindow, IDC_SCROLL, SBM_GETPOS, 0, 0); };
     for (const bool recreation : {false, true}) {
         SCOPED_TRACE(recreation);
         Settings.recreationScroll = recreation;
         FilePlays();
-        SelectFiles(0, 1);
         TakeLog();
-        Command(IDC_PLAY);
+        PlayFiles(0, 1);
         const Log log = TakeLog();
         EXPECT_EQ(Log(log.end() - 5, log.end()), OpeningOf("a.wav"));
         ExpectShown({{IDC_SELECTED_COUNT, "2"}, {IDC_FILES_LEFT, "1"}, {IDC_FILE_NAME, "a.wav"}});
@@ -57,7 +55,7 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFileUnderEitherScrollBar) {
         Tick();
         EXPECT_EQ(TakeLog(), (Log{"mode", "position"}));
         EXPECT_EQ(Text(IDC_POSITION), "1.500 Seconds");
-        EXPECT_EQ(thumb(), recreation ? 0 : 750);
+        EXPECT_EQ(PositionThumb(MainWindow), recreation ? 0 : 750);
 
         FileEnds();
         Tick();
@@ -70,7 +68,7 @@ TEST_F(FilePlayerTest, PlaysTheSelectionFileByFileUnderEitherScrollBar) {
         Tick();  // the last file has ended; it stays open at its end
         EXPECT_EQ(TakeLog(), Log{"mode"});
         ExpectShown({{IDC_POSITION, "2.000 Seconds"}, {IDC_STATUS, "Ready"}});
-        EXPECT_EQ(thumb(), recreation ? 0 : 1000);
+        EXPECT_EQ(PositionThumb(MainWindow), recreation ? 0 : 1000);
         EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
         EXPECT_TRUE(MediaDevice.open);
     }
@@ -119,9 +117,8 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
 }
 
 TEST_F(FilePlayerTest, NoBoxIsEmptyAndNoTextRunsOverItsEnd) {
-    SelectFiles(0, 0);
     FailCall(0, kErrorWithoutText);
-    Command(IDC_PLAY);
+    PlayFiles(0, 0);
     ShowMessage(std::string(300, 'x'));
     EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INTERNAL),
                                    std::string(kMessageTextSize - 1, 'x')}));
@@ -157,9 +154,8 @@ TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
     ExpectIdle();
     Command(IDC_MODE_WAVE);
     ExpectShown({{IDC_FILES_LEFT, "0"}, {IDC_LIST_COUNT, "3 Wave Files:"}});
-    SelectFiles(1, 1);
     TakeLog();
-    Command(IDC_PLAY);
+    PlayFiles(1, 1);
     EXPECT_EQ(TakeLog(), OpeningOf("b.wav"));
 }
 
@@ -188,8 +184,7 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
     Command(IDC_REPEAT, BN_DOUBLECLICKED);  // how a quick second click arrives
     EXPECT_FALSE(PlayQueue.repeat);
     Command(IDC_REPEAT);
-    SelectFiles(1, 2);
-    Command(IDC_PLAY);
+    PlayFiles(1, 2);
     FileEnds();
     Tick();
     EXPECT_EQ(Text(IDC_FILE_NAME), "c.wav");
@@ -203,7 +198,6 @@ TEST_F(FilePlayerTest, RepeatStartsTheQueueOver) {
 }
 
 TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
-    SelectFiles(0, 0);
     FailCall(0);
     TheBoxes.whileOpen = [] {
         Command(IDC_PLAY);
@@ -211,7 +205,7 @@ TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
         SendMessageA(MainWindow, WM_CLOSE, 0, 0);
         Scroll(SB_LINERIGHT);
     };
-    Command(IDC_PLAY);
+    PlayFiles(0, 0);
     EXPECT_EQ(TakeLog(), Log{OpeningOf("a.wav")[0]});
     EXPECT_TRUE(PlayMode == IDC_MODE_WAVE && IsWindow(MainWindow));
 }
@@ -258,15 +252,19 @@ TEST_F(FilePlayerTest, AThumbHeldAtTheEndHoldsTheFile) {
     }
 }
 
-// Its player in the platform would take the program with it.
-TEST_F(FilePlayerTest, AWaveOfZeroBytesASecondIsNotOpened) {
+TEST_F(FilePlayerTest, WhatNothingCanPlayIsNotOpened) {
+    // Its player in the platform would take the program with it.
     const char wave[] = "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\x55\0\1\0\x22\x56\0\0\0\0\0\0\1\0\0";
     std::ofstream(WaveFilesPath + "a.wav", std::ios::binary).write(wave, sizeof wave);
-    SelectFiles(0, 0);
-    Command(IDC_PLAY);
+    PlayFiles(0, 0);
+    DriverAvailable.wave = false;
+    PlayQueue.repeat = true;
+    PlayFiles(1, 1);
     EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_EQ(TheBoxes.shown, Log{"error " + std::to_string(MCIERR_INVALID_FILE)});
+    EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INVALID_FILE),
+                                   "No MCI Sound driver installed. Can't play file!"}));
     ExpectIdle();
+    EXPECT_FALSE(PlayQueue.repeat);
 }
 
 TEST_F(FilePlayerTest, AQueueThatEndsTheProgramWaitsForAnOpenBox) {

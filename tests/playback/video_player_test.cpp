@@ -9,6 +9,7 @@
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
+#include "tests/dialog_script.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
@@ -16,20 +17,6 @@ using testing::IsSupersetOf;
 
 constexpr RECT kSmall = {0, 0, 160, 120};
 constexpr RECT kLarge = {0, 0, 320, 240};
-
-// What the user does in a film's window: asked again and again while one is open, until it answers
-// true. A film that never gets there is closed.
-static std::function<bool(HWND film)> TheUser;
-static int TimesAsked;
-
-static VOID CALLBACK AskUser(HWND, UINT, UINT_PTR, DWORD) {
-    HWND film = GetLastActivePopup(MainWindow);
-    if (GetDlgItem(film, IDC_VIDEO_WINDOW_AREA) == nullptr || !TheUser) return;
-    const bool givesUp = ++TimesAsked > 500;
-    EXPECT_FALSE(givesUp);
-    if (givesUp) SendMessageA(film, WM_CLOSE, 0, 0);
-    if (givesUp || TheUser(film)) TheUser = nullptr;
-}
 
 class VideoPlayerTest : public testing::Test {
 protected:
@@ -39,23 +26,11 @@ protected:
         Settings.timerSpeedMs = 10;
         TheMci.frames = 30;
         TheMci.picture = kSmall;
-        TimesAsked = 0;
-        user = SetTimer(nullptr, 0, 10, AskUser);
     }
-    void TearDown() override {
-        KillTimer(nullptr, user);
-        TheUser = nullptr;
-        CloseTestWindow();
-    }
+    void TearDown() override { CloseTestWindow(); }
 
-    static void Play(int first, int last) {
-        SelectFiles(first, last);
-        Command(IDC_PLAY);
-    }
     static Log OpeningOf(const char* name) { return {"open " + VideoFilesPath + name, "where"}; }
-    static Log StartOf(const std::string& sound = "sound on") {
-        return {"format 3", sound, "length", "play from 0"};
-    }
+    static Log Start() { return {"format 3", "sound on", "length", "play from 0"}; }
     static Log Joined(std::initializer_list<Log> logs) {
         Log all;
         for (const Log& log : logs)
@@ -71,10 +46,13 @@ protected:
         }
         return false;
     }
-    static bool Close(HWND film) { return SendMessageA(film, WM_CLOSE, 0, 0) == 0; }
     static bool Plays(HWND film) { return ControlText(film, IDC_STATUS) == "Playing"; }
-    static bool IsPictureShown() {
-        return (GetWindowLongA(GetDlgItem(MainWindow, IDC_VIDEO_AREA), GWL_STYLE) & WS_VISIBLE);
+    // What the user does in the next window of a large film, once it plays; he closes it then.
+    static void UseFilm(const std::function<void()>& open, const std::function<void(HWND)>& use) {
+        EXPECT_TRUE(RunInDialog(open, [&](HWND film) {
+            EXPECT_TRUE(Await([film] { return Plays(film); }));
+            use(film);
+        }));
     }
     // The commands but for the polling in between.
     static Log TakeActions() {
@@ -84,13 +62,12 @@ protected:
         return log;
     }
     static bool SleepIsHeldOff() { return HoldsOffSleep(SC_SCREENSAVE); }
-
-    UINT_PTR user = 0;
+    static bool IsPictureShown() { return IsShown(IDC_VIDEO_AREA); }
 };
 
 TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
-    Play(0, 0);
-    EXPECT_EQ(TakeLog(), Joined({OpeningOf("a.avi"), StartOf()}));
+    PlayFiles(0, 0);
+    EXPECT_EQ(TakeLog(), Joined({OpeningOf("a.avi"), Start()}));
     EXPECT_TRUE(IsPictureShown() && SleepIsHeldOff());
     ExpectShown({{IDC_LENGTH, "30 Frames"}, {IDC_FILES_LEFT, "0"}});
     TheMci.status[MCI_STATUS_POSITION] = 1;
@@ -122,28 +99,24 @@ TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
 TEST_F(VideoPlayerTest, OnlyQuickTimeFilmsArePausedBeforeASeek) {
     for (const auto& [index, expected] :
          {std::pair{2, Log{"pause", "play from 1"}}, std::pair{0, Log{"play from 1"}}}) {
-        SCOPED_TRACE(index);
-        std::vector<Log> seeks;
-        const auto seekIn = [&](HWND window) {
+        const auto expectSeekIn = [&](HWND window) {
+            SCOPED_TRACE(index);
             TakeLog();
             SendMessageA(window, WM_HSCROLL, SB_LINERIGHT, 0);
-            seeks.push_back(TakeActions());
+            EXPECT_EQ(TakeActions(), expected);
         };
         TheMci.picture = kSmall;
-        Play(index, index);
-        seekIn(MainWindow);
-        // In a window of its own, where Stop and Play open the film once more.
+        PlayFiles(index, index);
+        expectSeekIn(MainWindow);
         TheMci.picture = kLarge;
-        TheUser = [&](HWND film) {
-            if (!Plays(film)) return false;
-            seekIn(film);
-            if (seeks.size() == 3) return Close(film);
-            for (const int id : {IDC_VIDEO_STOP, IDC_VIDEO_PLAY})
-                SendMessageA(film, WM_COMMAND, static_cast<WPARAM>(id), 0);
-            return false;
-        };
-        Play(index, index);
-        EXPECT_EQ(seeks, std::vector<Log>(3, expected));
+        UseFilm([&] { PlayFiles(index, index); },
+                [&](HWND film) {
+                    expectSeekIn(film);
+                    // Opened once more.
+                    Press(film, IDC_VIDEO_STOP);
+                    Press(film, IDC_VIDEO_PLAY);
+                    expectSeekIn(film);
+                });
     }
 }
 
@@ -151,7 +124,7 @@ TEST_F(VideoPlayerTest, OnlyQuickTimeFilmsArePausedBeforeASeek) {
 TEST_F(VideoPlayerTest, WhicheverCommandFailsTheNextFilmPlays) {
     for (const bool large : {false, true}) {
         const Log own = large ? Log{"close", "open " + VideoFilesPath + "a.avi"} : Log{};
-        const Log opening = Joined({OpeningOf("a.avi"), own, StartOf()});
+        const Log opening = Joined({OpeningOf("a.avi"), own, Start()});
         for (int n = 0; n < static_cast<int>(opening.size()); ++n) {
             SCOPED_TRACE(opening[n] + (large ? ", large" : ", small"));
             TheBoxes = {};
@@ -164,7 +137,7 @@ TEST_F(VideoPlayerTest, WhicheverCommandFailsTheNextFilmPlays) {
                 ExpectShown({{IDC_LENGTH, ""}, {IDC_POSITION, ""}});
                 TheMci.picture = kSmall;
             };
-            Play(0, 1);
+            PlayFiles(0, 1);
             EXPECT_TRUE(Await([] { return Text(IDC_FILE_NAME) == "b.avi" && MediaDevice.open; }));
             EXPECT_EQ(TheBoxes.shown, Log{"error 262"});
             EXPECT_FALSE(PlayQueue.repeat);
@@ -178,7 +151,7 @@ TEST_F(VideoPlayerTest, WhicheverCommandFailsTheNextFilmPlays) {
 
 TEST_F(VideoPlayerTest, NoEndlessRowOfBoxesAndNothingLeftRunning) {
     TheMci.picture = {0, 0, 0, 120};
-    Play(0, 2);
+    PlayFiles(0, 2);
     EXPECT_TRUE(Await([] { return TheBoxes.shown.size() == 3; }));
     const DWORD last = GetTickCount();
     EXPECT_TRUE(Await([&] { return GetTickCount() - last > 200; }));
@@ -190,7 +163,7 @@ TEST_F(VideoPlayerTest, NoEndlessRowOfBoxesAndNothingLeftRunning) {
     TheMci.picture = kSmall;
     FailCall(0);
     MediaDevice.playAndExit = true;
-    Play(0, 1);
+    PlayFiles(0, 1);
     EXPECT_TRUE(MediaDevice.playAndExit);
     Command(IDC_STOP);
     EXPECT_FALSE(MediaDevice.playAndExit);
@@ -199,24 +172,20 @@ TEST_F(VideoPlayerTest, NoEndlessRowOfBoxesAndNothingLeftRunning) {
 
 TEST_F(VideoPlayerTest, ALargeFilmPlaysInItsOwnWindowUntilItIsClosed) {
     TheMci.picture = {0, 0, 320, -240};
-    TheUser = [&](HWND film) {
-        if (!Plays(film)) return false;
-        EXPECT_EQ(ControlText(film, IDC_LENGTH), "30 Frames");
-        EXPECT_EQ(Text(IDC_LENGTH), "") << "the main window shows nothing of it";
-        EXPECT_TRUE(IsPositionTimerRunning(film) && !IsPositionTimerRunning(MainWindow));
-        EXPECT_TRUE(SleepIsHeldOff());
-        EXPECT_EQ(PlayQueue.filesLeft, 1u) << "counted before the window opens";
-        RECT area = {};
-        GetClientRect(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA), &area);
-        EXPECT_EQ(area.right, 320);
-        EXPECT_EQ(area.bottom, 240);
-        return Close(film);
-    };
     MediaDevice.playAndExit = true;
-    Play(0, 1);
+    UseFilm([] { PlayFiles(0, 1); },
+            [](HWND film) {
+                EXPECT_EQ(ControlText(film, IDC_LENGTH), "30 Frames");
+                EXPECT_EQ(Text(IDC_LENGTH), "") << "the main window shows nothing of it";
+                EXPECT_TRUE(IsPositionTimerRunning(film) && !IsPositionTimerRunning(MainWindow));
+                EXPECT_TRUE(SleepIsHeldOff());
+                EXPECT_EQ(PlayQueue.filesLeft, 1u) << "counted before the window opens";
+                RECT area = {};
+                GetClientRect(GetDlgItem(film, IDC_VIDEO_WINDOW_AREA), &area);
+                EXPECT_TRUE(area.right == 320 && area.bottom == 240);
+            });
     const std::string open = OpeningOf("a.avi")[0];
-    EXPECT_EQ(TakeActions(),
-              Joined({{open, "where", "close", open}, StartOf(), {"stop", "close"}}));
+    EXPECT_EQ(TakeActions(), Joined({{open, "where", "close", open}, Start(), {"stop", "close"}}));
     EXPECT_EQ(PlayQueue.filesLeft, 0u);
     EXPECT_FALSE(MediaDevice.playAndExit || SleepIsHeldOff());
     ExpectShown({{IDC_STATUS, "Ready"}, {IDC_SELECTED_COUNT, "0"}, {IDC_FILE_NAME, ""}});
@@ -224,50 +193,44 @@ TEST_F(VideoPlayerTest, ALargeFilmPlaysInItsOwnWindowUntilItIsClosed) {
 
 TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
     TheMci.picture = kLarge;
+    const auto playFirst = [] { PlayFiles(0, 0); };
     // Alone, it stays and shows where it ended.
-    TheUser = [](HWND film) {
-        if (Plays(film)) FileEnds();
-        if (Plays(film) || ControlText(film, IDC_POSITION) != "30 Frames") return false;
-        EXPECT_FALSE(SleepIsHeldOff());
-        return Close(film);
-    };
-    Play(0, 0);
-    EXPECT_FALSE(TheUser) << "closed by itself";
+    UseFilm(playFirst, [](HWND film) {
+        FileEnds();
+        EXPECT_TRUE(Await([film] { return !Plays(film); }));
+        EXPECT_EQ(ControlText(film, IDC_POSITION), "30 Frames");
+        EXPECT_TRUE(IsWindowVisible(film) && !SleepIsHeldOff());
+    });
 
     // Repeated, it is not opened again.
-    FilePlays();
-    PlayQueue.repeat = true;
-    TakeLog();
     const auto times = [](const std::string& line) {
         return std::count(TheMci.log.begin(), TheMci.log.end(), line);
     };
-    TheUser = [&](HWND film) {
-        const bool enough = times("play from 0") >= 3;
-        if (!enough) FileEnds();
-        return enough && Close(film);
-    };
-    Play(0, 0);
-    EXPECT_GE(times("play from 0"), 3);
+    TakeLog();
+    FilePlays();
+    PlayQueue.repeat = true;
+    UseFilm(playFirst, [&](HWND) {
+        FileEnds();
+        EXPECT_TRUE(Await([&] { return times("play from 0") >= 3; }));
+    });
     EXPECT_EQ(times(OpeningOf("a.avi")[0]), 2) << "for its size and for its window";
 
     // One of several: the queue starts over.
-    Log titles = {""};
-    TheUser = [&](HWND film) {
+    Log titles;
+    const auto seeFilm = [&](HWND film) {
         char title[80] = "";
         GetWindowTextA(film, title, sizeof title);
-        if (!Plays(film)) return false;
-        if (titles.back() == title) {
-            FileEnds();
-            return false;
-        }
         titles.push_back(title);
+        FileEnds();
+        EXPECT_TRUE(Await([film] { return !IsWindowVisible(film); }));
         FilePlays();
-        return titles.size() == 4 && Close(film);
     };
     FilePlays();
-    Play(0, 1);
-    EXPECT_TRUE(Await([&] { return titles.size() == 4; }));
-    EXPECT_EQ(titles.back(), "Tarnwell 1.1 - a.avi");
+    UseFilm([] { PlayFiles(0, 1); }, seeFilm);
+    for (const size_t count : {2u, 3u})
+        UseFilm([&] { Await([&] { return titles.size() == count; }); }, seeFilm);
+    const std::string name = "Tarnwell 1.1 - ";
+    EXPECT_EQ(titles, (Log{name + "a.avi", name + "b.avi", name + "a.avi"}));
 }
 
 TEST_F(VideoPlayerTest, TheProgramEndsWithItsFilmHoweverThatEnds) {
@@ -281,7 +244,7 @@ TEST_F(VideoPlayerTest, TheProgramEndsWithItsFilmHoweverThatEnds) {
         FileEnds();
         MediaDevice.playAndExit = true;
         FailCall(failing);
-        Play(0, 0);
+        PlayFiles(0, 0);
         EXPECT_TRUE(Await([] { return MainWindow == nullptr; }));
         MSG message;
         PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);

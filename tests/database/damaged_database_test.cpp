@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 
 #include "database/database_changes.h"
 #include "database/database_file.h"
@@ -25,12 +24,17 @@ static std::string Changed(size_t offset, const std::string& bytes) {
     return std::string(kImage).replace(offset, bytes.size(), bytes);
 }
 
+// The damaged file is kept, and files kept earlier are numbered.
 static std::string Rebuilt(const std::string& damaged) {
-    StartOn(damaged);
+    const std::string kept = kDamagedName;
+    UseMemoryFiles();
+    StartOnDisk({{kDatabaseName, damaged}, {kept, "older"}, {kept + "1", "oldest"}});
     EXPECT_EQ(RebuildDatabase(), DatabaseResult::kOk);
-    EXPECT_EQ(FileBytes(DiskAfterEnd(), kDamagedName), damaged);
-    EXPECT_EQ(DiskAfterEnd().size(), 2u);
-    return Database();
+    const std::string rebuilt = Database();
+    const MemorySnapshot after = {
+        {kDatabaseName, rebuilt}, {kept, damaged}, {kept + "1", "oldest"}, {kept + "2", "older"}};
+    EXPECT_EQ(DiskAfterEnd(), after);
+    return rebuilt;
 }
 
 // The discs of a database that keeps every rule, each as the bytes between its pointers.
@@ -61,8 +65,12 @@ static size_t Differing(const List& some, const List& others) {
 TEST(DamagedDatabase, OneDamagedByteConcernsOneDisc) {
     const std::string withoutSecond = DatabaseImage({kDiscs[0], kDiscs[2], kDiscs[3], kDiscs[4]});
     const std::vector<std::string> whole = DiscsIn(kImage);
-    size_t refused = 0, repaired = 0, lost = 0;
+    size_t refused = 0, repaired = 0, disc = 0;
     for (size_t at = 0; at < kImage.size(); ++at) {
+        if (at == kStarts[disc + 1]) ++disc;
+        // What else the file says gives the count, the mark and each of the pointers again.
+        const bool losesNothing =
+            at < kStarts[disc] + kDiscKeyOffset || at >= kStarts[disc + 1] - kTrailerBytes;
         for (const int change : {1, 2, 0x10, 0x80, 0xFF}) {
             SCOPED_TRACE("byte " + std::to_string(at) + " xor " + std::to_string(change));
             std::string damaged = kImage;
@@ -72,21 +80,18 @@ TEST(DamagedDatabase, OneDamagedByteConcernsOneDisc) {
             const bool mended = RecoverDatabase() == RecoveryResult::kRepaired;
             repaired += mended;
             ASSERT_EQ(Database(), mended ? kImage : damaged);
-            // A change is refused, or every other disc that was whole is still there.
+            // A change is refused, or every other disc that was whole is still there. Two of an
+            // entry's pointers are enough to delete it.
             StartOn(damaged);
             const bool deleted = DeleteEntry(kStarts[1]) == DatabaseResult::kOk;
             refused += !deleted;
             ASSERT_LE(Differing(Database(), deleted ? withoutSecond : damaged), deleted ? 2u : 0u);
-
-            const size_t differing = Differing(DiscsIn(Rebuilt(damaged)), whole);
-            ASSERT_LE(differing, 1u);
-            lost += differing;
+            ASSERT_TRUE(deleted || disc != 1 || !losesNothing);
+            ASSERT_LE(Differing(DiscsIn(Rebuilt(damaged)), whole), losesNothing ? 0u : 1u);
         }
     }
     EXPECT_GT(refused, 0u);
     EXPECT_GT(repaired, 0u);
-    std::printf("salvage: %zu damaged bytes, %zu discs differ, never two\n", 5 * kImage.size(),
-                lost);
 }
 
 TEST(DamagedDatabase, EveryLengthOfTheFile) {
@@ -151,23 +156,9 @@ TEST(DamagedDatabase, NothingIsAddedWhereItCouldNotBeFound) {
 }
 
 TEST(DamagedDatabase, WhatIsNoEntryIsNotTaken) {
-    const struct {
-        std::string database;
-        uint32_t deleted;
-    } cases[] = {
-        // What follows the damage cannot be put in order, so it is not touched.
-        {Changed(kStarts[2] + kEntrySizeOffset, std::string(2, '\0')), kStarts[0]},
-        {Changed(kStarts[2] + kEntrySizeOffset, "\xFF\xFF"), kStarts[0]},
-        {kImage, 0},
-        {kImage, 7},
-        {kImage, kStarts[1] + 1},
-        {kImage, kStarts[5]},
-        {kImage, UINT32_MAX},
-    };
-    for (const auto& each : cases) {
-        StartOn(each.database);
-        EXPECT_EQ(DeleteEntry(each.deleted), DatabaseResult::kDamaged) << &each - cases;
-        EXPECT_EQ(Database(), each.database);
+    for (const uint32_t noEntry : {0u, 7u, kStarts[1] + 1, kStarts[5], UINT32_MAX}) {
+        StartOn(kImage);
+        EXPECT_EQ(DeleteEntry(noEntry), DatabaseResult::kDamaged) << noEntry;
     }
     // Up to three stray bytes stand in nobody's way.
     StartOn(kImage + "abc");
@@ -181,6 +172,7 @@ TEST(DamagedDatabase, WhatIsNoEntryIsNotTaken) {
     StartOn(circle.replace(kCountOffset, 2, "\xFF\xFF"));
     CopyDiscToc(SampleDisc(9, 3).toc);
     EXPECT_EQ(FindEntryOffset(60000) + (DiscTitleText().empty() ? 0u : 1u), 0u);
+    EXPECT_LE(SumDatabase().tracks, 270u);
     EXPECT_LT(CallsMade(), 50);
 }
 
@@ -244,28 +236,6 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
     }
 }
 
-TEST(DatabaseSalvage, OneDamagedPointerLosesNothing) {
-    int cases = 0;
-    for (size_t disc = 0; disc < kDiscs.size(); ++disc) {
-        const struct {
-            size_t offset, sizeBytes;
-        } fields[] = {{kCountOffset, 2},
-                      {kStarts[disc], 4},
-                      {kStarts[disc] + kEntrySizeOffset, 2},
-                      {kStarts[disc + 1] - kTrailerBytes, 4}};
-        for (const auto& [offset, sizeBytes] : fields) {
-            for (const std::string& bytes :
-                 {std::string(4, '\0'), std::string(4, '\xFF'), std::string("\x08\0\0\0", 4),
-                  kImage.substr(kStarts[1], 4), kImage.substr(kStarts[3] + 1, 4)}) {
-                const std::string damaged = Changed(offset, bytes.substr(0, sizeBytes));
-                ASSERT_EQ(Rebuilt(damaged), kImage) << "disc " << disc << " at " << offset;
-                ++cases;
-            }
-        }
-    }
-    std::printf("salvage: %d damaged pointers and counts, 0 discs lost\n", cases);
-}
-
 // A stretch of the file overwritten, whatever lies in it, costs the discs it touches and no others.
 TEST(DatabaseSalvage, BehindAStretchOfRubbishTheDiscsGoOn) {
     for (const char rubbish : {'\0', '\x7F', '\xFF'}) {
@@ -278,15 +248,4 @@ TEST(DatabaseSalvage, BehindAStretchOfRubbishTheDiscsGoOn) {
             ASSERT_EQ(Rebuilt(Changed(kStarts[disc], stretch)), DatabaseImage(left)) << disc;
         }
     }
-}
-
-TEST(DatabaseSalvage, FilesKeptEarlierAreNumbered) {
-    UseMemoryFiles();
-    const std::string kept = kDamagedName;
-    const std::string damaged = Changed(kStarts[2], "?");
-    StartOnDisk({{kDatabaseName, damaged}, {kept, "older"}, {kept + "1", "oldest"}});
-    EXPECT_EQ(RebuildDatabase(), DatabaseResult::kOk);
-    const MemorySnapshot after = {
-        {kDatabaseName, kImage}, {kept, damaged}, {kept + "1", "oldest"}, {kept + "2", "older"}};
-    EXPECT_EQ(DiskAfterEnd(), after);
 }

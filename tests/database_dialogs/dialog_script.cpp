@@ -5,11 +5,8 @@
 #include <sstream>
 
 #include "base/app_directory.h"
-#include "base/program_state.h"
 #include "base/settings.h"
-#include "database/database_file.h"
 #include "database/database_format.h"
-#include "resources/ids.h"
 #include "tests/stand_ins.h"
 
 bool IsOpen(HWND dialog) {
@@ -62,25 +59,10 @@ HANDLE HoldDatabase(DWORD shared) {
 
 void DialogTest::SetUp() {
     UseStandIns();
-    ResetDatabaseState();
-    AppDirectory = FreshDirectory();
-    SettingsPath = InAppDirectory("TARNWELL.INI");
-    Settings = {};
-    Settings.soundControls = false;
+    OpenTestWindow(IDC_MODE_WAVE, {});
     Settings.databaseLayout = DatabaseLayout::kAdvanced;
-    ProgramInstance = GetModuleHandleA(nullptr);
-    MainWindow =
-        CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
 }
 
 void DialogTest::TearDown() {
-    DestroyWindow(MainWindow);
-    MainWindow = nullptr;
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA(InAppDirectory("*").c_str(), &found);
-    do {
-        DeleteFileA(InAppDirectory(found.cFileName).c_str());
-    } while (search != INVALID_HANDLE_VALUE && FindNextFileA(search, &found));
-    FindClose(search);
-    RemoveDirectoryA(AppDirectory.c_str());
+    CloseTestWindow();
 }

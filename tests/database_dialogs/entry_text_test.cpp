@@ -15,26 +15,20 @@ TEST(EntryText, LinesBecomeNamesWhateverEndsThem) {
 }
 
 TEST(EntryText, NumbersInFrontAreTakenOffButNamesKeepTheirDigits) {
-    for (const char* line : {"3. Prelude", "03 - Prelude", "12) Prelude", "7: Prelude",
-                             "5\tPrelude", "  1.  Prelude"}) {
+    for (const char* line :
+         {"3. Prelude", "03 - Prelude", "12) Prelude", "7: Prelude", "5\tPrelude", "  1.  Prelude"})
         EXPECT_THAT(SplitTrackNames(line), ElementsAre("Prelude"));
-    }
     EXPECT_THAT(SplitTrackNames("1. 2. Adagio"), ElementsAre("2. Adagio"));
-    for (const char* name : {"99 Balloons", "7-11", "2.5 Degrees", "1812", "1984. A year", "4.",
-                             "4 -", "- no number"}) {
+    for (const char* name :
+         {"99 Balloons", "7-11", "2.5 Degrees", "1812", "1984. A year", "4.", "4 -", "- no number"})
         EXPECT_THAT(SplitTrackNames(name), ElementsAre(name));
-    }
 }
 
 TEST(EntryText, TypedNumbersAreKeptWithinTheDatabase) {
-    struct Case {
-        const char* typed;
-        uint32_t index;
-    };
-    for (const Case& c : {Case{"2", 1}, Case{" 3 ", 2}, Case{"3x", 2}, Case{"4", 2},
-                          Case{"65537", 2}, Case{"4294967297", 2}, Case{"99999999999999999999", 2},
-                          Case{"0", 0}, Case{"-5", 0}, Case{"", 0}, Case{"abc", 0}, Case{"1", 0}}) {
-        EXPECT_EQ(EntryIndexFromText(c.typed, 3), c.index) << c.typed;
-    }
+    const std::pair<const char*, uint32_t> cases[] = {
+        {"2", 1}, {" 3x", 2}, {"4", 2}, {"4294967297", 2}, {"18446744073709551617", 2},
+        {"0", 0}, {"-5", 0},  {"", 0},  {"abc", 0}};
+    for (const auto& [typed, index] : cases)
+        EXPECT_EQ(EntryIndexFromText(typed, 3), index) << typed;
     EXPECT_EQ(EntryIndexFromText("7", 0), 0u);
 }

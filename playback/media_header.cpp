@@ -35,9 +35,10 @@ static std::optional<uint64_t> FindChunk(const ReadFileAt& read, uint64_t offset
 static bool IsWaveStandingStill(const ReadFileAt& read, uint64_t format) {
     uint8_t fields[14];
     if (read(format, fields, sizeof fields) != sizeof fields) return false;
+    const int channels = fields[2] | fields[3] << 8;
     const uint32_t bytesPerSecond = LittleEndian32(fields + 8);
     const int bytesPerBlock = fields[12] | fields[13] << 8;
-    return bytesPerSecond == 0 || bytesPerBlock == 0;
+    return channels == 0 || bytesPerSecond == 0 || bytesPerBlock == 0;
 }
 
 static bool IsSongStandingStill(const ReadFileAt& read, uint64_t offset) {

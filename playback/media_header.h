@@ -9,6 +9,6 @@
 using ReadFileAt = std::function<size_t(uint64_t offset, void* bytes, size_t size)>;
 
 // True when the platform's players would divide by zero on the file, which can end the whole
-// program: a wave file of 0 bytes a second or a block, a MIDI file of 0 ticks a beat. Whatever else
-// a file holds or lacks is for the platform to judge.
+// program: a wave file of 0 channels, 0 bytes a second or 0 bytes a block, a MIDI file of 0 ticks a
+// beat. Whatever else a file holds or lacks is for the platform to judge.
 bool WouldDivideByZero(const ReadFileAt& read);

@@ -44,6 +44,7 @@ TEST(MediaHeader, OnlyAStandingClockIsRefused) {
     } cases[] = {
         {"no bytes a second", true, Wave(Format(0, 2))},
         {"no bytes a block", true, Wave(Format(44100, 0))},
+        {"no channels", true, Wave(Format(44100, 2).replace(10, 2, 2, '\0'))},
         {"one byte of each", false, Wave(Format(1, 1))},
         {"high bytes alone", false, Wave(Format(0x80000000, 0x8000))},
         {"behind a padded chunk", true, Wave(odd + Format(0, 2))},

@@ -52,8 +52,14 @@ TEST_F(MainWindowTest, MediaKeysDriveTheQueue) {
     MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
     EXPECT_EQ(Text(IDC_STATUS), "Playing");
     TakeLog();
+    BYTE keys[256] = {};
+    keys[VK_LBUTTON] = 0x80;
+    SetKeyboardState(keys);
     MediaKey(APPCOMMAND_MEDIA_PREVIOUSTRACK);
     EXPECT_EQ(TakeLog(), Log{"play from 0"});
+    EXPECT_FALSE(MediaDevice.dragging) << "the mouse holds something else";
+    keys[VK_LBUTTON] = 0;
+    SetKeyboardState(keys);
     TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
     MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
     EXPECT_EQ(OpenedFile(), AppDirectory + "b.wav");

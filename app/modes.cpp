@@ -12,8 +12,8 @@
 #include "ui/animations.h"
 #include "ui/click_sounds.h"
 
-// Many controls change at once: the window is drawn when all have.
-// False when there is nothing to hold, because the window is not shown yet.
+// Many controls change at once: the window is drawn when all have. False when there is nothing to
+// hold, because the window is not shown yet.
 static bool HoldDrawing(HWND window) {
     if (!IsWindowVisible(window)) return false;
     SendMessageA(window, WM_SETREDRAW, FALSE, 0);
@@ -41,7 +41,6 @@ static void ShowFileMode(HWND window) {
 
 static void ChangeToFileMode(HWND window, int mode) {
     if (InCdMode()) LeaveCdMode(window);
-    StopAndReset(window);
     SetPlayMode(mode);
     // Once more, so that the scroll bar is reset when the disc has used it.
     StopAndReset(window);
@@ -59,7 +58,6 @@ static void ShowCdMode(HWND window) {
 
 static void ChangeToCdPlayer(HWND window) {
     SetPlayMode(IDC_MODE_CDPLAYER);
-    StopAndReset(window);
     ShowCdMode(window);
 }
 
@@ -75,6 +73,8 @@ void ChangeMode(HWND window, int mode) {
     HWND focused = GetFocus();
     const bool held = HoldDrawing(window);
     CutPlayQueue(window);
+    // While the mode is still the one whose file plays: a film is stopped otherwise than a sound.
+    StopAndReset(window);
     if (mode == IDC_MODE_CDPLAYER) {
         ChangeToCdPlayer(window);
     } else {

@@ -171,9 +171,8 @@ void OnRepeat(HWND window) {
 }
 
 void OnNextFile(HWND window) {
-    MCI_GENERIC_PARMS generic = {};
     if (!MediaDevice.open || PlayQueue.filesLeft == 0) return;
-    if (!SendToDevice(window, MCI_STOP, MCI_WAIT, &generic) || !CloseIfStopped(window)) return;
+    if (!StopDevice(window) || !CloseIfStopped(window)) return;
     ShowStatus(window, "Playing");
     OpenNextFile(window);
     StartPlayTimers(window);

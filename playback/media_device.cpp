@@ -38,6 +38,15 @@ bool QueryDevice(HWND window, DWORD item, DWORD& value) {
     return error == 0;
 }
 
+// The device is open.
+static MCIERROR Stop() {
+    MCI_GENERIC_PARMS generic = {};
+    const MCIERROR error =
+        Mci.send(MediaDevice.id, MCI_STOP, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
+    if (CurrentMode().showsVideo) Sleep(kFilmLeavesMs);
+    return error;
+}
+
 static void ForgetDevice() {
     MediaDevice.id = 0;
     MediaDevice.open = false;
@@ -119,9 +128,8 @@ void ShowPicture(HWND window, bool show) {
 
 void StopAndReset(HWND window) {
     if (MediaDevice.open) {
+        Stop();
         MCI_GENERIC_PARMS generic = {};
-        Mci.send(MediaDevice.id, MCI_STOP, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
-        if (CurrentMode().showsVideo) Sleep(kFilmLeavesMs);
         Mci.send(MediaDevice.id, MCI_CLOSE, MCI_WAIT, reinterpret_cast<DWORD_PTR>(&generic));
         ForgetDevice();
         ShowStatus(window, "Ready");
@@ -139,6 +147,13 @@ void StopAndReset(HWND window) {
         SetPositionThumb(window, 0);
     }
     MediaDevice.seekPause = false;
+}
+
+bool StopDevice(HWND window) {
+    if (!MediaDevice.open) return false;
+    const MCIERROR error = Stop();
+    if (error != 0) ReportMediaError(window, error);
+    return error == 0;
 }
 
 bool CloseDevice(HWND window) {

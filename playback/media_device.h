@@ -46,6 +46,8 @@ void CloseUnplayedDevice();
 // Stops and closes the device, if one is open, and blanks the read-outs.
 void StopAndReset(HWND window);
 
+// Stops the open device, which stays open. False when that failed, which is reported.
+bool StopDevice(HWND window);
 // Closes the open device. False when that failed, which is reported.
 bool CloseDevice(HWND window);
 // True when no device is open, or when it had stopped and is closed now. Failures are reported,

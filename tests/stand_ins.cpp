@@ -25,6 +25,8 @@ constexpr MCIDEVICEID kDrive = 8;
 static DWORD TimeFormat;  // of the file device
 static bool FileDeviceOpen;
 static bool DriveOpen;
+static bool FilmOpen;
+static DWORD FilmStoppedMs;
 
 static std::string StatusItem(const MCI_STATUS_PARMS& status, DWORD_PTR flags) {
     static const std::map<DWORD, const char*> kNames = {
@@ -63,6 +65,14 @@ static bool IsFilm(DWORD_PTR flags, DWORD_PTR parameters) {
     if (!(flags & MCI_DGV_OPEN_PARENT)) return false;
     const auto* film = reinterpret_cast<MCI_DGV_OPEN_PARMSA*>(parameters);
     return IsWindow(film->hWndParent) && film->dwStyle == WS_CHILD;
+}
+
+// A film that is closed right after its stop may still be at work.
+static void CheckFilm(UINT message, DWORD_PTR flags, DWORD_PTR parameters) {
+    if (message == MCI_OPEN) FilmOpen = IsFilm(flags, parameters);
+    if (message == MCI_STOP) FilmStoppedMs = GetTickCount();
+    const bool closes = message == MCI_CLOSE && FilmOpen;
+    EXPECT_TRUE(!closes || GetTickCount() - FilmStoppedMs > 30);
 }
 
 // The name of a command as the log has it, and the flags that it must have.
@@ -135,6 +145,7 @@ static MCIERROR WINAPI FakeSend(MCIDEVICEID device, UINT message, DWORD_PTR flag
     const bool drive = opens ? (flags & MCI_OPEN_TYPE) != 0 : device == kDrive;
     bool& open = drive ? DriveOpen : FileDeviceOpen;
     TheMci.log.push_back(Describe(message, flags, parameters, drive));
+    if (!drive) CheckFilm(message, flags, parameters);
     EXPECT_TRUE(opens || (open && device == (drive ? kDrive : kFileDevice))) << TheMci.log.back();
     if (TheMci.callsToFailure >= 0 && TheMci.callsToFailure-- == 0) return TheMci.failure;
     if (drive && !TheMci.drive) return MCIERR_CANNOT_LOAD_DRIVER;

@@ -23,7 +23,7 @@ using Log = std::vector<std::string>;
 struct FakeMci {
     // One line per command: "open c:\x.wav", "play from 5 to 5", "mode"; to the drive "length 3",
     // "play 5 1:02.30". Flags other than those a command must have are told; a command to a device
-    // that is not open is a failure.
+    // that is not open is a failure, and so is a film's close right after its stop.
     Log log;
     // Answers of the file device's status items, by item; 0 where none is given.
     std::map<DWORD, DWORD> status = {{MCI_STATUS_LENGTH, 2000}, {MCI_STATUS_MODE, MCI_MODE_PLAY}};

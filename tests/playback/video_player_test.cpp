@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "base/settings.h"
+#include "playback/file_player.h"
 #include "playback/media_device.h"
 #include "playback/play_queue.h"
 #include "playback/player_timers.h"
@@ -94,6 +95,14 @@ TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
     Command(IDC_PLAY);
     EXPECT_THAT(TakeActions(), IsSupersetOf({"format 0", "sound off"}));
     EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
+
+    // Two further ways out of a film.
+    Play(0, 1);
+    FileEnds();
+    OnNextFile(MainWindow);
+    EXPECT_EQ(Text(IDC_FILE_NAME), "b.avi");
+    Command(IDC_MODE_CDPLAYER);
+    EXPECT_FALSE(MediaDevice.open || IsPictureShown());
 }
 
 TEST_F(VideoPlayerTest, OnlyQuickTimeFilmsArePausedBeforeASeek) {

@@ -52,27 +52,23 @@ void OnLeaveDirectoryField() {
     const bool changed = TakeTypedDirectory(*directory, invalid);
     Pending = {true, !changed && (!Pending.fill || Pending.keepSelection),
                invalid || Pending.invalidPath};
-    if (IsMouseButtonHeld()) {
-        SetTimer(MainWindow, ID_DIRECTORY_TIMER, kReleasePollMs, nullptr);
-    } else {
-        OnDirectoryTimer();
-    }
+    if (!IsMouseButtonHeld()) FinishDirectoryChange();
+    SetTimer(MainWindow, ID_DIRECTORY_TIMER, kReleasePollMs, nullptr);
 }
 
 void OnDirectoryTimer() {
     if (IsMouseButtonHeld()) return;
     KillTimer(MainWindow, ID_DIRECTORY_TIMER);
     FinishDirectoryChange();
-    if (Pending.invalidPath) PostMessageA(MainWindow, kInvalidPathMessage, 0, 0);
+    const bool invalid = Pending.invalidPath;
     Pending.invalidPath = false;
+    // Also over a dialog that the click has opened: there the user must know that it is about the
+    // files of the directory before.
+    if (invalid) ShowMessage("Invalid path!");
 }
 
 void FinishDirectoryChange() {
     if (!Pending.fill) return;
     Pending.fill = false;
     FillModeList(MainWindow, Pending.keepSelection);
-}
-
-void OnInvalidPath() {
-    ShowMessage("Invalid path!");
 }

@@ -185,9 +185,6 @@ static LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wP
         case WM_HELP:
             OnHelp(window);
             return TRUE;
-        case kInvalidPathMessage:
-            OnInvalidPath();
-            return 0;
         default:
             return DefDlgProcA(window, message, wParam, lParam);
     }

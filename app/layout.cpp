@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "app/main_buttons.h"
+#include "base/handles.h"
 #include "base/scale.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
-#include "ui/handles.h"
 #include "ui/skin_buttons.h"
 
 constexpr int kFileControls[] = {

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "base/file_texts.h"
+#include "base/handles.h"
 
 std::string DisplayName(const std::string& path, const std::string& name) {
     if (path.find_first_of("?*") != std::string::npos) return name;
@@ -12,14 +13,6 @@ std::string DisplayName(const std::string& path, const std::string& name) {
     if (search == INVALID_HANDLE_VALUE) return name;
     FindClose(search);
     return found.cFileName;
-}
-
-// Null when the file cannot be opened.
-static HANDLE OpenToLook(const std::string& path) {
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return file == INVALID_HANDLE_VALUE ? nullptr : file;
 }
 
 static bool ReadSizeText(HANDLE file, std::string& text) {
@@ -39,28 +32,20 @@ static bool ReadDateText(HANDLE file, std::string& text) {
     return true;
 }
 
-template <typename Reader>
-static bool ReadFromFile(const std::string& path, Reader reader) {
-    const HANDLE file = OpenToLook(path);
-    if (file == nullptr) return false;
-    const bool read = reader(file);
-    CloseHandle(file);
-    return read;
-}
-
 bool DescribeFileSize(const std::string& path, std::string& text) {
-    return ReadFromFile(path, [&](HANDLE file) { return ReadSizeText(file, text); });
+    const UniqueFile file = OpenToRead(path);
+    return file && ReadSizeText(file.get(), text);
 }
 
 bool DescribeFileDate(const std::string& path, std::string& text) {
-    return ReadFromFile(path, [&](HANDLE file) { return ReadDateText(file, text); });
+    const UniqueFile file = OpenToRead(path);
+    return file && ReadDateText(file.get(), text);
 }
 
 bool DescribeFile(const std::string& path, std::string& text) {
-    return ReadFromFile(path, [&](HANDLE file) {
-        std::string date;
-        if (!ReadSizeText(file, text)) return false;
-        if (ReadDateText(file, date)) text += date;
-        return true;
-    });
+    const UniqueFile file = OpenToRead(path);
+    std::string date;
+    if (!file || !ReadSizeText(file.get(), text)) return false;
+    if (ReadDateText(file.get(), date)) text += date;
+    return true;
 }

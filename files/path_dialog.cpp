@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/handles.h"
 #include "base/modes.h"
 #include "base/program_state.h"
 #include "base/settings.h"
@@ -13,7 +14,6 @@
 #include "resources/ids.h"
 #include "ui/click_sounds.h"
 #include "ui/dialog_helpers.h"
-#include "ui/handles.h"
 #include "ui/icon_entries.h"
 #include "ui/list_boxes.h"
 #include "ui/skin_buttons.h"

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "base/handles.h"
 #include "base/program_state.h"
 #include "playback/mci.h"
 #include "playback/media_header.h"
@@ -14,7 +15,6 @@
 #include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/dialog_helpers.h"
-#include "ui/handles.h"
 
 MediaDeviceState MediaDevice;
 DriverFlags DriverAvailable;

@@ -5,12 +5,12 @@
 
 #include <digitalv.h>
 
+#include "base/handles.h"
 #include "base/settings.h"
 #include "playback/mci.h"
 #include "playback/media_device.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
-#include "ui/handles.h"
 
 VideoPlayerState VideoPlayer;
 

@@ -1,13 +1,13 @@
 // The decorative animations of the main window.
 #include "ui/animations.h"
 
+#include "base/handles.h"
 #include "base/program_state.h"
 #include "base/settings.h"
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 #include "ui/frame_stepping.h"
 #include "ui/frame_strip.h"
-#include "ui/handles.h"
 
 // A mode's picture: its place in client coordinates, empty without one, and the frame it shows.
 struct Animation {

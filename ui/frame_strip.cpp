@@ -1,8 +1,8 @@
 // Drawing one frame of an animation strip straight onto a window, and what surrounds it there.
 #include "ui/frame_strip.h"
 
+#include "base/handles.h"
 #include "ui/frame_stepping.h"
-#include "ui/handles.h"
 #include "ui/skin.h"
 
 static HPALETTE UsePalette(HDC dc, HPALETTE palette, bool realize) {

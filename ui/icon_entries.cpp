@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "base/handles.h"
 #include "ui/entry_colors.h"
-#include "ui/handles.h"
 #include "ui/skin.h"
 
 constexpr int kGap = 2;  // around icons

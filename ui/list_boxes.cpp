@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "ui/handles.h"
+#include "base/handles.h"
 
 std::string ListText(HWND list, int index) {
     const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);

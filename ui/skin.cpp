@@ -5,9 +5,9 @@
 #include <cstring>
 #include <vector>
 
+#include "base/handles.h"
 #include "base/program_state.h"
 #include "ui/entry_colors.h"
-#include "ui/handles.h"
 #include "ui/recolor.h"
 
 int LargeSkin;

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "ui/handles.h"
+#include "base/handles.h"
 #include "ui/skin.h"
 
 // Bits of the draw state that say whether keyboard cues are hidden, not how the button stands.

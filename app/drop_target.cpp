@@ -20,10 +20,9 @@ static bool IsFolder(const std::string& path) {
 }
 
 static bool HasFiles(const std::string& directory, const Mode& mode) {
-    for (const MediaType& type : mode.types) {
-        if (type.listed != nullptr && !(Settings.*type.listed)) continue;
+    for (const std::string& mask : ListedMasks(mode, Settings)) {
         WIN32_FIND_DATAA found;
-        HANDLE search = FindFirstFileA((directory + "*." + type.extension).c_str(), &found);
+        HANDLE search = FindFirstFileA((directory + mask).c_str(), &found);
         if (search == INVALID_HANDLE_VALUE) continue;
         bool isFile = !(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
         while (!isFile && FindNextFileA(search, &found))

@@ -6,8 +6,8 @@
 #include "app/command_line.h"
 #include "resources/ids.h"
 
-const char kMainWindowTitle[] = "Tarnwell 1.1";
-const char kMainWindowClass[] = "Tarnwell";
+// The main window's title, by which a running program is found.
+constexpr char kMainWindowTitle[] = "Tarnwell 1.1";
 
 // A folder that bears the program's name is shown in a window with the same title.
 static bool IsFolderWindow(HWND window) {

@@ -3,10 +3,6 @@
 
 #include <string>
 
-// The main window's title, by which a running program is found.
-extern const char kMainWindowTitle[];
-extern const char kMainWindowClass[];
-
 // High word of the parameter that marks a forwarded request to play the disc.
 constexpr unsigned kCommandLineMarker = 6969;
 

@@ -30,6 +30,9 @@
 #include "ui/skin.h"
 #include "ui/skin_buttons.h"
 
+// As the window's template names it.
+constexpr char kMainWindowClass[] = "Tarnwell";
+
 static void ShowFirstTexts(HWND window) {
     SetDlgItemTextA(window, IDC_STATUS, "Ready");
     SetDlgItemTextA(window, IDC_SELECTED_COUNT, "0");

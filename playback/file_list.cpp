@@ -30,7 +30,7 @@ void ShowModeLabels(HWND window) {
     ShowControl(window, IDC_SOUND_LABEL, video);
 }
 
-std::string ListEntryText(HWND window, int index) {
+static std::string ListEntryText(HWND window, int index) {
     return ListText(FileList(window), index);
 }
 
@@ -74,7 +74,7 @@ static ListMarks TakeMarks(HWND window) {
 }
 
 static void RestoreMarks(HWND window, const ListMarks& marks) {
-    const auto count = static_cast<int>(SendMessageA(FileList(window), LB_GETCOUNT, 0, 0));
+    const int count = ListCount(FileList(window));
     for (int i = 0; i < count && !marks.selected.empty(); ++i) {
         if (marks.selected.count(ListEntryText(window, i)) != 0)
             SendMessageA(FileList(window), LB_SETSEL, TRUE, i);
@@ -103,9 +103,9 @@ void FillModeList(HWND window, bool keepSelection) {
     SendMessageA(FileList(window), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(FileList(window), nullptr, TRUE);
 
-    const LRESULT count = SendMessageA(FileList(window), LB_GETCOUNT, 0, 0);
-    SetControlText(window, IDC_LIST_COUNT,
-                   std::to_string(count) + " " + CurrentMode().label + " Files:");
+    SetControlText(
+        window, IDC_LIST_COUNT,
+        std::to_string(ListCount(FileList(window))) + " " + CurrentMode().label + " Files:");
 }
 
 void SelectFiles(HWND window, const std::vector<std::string>& names) {

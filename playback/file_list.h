@@ -14,9 +14,6 @@ void FillModeList(HWND window, bool keepSelection = false);
 // The texts that name the mode beside its counts, and which of the two small buttons it has.
 void ShowModeLabels(HWND window);
 
-// The file name of one entry.
-std::string ListEntryText(HWND window, int index);
-
 // Names of the selected entries in list order, at most `limit`.
 std::vector<std::string> SelectedFileNames(HWND window, size_t limit);
 int SelectedFileCount(HWND window);

@@ -139,7 +139,6 @@ static void StartNewQueue(HWND window) {
 }
 
 void OnPlay(HWND window) {
-    if (InCdMode()) return;
     if (MediaDevice.open && MediaDevice.paused) {
         ResumePlay(window);
     } else {

@@ -8,6 +8,7 @@
 // The first state of the file device, the queue and the timers.
 void ResetFilePlayer();
 
+// The commands of the file modes; none may come in cdplayer mode.
 // Play: resumes a pause, else starts a new queue from the list's selection. Without a selection
 // nothing plays and nothing is said. A film that is larger than the frame is played in a window of
 // its own before this returns.

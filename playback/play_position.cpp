@@ -8,7 +8,7 @@ constexpr int64_t kHourMs = 60 * kMinuteMs;
 
 constexpr int kScrollUnits = 1000;
 
-std::string FormatPlayTime(int64_t milliseconds) {
+static std::string FormatPlayTime(int64_t milliseconds) {
     const int64_t time = std::max<int64_t>(milliseconds, 0);
     const int64_t hours = time / kHourMs;
     const int64_t minutes = time % kHourMs / kMinuteMs;
@@ -25,7 +25,8 @@ std::string FormatPlayTime(int64_t milliseconds) {
     return text;
 }
 
-const char* TimeUnitWord(int64_t milliseconds) {
+// Of the largest field shown.
+static const char* TimeUnitWord(int64_t milliseconds) {
     if (milliseconds < 1000) return "Milliseconds";
     if (milliseconds < kMinuteMs) return "Seconds";
     if (milliseconds >= kHourMs) return "Hours";

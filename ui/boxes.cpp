@@ -59,7 +59,6 @@ static INT_PTR CALLBACK QuestionProcedure(HWND dialog, UINT message, WPARAM wPar
     if (HandleBoxLook(dialog, message, wParam, lParam, kQuestionButtons, result)) return result;
     switch (message) {
         case WM_INITDIALOG:
-            QuestionAnswer = kAnswerCancel;
             OnInitBox(dialog, kQuestionButtons, IDS_SOUND_QUESTION);
             return TRUE;
         case WM_COMMAND:

@@ -65,13 +65,13 @@ static int GroundColor(Ground ground) {
     }
 }
 
-// A bitmap resource: header, colour table and pixels, all inside the resource's bytes.
+// A bitmap resource: header, sixteen colours and pixels, all inside the resource's bytes.
 struct BitmapResource {
     const BYTE* bytes;
-    size_t tableOffset;
-    size_t colors;  // in the table
     size_t imageBytes;
 };
+constexpr size_t kTableOffset = sizeof(BITMAPINFOHEADER);
+constexpr size_t kPixelsOffset = kTableOffset + kColorCount * sizeof(RGBQUAD);
 
 // False when there is no such resource or it is not a 16-colour picture with its sizes filled in.
 static bool FindBitmapResource(int id, BitmapResource& found) {
@@ -86,16 +86,15 @@ static bool FindBitmapResource(int id, BitmapResource& found) {
     if (header.biSize != sizeof header || header.biBitCount != 4) return false;
     if (header.biClrUsed != kColorCount || header.biWidth <= 0 || header.biHeight <= 0)
         return false;
-    const size_t headerAndTable = sizeof header + kColorCount * sizeof(RGBQUAD);
-    if (size < headerAndTable || header.biSizeImage > size - headerAndTable) return false;
+    if (size < kPixelsOffset || header.biSizeImage > size - kPixelsOffset) return false;
     const uint64_t rowBytes = (static_cast<uint64_t>(header.biWidth) + 7) / 8 * 4;
     if (rowBytes * static_cast<uint64_t>(header.biHeight) > header.biSizeImage) return false;
-    found = {bytes, header.biSize, header.biClrUsed, header.biSizeImage};
+    found = {bytes, header.biSizeImage};
     return true;
 }
 
-static void RecolorTable(RGBQUAD* table, size_t count, const SkinColors& colors) {
-    for (size_t i = 0; i < std::min(count, kColorCount); ++i) {
+static void RecolorTable(RGBQUAD* table, const SkinColors& colors) {
+    for (size_t i = 0; i < kColorCount; ++i) {
         RGBQUAD& entry = table[i];
         const uint32_t old =
             static_cast<uint32_t>(entry.rgbRed << 16 | entry.rgbGreen << 8 | entry.rgbBlue);
@@ -109,15 +108,13 @@ static void RecolorTable(RGBQUAD* table, size_t count, const SkinColors& colors)
 static HBITMAP LoadSkinBitmap(HDC dc, int id, Ground ground) {
     BitmapResource source;
     if (!FindBitmapResource(id, source)) return nullptr;
-    const size_t pixelsOffset = source.tableOffset + source.colors * sizeof(RGBQUAD);
     // A copy, because resources are read-only and the colours are about to change.
-    std::vector<BYTE> copy(source.bytes, source.bytes + pixelsOffset + source.imageBytes);
+    std::vector<BYTE> copy(source.bytes, source.bytes + kPixelsOffset + source.imageBytes);
     const SkinColors colors = {SystemRgb(GroundColor(ground)), SystemRgb(COLOR_BTNHIGHLIGHT),
                                SystemRgb(COLOR_BTNSHADOW)};
-    RecolorTable(reinterpret_cast<RGBQUAD*>(copy.data() + source.tableOffset), source.colors,
-                 colors);
+    RecolorTable(reinterpret_cast<RGBQUAD*>(copy.data() + kTableOffset), colors);
     const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(copy.data());
-    return CreateDIBitmap(dc, header, CBM_INIT, copy.data() + pixelsOffset,
+    return CreateDIBitmap(dc, header, CBM_INIT, copy.data() + kPixelsOffset,
                           reinterpret_cast<const BITMAPINFO*>(copy.data()), DIB_RGB_COLORS);
 }
 
@@ -136,9 +133,9 @@ static void BuildPalette() {
     for (size_t n = 0; n < std::size(kPaletteSources); ++n) {
         BitmapResource source;
         if (!FindBitmapResource(kPaletteSources[n], source)) continue;
-        for (size_t i = 0; i < std::min(source.colors, kColorCount); ++i) {
+        for (size_t i = 0; i < kColorCount; ++i) {
             RGBQUAD color;
-            memcpy(&color, source.bytes + source.tableOffset + i * sizeof color, sizeof color);
+            memcpy(&color, source.bytes + kTableOffset + i * sizeof color, sizeof color);
             PALETTEENTRY& entry = palette.entry[n * kColorCount + i];
             entry = {color.rgbRed, color.rgbGreen, color.rgbBlue, 0};
             if (entry.peRed == 0xC0 && entry.peGreen == 0xC0 && entry.peBlue == 0xC0) {

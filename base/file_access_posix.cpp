@@ -1,4 +1,5 @@
-// The database's file calls on the machine that builds, for measurements. Each is one system call.
+// The file calls on the machine that builds, for tests, measurements and tarndisc. Each is one
+// system call.
 #include "base/file_access.h"
 
 #include <fcntl.h>

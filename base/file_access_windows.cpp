@@ -1,4 +1,4 @@
-// The database's file calls on Windows.
+// The file calls on Windows.
 #include <windows.h>
 
 #include "base/file_access.h"

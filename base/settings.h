@@ -1,4 +1,4 @@
-// The settings file TARNWELL.INI: what it holds in memory, how its texts are decoded and encoded.
+// The settings file TARNWELL.INI and its copy in memory: reading and writing it.
 #pragma once
 
 #include <string>

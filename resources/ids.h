@@ -253,21 +253,6 @@
 #define IDC_VIDEO_INFO_LENGTH 1415
 #define IDC_VIDEO_INFO_PICTURE 1416
 
-// Dialog 2600: the drive search
-#define IDD_DRIVE_SEARCH 2600
-#define IDC_DRIVE_SEARCH_DETAIL 1640
-#define IDC_DRIVE_SEARCH_START 2010
-#define IDC_DRIVE_SEARCH_STATUS 2033
-#define IDC_DRIVE_SEARCH_FILES_LABEL 2610
-#define IDC_DRIVE_SEARCH_DIRECTORIES_LABEL 2611
-#define IDC_DRIVE_SEARCH_FILES 2612
-#define IDC_DRIVE_SEARCH_DIRECTORIES 2613
-#define IDC_DRIVE_SEARCH_RESULTS 2620
-
-// Dialog 2700: the credits
-#define IDD_CREDITS 2700
-#define IDC_CREDITS_TEXT 2710
-
 // Dialog 1500: the window of a large film; its read-outs and its scroll bar are numbered as in the main
 // window.
 #define IDD_VIDEO 1500
@@ -328,6 +313,9 @@
 #define IDC_ENTRY_ADVANCED 1797
 #define IDC_ENTRY_DISC_COUNT 1798
 #define IDC_ENTRY_DISC_COUNT_CAPTION 1799
+
+// Dialog 1900: the volume mixer
+#define IDD_MIXER 1900
 
 // Dialog 2000: the export to a text file
 #define IDD_EXPORT 2000
@@ -393,8 +381,20 @@
 #define IDC_ENTRY_INDEX_GROUP 1843
 #define IDC_SEARCH_RESULTS 1850
 
-// Dialog 1900: the volume mixer
-#define IDD_MIXER 1900
+// Dialog 2600: the drive search
+#define IDD_DRIVE_SEARCH 2600
+#define IDC_DRIVE_SEARCH_DETAIL 1640
+#define IDC_DRIVE_SEARCH_START 2010
+#define IDC_DRIVE_SEARCH_STATUS 2033
+#define IDC_DRIVE_SEARCH_FILES_LABEL 2610
+#define IDC_DRIVE_SEARCH_DIRECTORIES_LABEL 2611
+#define IDC_DRIVE_SEARCH_FILES 2612
+#define IDC_DRIVE_SEARCH_DIRECTORIES 2613
+#define IDC_DRIVE_SEARCH_RESULTS 2620
+
+// Dialog 2700: the credits
+#define IDD_CREDITS 2700
+#define IDC_CREDITS_TEXT 2710
 
 // Skin bitmaps (RT_BITMAP). Pairs are the small and the large set.
 #define IDB_MAIN_BUTTONS 1

@@ -186,7 +186,7 @@ bool PrepareEntry(HWND window, DiscToc& disc) {
 
 static bool IsDiscPlaying(HWND window) {
     DWORD mode = 0;
-    return IsCdOpen() && QueryDriveMode(window, mode) && mode == MCI_MODE_PLAY;
+    return QueryDriveMode(window, mode) && mode == MCI_MODE_PLAY;
 }
 
 static int CurrentLengthSeconds() {

@@ -27,7 +27,7 @@ static bool QueryReportedOnce(HWND window, DWORD item, bool& failing, DWORD& val
 }
 
 bool QueryDriveMode(HWND window, DWORD& mode) {
-    return QueryReportedOnce(window, MCI_STATUS_MODE, CdPlayer.modeFailing, mode);
+    return IsCdOpen() && QueryReportedOnce(window, MCI_STATUS_MODE, CdPlayer.modeFailing, mode);
 }
 
 static bool QueryMediumPresent(HWND window, DWORD& present) {
@@ -219,7 +219,7 @@ static void LookForDisc(HWND window, bool playedBefore) {
 
 void CdStatusTick(HWND window) {
     DWORD mode = 0;
-    if (!IsCdOpen() || !QueryDriveMode(window, mode)) return;
+    if (!QueryDriveMode(window, mode)) return;
     const bool playedBefore = CdPlayer.state == DiscState::kPlaying;
     const DiscState state = StateOfMode(mode);
     // The drive may have been set going, or not have taken the pause, behind the player's back.

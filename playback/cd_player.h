@@ -21,5 +21,6 @@ void CdStatusTick(HWND window);
 // For the commands
 // Opens the drive and, when it holds a disc, takes it. False when there is no device afterwards.
 bool OpenDriveAndReadDisc(HWND window);
-// The drive's mode; a query that keeps failing is reported once. False on failure.
+// The drive's mode; a query that keeps failing is reported once. False on failure and without a
+// device.
 bool QueryDriveMode(HWND window, DWORD& mode);

@@ -76,6 +76,12 @@ TEST_F(MainWindowTest, MediaKeysDriveTheQueue) {
 }
 
 TEST_F(MainWindowTest, MediaKeysDriveTheDisc) {
+    OpenTestWindow(IDC_MODE_CDPLAYER, {});
+    TheBoxes.answerOk = false;
+    MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
+    EXPECT_EQ(TakeLog(), Log{}) << "without a drive";
+    EXPECT_EQ(TheBoxes.shown.size(), 1u) << "the question for a drive";
+
     InstallFakeDrive({60, 70});
     OpenTestWindow(IDC_MODE_CDPLAYER, {});
     TakeLog();

@@ -198,9 +198,7 @@ bool OnMediaKey(HWND window, int appCommand) {
             if (InCdMode()) {
                 GuardedCommand(window, IDC_SKIP_BACK);
             } else {
-                // The start of the file that plays; a mouse button may be held over something else.
-                OnFileScroll(window, SB_LEFT, 0);
-                OnFileScroll(window, SB_ENDSCROLL, 0);
+                ReturnToStart(window);
             }
             return true;
         default:

@@ -88,3 +88,8 @@ void OnFileScroll(HWND window, int code, int thumb) {
     // The keyboard does not always send an end of scrolling.
     if (GetKeyState(VK_LBUTTON) >= 0) EndScrollAtThumb(window);
 }
+
+void ReturnToStart(HWND window) {
+    OnFileScroll(window, SB_LEFT, 0);
+    OnFileScroll(window, SB_ENDSCROLL, 0);
+}

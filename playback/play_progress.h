@@ -10,5 +10,8 @@ void ShowProgress(HWND window);
 // The end of the file, where it has stopped.
 void ShowEnd(HWND window);
 
+// Plays the file from its start, as the scroll bar would, whatever a mouse button holds meanwhile.
+void ReturnToStart(HWND window);
+
 // WM_HSCROLL of the position scroll bar; thumb is the 16-bit position of the message.
 void OnFileScroll(HWND window, int code, int thumb);

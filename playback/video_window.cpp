@@ -102,6 +102,12 @@ static void OnStop(HWND dialog) {
     PlayClickSound(IDS_SOUND_STOP);
 }
 
+// To the queue's next file, which plays where it fits.
+static void OnNext(HWND dialog) {
+    if (PlayQueue.filesLeft == 0) return;
+    if (StopDevice(dialog) && CloseIfStopped(dialog)) End(dialog, VideoWindowEnd::kEnded);
+}
+
 static void OnClose(HWND dialog) {
     StopAndReset(dialog);
     End(dialog, VideoWindowEnd::kClosed);
@@ -154,6 +160,27 @@ static bool OnCommand(HWND dialog, WPARAM wParam) {
     }
 }
 
+// The keyboard's media row means the film while its window is in front.
+static bool OnMediaKey(HWND dialog, int appCommand) {
+    switch (appCommand) {
+        case APPCOMMAND_MEDIA_PLAY_PAUSE:
+            // A film that has come to its end is open still, but nothing watches it any more.
+            IsPositionTimerRunning(dialog) ? OnPause(dialog) : OnPlay(dialog);
+            return true;
+        case APPCOMMAND_MEDIA_STOP:
+            OnStop(dialog);
+            return true;
+        case APPCOMMAND_MEDIA_NEXTTRACK:
+            OnNext(dialog);
+            return true;
+        case APPCOMMAND_MEDIA_PREVIOUSTRACK:
+            ReturnToStart(dialog);
+            return true;
+        default:
+            return false;
+    }
+}
+
 static INT_PTR CALLBACK VideoProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     INT_PTR result = FALSE;
     if (HandleDialogLook(dialog, message, wParam, lParam, kButtons, result)) return result;
@@ -163,6 +190,9 @@ static INT_PTR CALLBACK VideoProcedure(HWND dialog, UINT message, WPARAM wParam,
             return TRUE;
         case WM_COMMAND:
             return OnCommand(dialog, wParam);
+        case WM_APPCOMMAND:
+            SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+            return OnMediaKey(dialog, GET_APPCOMMAND_LPARAM(lParam));
         case WM_HSCROLL:
             OnFileScroll(dialog, LOWORD(wParam), HIWORD(wParam));
             return TRUE;

@@ -200,6 +200,23 @@ TEST_F(VideoPlayerTest, ALargeFilmPlaysInItsOwnWindowUntilItIsClosed) {
     ExpectShown({{IDC_STATUS, "Ready"}, {IDC_SELECTED_COUNT, "0"}, {IDC_FILE_NAME, ""}});
 }
 
+TEST_F(VideoPlayerTest, MediaKeysMeanTheFilmInItsOwnWindow) {
+    TheMci.picture = kLarge;
+    TheUser = [&](HWND film) {
+        if (!Plays(film)) return false;
+        TakeLog();
+        FileEnds();
+        TheMci.picture = kSmall;
+        for (const int key : {APPCOMMAND_MEDIA_PREVIOUSTRACK, APPCOMMAND_MEDIA_PLAY_PAUSE,
+                              APPCOMMAND_MEDIA_PLAY_PAUSE, APPCOMMAND_MEDIA_NEXTTRACK})
+            SendMessageA(film, WM_APPCOMMAND, 0, MAKELPARAM(0, key));
+        EXPECT_EQ(TakeActions(), (Log{"play from 0", "play", "stop", "close"}));
+        return true;
+    };
+    Play(0, 1);
+    EXPECT_TRUE(Await([] { return Text(IDC_FILE_NAME) == "b.avi"; }));
+}
+
 TEST_F(VideoPlayerTest, AtTheEndOfALargeFilm) {
     TheMci.picture = kLarge;
     const auto playFirst = [] { PlayFiles(0, 0); };

@@ -14,28 +14,24 @@
 #include "resources/ids.h"
 #include "ui/dialog_helpers.h"
 
-static void SetReadout(HWND window, int controlId, const std::string& text) {
-    SetControlText(window, controlId, text);
-}
-
 static void SetTimeReadout(HWND window, int controlId, int seconds) {
-    SetReadout(window, controlId, MinutesSecondsText(seconds));
+    SetControlText(window, controlId, MinutesSecondsText(seconds));
 }
 
 void ShowDiscState(HWND window) {
     static const char* const kWords[] = {"Empty", "Ready", "Playing", "Paused"};
     const auto index = static_cast<int>(CdPlayer.state);
-    SetReadout(window, IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
+    SetControlText(window, IDC_CD_STATUS, index < 0 ? "" : kWords[index]);
     if (!CanEjectDisc()) return;
     const bool empty = CdPlayer.state == DiscState::kEmpty;
     // Like every picture button's, this caption is not drawn: keyboard and screen reader go by it.
-    SetReadout(window, IDC_EJECT, empty ? "&Load" : "E&ject");
-    SetReadout(window, IDC_EJECT_LABEL, empty ? "Load" : "Eject");
+    SetControlText(window, IDC_EJECT, empty ? "&Load" : "E&ject");
+    SetControlText(window, IDC_EJECT_LABEL, empty ? "Load" : "Eject");
 }
 
 void ShowDiscLength(HWND window) {
-    SetReadout(window, IDC_DISC_LENGTH,
-               CdPlayer.discPresent ? MinutesSecondsText(CdPlayer.toc.totalSeconds) : "");
+    SetControlText(window, IDC_DISC_LENGTH,
+                   CdPlayer.discPresent ? MinutesSecondsText(CdPlayer.toc.totalSeconds) : "");
 }
 
 // The file modes use the same scroll bar.
@@ -57,12 +53,12 @@ static bool IsKnownDisc() {
 }
 
 static void ShowTrackTitle(HWND window, int track) {
-    SetReadout(window, IDC_TRACK_TITLE, IsKnownDisc() ? TrackNameText(track) : "");
+    SetControlText(window, IDC_TRACK_TITLE, IsKnownDisc() ? TrackNameText(track) : "");
 }
 
 void ShowTrack(HWND window) {
     const int length = TrackLengthSeconds(CdPlayer.toc, CdPlayer.currentTrack);
-    SetReadout(window, IDC_TRACK_NUMBER, std::to_string(CdPlayer.currentTrack));
+    SetControlText(window, IDC_TRACK_NUMBER, std::to_string(CdPlayer.currentTrack));
     ShowTrackTitle(window, CdPlayer.currentTrack);
     SetTimeReadout(window, IDC_SCROLL_LEFT, 0);
     SetTimeReadout(window, IDC_SCROLL_RIGHT, length);
@@ -89,15 +85,15 @@ void ClearCdReadouts(HWND window) {
                                     IDC_TOTAL_REMAINING, IDC_SCROLL_RIGHT, IDC_TRACK_LENGTH,
                                     IDC_DISC_TITLE,      IDC_TRACK_TITLE};
     for (int id : kReadouts)
-        SetReadout(window, id, "");
+        SetControlText(window, id, "");
     SetDiscThumb(window, 0);
 }
 
 void ShowDiscTitle(HWND window) {
     const bool known = IsKnownDisc();
-    SetReadout(window, IDC_DISC_TITLE, known ? DiscTitleText() : "");
-    SetReadout(window, IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
-    SetReadout(window, IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
+    SetControlText(window, IDC_DISC_TITLE, known ? DiscTitleText() : "");
+    SetControlText(window, IDC_ENTRY, known ? "Edit &Entry" : "Add &Entry");
+    SetControlText(window, IDC_ENTRY_LABEL, known ? "Edit Entry" : "Add Entry");
 }
 
 void RefreshDiscTitles(HWND window) {
@@ -122,7 +118,7 @@ static void ShowDiscControl(HWND window, int controlId, bool show) {
 }
 
 void ShowDiscButtons(HWND window) {
-    SetReadout(window, IDC_TOTAL_TRACKS, std::to_string(CdPlayer.toc.trackCount));
+    SetControlText(window, IDC_TOTAL_TRACKS, std::to_string(CdPlayer.toc.trackCount));
     for (int id :
          {IDC_NEXT_PAGE, IDC_NEXT_PAGE_LABEL, IDC_PREVIOUS_PAGE, IDC_PREVIOUS_PAGE_LABEL}) {
         ShowDiscControl(window, id, CdPlayer.pageCount >= 2);
@@ -132,8 +128,8 @@ void ShowDiscButtons(HWND window) {
         const bool exists = first + i < CdPlayer.toc.trackCount;
         if (exists) {
             const std::string number = std::to_string(first + i + 1);
-            SetReadout(window, IDC_TRACK_FIRST + i, "Track " + number);
-            SetReadout(window, IDC_TRACK_LABEL_FIRST + i, number);
+            SetControlText(window, IDC_TRACK_FIRST + i, "Track " + number);
+            SetControlText(window, IDC_TRACK_LABEL_FIRST + i, number);
         }
         ShowDiscControl(window, IDC_TRACK_FIRST + i, exists);
         ShowDiscControl(window, IDC_TRACK_LABEL_FIRST + i, exists);

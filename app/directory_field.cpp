@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/file_description.h"
 #include "base/program_state.h"
 #include "files/path_check.h"
 #include "playback/file_list.h"
@@ -24,10 +25,6 @@ void ResetDirectoryField() {
     Pending = {};
 }
 
-static bool IsSameDirectory(const std::string& a, const std::string& b) {
-    return lstrcmpiA(a.c_str(), b.c_str()) == 0;
-}
-
 static bool IsMouseButtonHeld() {
     return GetKeyState(VK_LBUTTON) < 0;
 }
@@ -36,11 +33,11 @@ static bool IsMouseButtonHeld() {
 static bool TakeTypedDirectory(const std::string& directory, bool& invalid) {
     const std::string typed = ControlText(MainWindow, IDC_DIRECTORY);
     // A directory that was not touched stays, even one that cannot be entered at the moment.
-    if (IsSameDirectory(typed, directory)) return false;
+    if (IsSameFileName(typed, directory)) return false;
     std::string checked;
     invalid = !CheckTypedDirectory(typed, checked);
     if (invalid) return false;
-    const bool changed = !IsSameDirectory(checked, directory);
+    const bool changed = !IsSameFileName(checked, directory);
     SetModeDirectory(checked);
     return changed;
 }

@@ -1,4 +1,4 @@
-// Size and date texts of a file on disk.
+// Names, size and date texts of files on disk.
 #include "base/file_description.h"
 
 #include <windows.h>
@@ -13,6 +13,14 @@ std::string DisplayName(const std::string& path, const std::string& name) {
     if (search == INVALID_HANDLE_VALUE) return name;
     FindClose(search);
     return found.cFileName;
+}
+
+bool IsSameFileName(const std::string& first, const std::string& second) {
+    const auto lowered = [](std::string text) {
+        CharLowerA(text.data());
+        return text;
+    };
+    return lowered(first) == lowered(second);
 }
 
 static bool ReadSizeText(HANDLE file, std::string& text) {

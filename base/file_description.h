@@ -1,4 +1,4 @@
-// Size and date texts of a file on disk.
+// Names, size and date texts of files on disk.
 #pragma once
 
 #include <string>
@@ -7,6 +7,11 @@
 // with "?" or "*", which stand for letters that the code page does not have, is never looked for:
 // it would find other files.
 std::string DisplayName(const std::string& path, const std::string& name);
+
+// Whether the file system takes two names or paths for one: case does not count, and every other
+// letter does. The system's own comparison of texts goes by words: to it "ss" is the same as the
+// sharp s of code page 1252.
+bool IsSameFileName(const std::string& first, const std::string& second);
 
 // These open the file for reading and keep nobody from using it meanwhile. False,
 // with the text left alone, when the file cannot be opened.

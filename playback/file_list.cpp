@@ -51,9 +51,18 @@ std::vector<std::string> SelectedFileNames(HWND window, size_t limit) {
 }
 
 static int FindEntry(HWND window, const std::string& name) {
-    return static_cast<int>(SendMessageA(FileList(window), LB_FINDSTRINGEXACT,
-                                         static_cast<WPARAM>(-1),
-                                         reinterpret_cast<LPARAM>(name.c_str())));
+    const auto next = [&](int after) {
+        return static_cast<int>(SendMessageA(FileList(window), LB_FINDSTRINGEXACT,
+                                             static_cast<WPARAM>(after),
+                                             reinterpret_cast<LPARAM>(name.c_str())));
+    };
+    // The list compares by words, finds other names too, and begins again behind its end.
+    int last = -1;
+    for (int index = next(last); index > last; index = next(last)) {
+        if (IsSameFileName(ListEntryText(window, index), name)) return index;
+        last = index;
+    }
+    return LB_ERR;
 }
 
 // What the user had marked in the list, by name.

@@ -116,3 +116,18 @@ TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
     EXPECT_EQ(PlayMode, IDC_MODE_WAVE);
     EXPECT_EQ(TakeLog(), Log{}) << "what plays was disturbed";
 }
+
+// To the system's comparison of texts these names are the same.
+TEST_F(MainWindowTest, ANameWithASharpSIsNotTheOneWithTwo) {
+    const std::string sharp = "ma\xdf";
+    OpenTestWindow(IDC_MODE_WAVE, {"mass.wav", sharp + ".wav"});
+    for (const std::string& name : {sharp + ".wav", std::string("mass.wav")}) {
+        Drop({AppDirectory + name});
+        EXPECT_EQ(OpenedFile(), AppDirectory + name);
+    }
+    WaveFilesPath = Make(AppDirectory + "mass\\");
+    const std::string typed = "c" + Make(AppDirectory + sharp + "\\").substr(1);
+    SetDlgItemTextA(MainWindow, IDC_DIRECTORY, typed.c_str());
+    Command(IDC_DIRECTORY, EN_KILLFOCUS);
+    EXPECT_EQ(WaveFilesPath, typed);
+}

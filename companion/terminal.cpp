@@ -15,6 +15,7 @@
 static int ProgressWidth;  // of the line shown; 0 when there is none
 
 void Print(const std::string& text) {
+    ClearProgress();
     fwrite(text.data(), 1, text.size(), stdout);
 }
 

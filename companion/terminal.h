@@ -22,5 +22,5 @@ ExitCode Fail(const std::string& name, const std::string& why);
 
 // Ten times a second at most, and only when the standard error is a terminal.
 void ShowProgress(const char* what, uint64_t done, uint64_t of);
-// Before anything else is told.
+// Printing and telling do it by themselves; to be called at the end of the work.
 void ClearProgress();

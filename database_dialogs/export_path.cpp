@@ -7,6 +7,7 @@
 
 #include "base/app_directory.h"
 #include "base/file_access.h"
+#include "base/file_description.h"
 #include "base/settings.h"
 #include "database/database_format.h"
 
@@ -33,7 +34,7 @@ static bool FactsOf(const std::string& path, FileFacts& facts) {
 }
 
 static bool IsSameFile(const std::string& path, const std::string& other) {
-    if (lstrcmpiA(path.c_str(), FullPath(other).c_str()) == 0) return true;
+    if (IsSameFileName(path, FullPath(other))) return true;
     FileFacts facts;
     FileFacts otherFacts;
     return FactsOf(path, facts) && FactsOf(other, otherFacts) && facts.index != 0 &&

@@ -27,13 +27,19 @@ struct KnownPlace {
     size_t index;
 };
 
+struct FoundDisc {
+    std::string tocKey;
+    std::vector<uint8_t> bytes;  // as EncodeEntry makes them
+};
+
 struct ImportState {
     const CommonOptions& options;
     KnownDiscs policy;
     CatalogueChange change;
     std::unordered_map<std::string, KnownPlace> known;
     SectionLengths lengths;
-    std::string source;  // the one being read
+    std::string source;            // the one being read
+    std::vector<FoundDisc> found;  // in it so far: of a broken one nothing is taken
     int added = 0;
     int skipped = 0;
     int replaced = 0;
@@ -47,13 +53,11 @@ static std::string PlaceIn(const std::string& source, const std::string& where) 
     return where.empty() ? source : source + ": " + where;
 }
 
-static void TakeDisc(ImportState& state, const Disc& disc) {
-    std::vector<uint8_t> bytes = EncodeEntry(disc.toc, disc.fields, 0);
-    const std::string key = TocKey(disc.toc);
-    const auto found = state.known.find(key);
+static void TakeDisc(ImportState& state, FoundDisc& disc) {
+    const auto found = state.known.find(disc.tocKey);
     if (found == state.known.end() || state.policy == KnownDiscs::kBoth) {
-        state.known.try_emplace(key, KnownPlace{true, state.change.additions.size()});
-        state.change.additions.push_back(std::move(bytes));
+        state.known.try_emplace(disc.tocKey, KnownPlace{true, state.change.additions.size()});
+        state.change.additions.push_back(std::move(disc.bytes));
         ++state.added;
     } else if (state.policy == KnownDiscs::kSkip) {
         ++state.skipped;
@@ -61,13 +65,15 @@ static void TakeDisc(ImportState& state, const Disc& disc) {
         const auto [added, index] = found->second;
         auto& list = added ? state.change.additions : state.change.replacements;
         if (list.size() <= index) list.resize(index + 1);
-        list[index] = std::move(bytes);
+        list[index] = std::move(disc.bytes);
         ++state.replaced;
     }
 }
 
 static DiscSink SinkOf(ImportState& state) {
-    return {[&state](const Disc& disc, const std::string&) { TakeDisc(state, disc); },
+    return {[&state](const Disc& disc, const std::string&) {
+                state.found.push_back({TocKey(disc.toc), EncodeEntry(disc.toc, disc.fields, 0)});
+            },
             [&state](const std::string& where, const std::string& what) {
                 Tell(PlaceIn(state.source, where) + ": " + what);
                 ++state.warned;
@@ -114,6 +120,7 @@ static SourceKind KindOf(const fs::path& path, std::string_view start) {
 // A source that cannot be taken as a whole.
 static Refusal ReadSource(ImportState& state, const fs::path& path) {
     state.source = NameOf(path);
+    state.found.clear();
     const SourceKind kind = KindOf(path, FirstBytes(path));
     if (kind == SourceKind::kForeign) {
         return "neither an xmcd file nor named .csv, .json or .ini";
@@ -137,7 +144,11 @@ static Refusal ReadSource(ImportState& state, const fs::path& path) {
         default:
             ReadPlayerIni(text, page, state.lengths, sink);
     }
-    if (taken) return {};
+    if (taken) {
+        for (FoundDisc& disc : state.found)
+            TakeDisc(state, disc);
+        return {};
+    }
     return fault.where.empty() ? fault.what : fault.where + ": " + fault.what;
 }
 
@@ -204,7 +215,7 @@ static ExitCode ReadLengths(const std::string& path, SectionLengths& lengths) {
 }
 
 ExitCode ImportDiscs(const CommonOptions& options, const ImportOptions& imported) {
-    ImportState state{options, imported.known, {}, {}, {}, {}};
+    ImportState state{options, imported.known, {}, {}, {}, {}, {}};
     if (ReadLengths(imported.lengths, state.lengths) != kDone) return kFailed;
     if (const Refusal why = ReadKnownDiscs(state); !why.empty()) return Fail(options.file, why);
     if (ReadSources(state, imported.sources) != kDone) {

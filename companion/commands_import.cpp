@@ -29,7 +29,7 @@ struct KnownPlace {
 
 struct FoundDisc {
     std::string tocKey;
-    std::vector<uint8_t> bytes;  // as EncodeEntry makes them
+    std::vector<uint8_t> bytes;
 };
 
 struct ImportState {
@@ -70,9 +70,15 @@ static void TakeDisc(ImportState& state, FoundDisc& disc) {
     }
 }
 
+// A catalogue's worth of these is held at once, so none keeps the room for the largest entry.
+static std::vector<uint8_t> BytesOf(const Disc& disc) {
+    const std::vector<uint8_t> bytes = EncodeEntry(disc.toc, disc.fields, 0);
+    return {bytes.begin(), bytes.end()};
+}
+
 static DiscSink SinkOf(ImportState& state) {
     return {[&state](const Disc& disc, const std::string&) {
-                state.found.push_back({TocKey(disc.toc), EncodeEntry(disc.toc, disc.fields, 0)});
+                state.found.push_back({TocKey(disc.toc), BytesOf(disc)});
             },
             [&state](const std::string& where, const std::string& what) {
                 Tell(PlaceIn(state.source, where) + ": " + what);
@@ -247,7 +253,7 @@ static Refusal Gather(const std::string& path, CatalogueChange& change,
     CataloguePlace place;
     Disc disc;
     while (ReadNextDisc(catalogue, place, disc)) {
-        std::vector<uint8_t> bytes = EncodeEntry(disc.toc, disc.fields, 0);
+        std::vector<uint8_t> bytes = BytesOf(disc);
         std::vector<size_t>& places = met[TocKey(disc.toc)];
         // Two equal entries of one catalogue both stay: somebody may have put them there.
         const bool known = std::any_of(places.begin(), places.end(), [&](size_t index) {

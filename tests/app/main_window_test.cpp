@@ -96,6 +96,7 @@ TEST_F(MainWindowTest, MediaKeysDriveTheDisc) {
 
 TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
     OpenTestWindow(IDC_MODE_CDPLAYER, {"one.wav", "two.wav", "three.wav", "song.mid", "notes.txt"});
+    EXPECT_TRUE(GetWindowLongA(MainWindow, GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     const std::string files = AppDirectory;
     Drop({files + "notes.txt", files + "two.wav", files + "song.mid", files + "one.wav"});
     EXPECT_EQ(PlayMode, IDC_MODE_WAVE);

@@ -7,11 +7,8 @@
 
 void DesktopTest::SetUp() {
     ASSERT_TRUE(PrepareProgram(player)) << "TARNWELL_EXE names no program";
-    for (const char* driver : {"vdrive.dll", "vfilm.dll", "midimap.dll"}) {
-        const std::string path = std::string("c:\\windows\\system32\\") + driver;
-        ASSERT_NE(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES)
-            << "the release is not built, whose demo devices these desktops have";
-    }
+    ASSERT_NE(GetFileAttributesA("c:\\windows\\system32\\vdrive.dll"), INVALID_FILE_ATTRIBUTES)
+        << "the release is not built, whose demo devices these desktops have";
     PutSetting(player, "TimerSpeed", "1");
     // No pointer in any picture.
     MoveMouse({0, 0});
@@ -78,21 +75,17 @@ void DesktopTest::InsertDisc(const std::vector<int>& trackSeconds) {
         sheet << "TRACK " << i + 1 << (trackSeconds[i] < 0 ? " MODE1/2352" : " AUDIO\nREM TONE 441")
               << "\nREM LENGTH " << seconds / 60 << ":" << seconds % 60 << ":00\n";
     }
-    const std::string name = std::to_string(++discs) + ".cue";
+    static int count = 0;
+    const std::string name = std::to_string(++count) + ".cue";
     WriteFileBytes(player.directory + name, sheet.str());
-    WriteFileBytes(player.directory + "tray.txt", name + "\n");
-}
-
-void DesktopTest::RemoveDisc() {
-    WriteFileBytes(player.directory + "tray.txt", "");
+    WriteFileBytes(player.directory + "tray.txt", trackSeconds.empty() ? "" : name + "\n");
 }
 
 int ReadOutMs(const std::string& text) {
     double value = 0;
-    char unit[16] = "";
-    if (sscanf(text.c_str(), "%lf %15s", &value, unit) != 2) return -1;
-    if (unit == std::string("Seconds")) return static_cast<int>(std::lround(value * 1000));
-    return unit == std::string("Milliseconds") ? static_cast<int>(value) : -1;
+    char unit = '\0';
+    if (sscanf(text.c_str(), "%lf %c", &value, &unit) != 2) return -1;
+    return static_cast<int>(std::lround(unit == 'S' ? value * 1000 : value));
 }
 
 // The tests' own tone has 5,657.

@@ -28,24 +28,20 @@ protected:
     void ExpectMessage(const std::string& text);
 
     // Puts another disc into the demo's drive: humming tracks of so many seconds, and a data track
-    // where they are negative.
+    // where they are negative. Without tracks the drive is empty.
     void InsertDisc(const std::vector<int>& trackSeconds);
-    void RemoveDisc();
 
     std::string Shown(int id) { return Text(player.window, id); }
-    bool WaitForShown(int id, const std::string& text, int deadlineMs = kDeadlineMs) {
-        return WaitForText(player.window, id, text, deadlineMs);
+    bool WaitForShown(int id, const std::string& text) {
+        return WaitForText(player.window, id, text);
     }
     HWND List() { return Control(player.window, IDC_FILE_LIST); }
     std::string MediaDirectory() { return player.directory + "media\\"; }
 
     Program player;
-
-private:
-    int discs = 0;
 };
 
-// The milliseconds that a position read-out below one minute shows; -1 for any other text.
+// The milliseconds that a position read-out below one minute shows; -1 for an empty one.
 int ReadOutMs(const std::string& text);
 
 // Sound is coming out, or has not been for a while.

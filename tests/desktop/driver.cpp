@@ -104,31 +104,26 @@ bool StartProgram(Program& program, const std::string& arguments) {
     return shown && Settle(program);
 }
 
-static int WaitForExit(HANDLE process, int deadlineMs) {
-    if (WaitForSingleObject(process, static_cast<DWORD>(deadlineMs)) != WAIT_OBJECT_0) return -1;
-    DWORD code = 0;
-    GetExitCodeProcess(process, &code);
-    return static_cast<int>(code);
-}
-
 int RunSecondInstance(const Program& program, const std::string& arguments) {
-    HANDLE process = StartProcess(program, arguments);
-    if (!process) return -1;
-    const int code = WaitForExit(process, kDeadlineMs);
-    if (code == -1) TerminateProcess(process, 1);
-    CloseHandle(process);
+    Program second = {program.directory, StartProcess(program, arguments)};
+    const int code = ExitCode(second);
+    EndProgram(second);
     return code;
 }
 
-int ExitCode(Program& program, int deadlineMs) {
-    return WaitForExit(program.process, deadlineMs);
+int ExitCode(const Program& program, int deadlineMs) {
+    const auto limit = static_cast<DWORD>(deadlineMs);
+    if (WaitForSingleObject(program.process, limit) != WAIT_OBJECT_0) return -1;
+    DWORD code = 0;
+    GetExitCodeProcess(program.process, &code);
+    return static_cast<int>(code);
 }
 
 void EndProgram(Program& program) {
     if (!program.process) return;
-    if (WaitForExit(program.process, 0) == -1) {
+    if (ExitCode(program, 0) == -1) {
         TerminateProcess(program.process, 1);
-        WaitForExit(program.process, kDeadlineMs);
+        ExitCode(program);
     }
     CloseHandle(program.process);
     program.process = nullptr;

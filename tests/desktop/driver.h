@@ -41,7 +41,7 @@ bool StartProgram(Program& program, const std::string& arguments = "");
 int RunSecondInstance(const Program& program, const std::string& arguments);
 
 // The exit code once the program has ended, -1 at the deadline.
-int ExitCode(Program& program, int deadlineMs = kDeadlineMs);
+int ExitCode(const Program& program, int deadlineMs = kDeadlineMs);
 
 // Ends the program, whatever it is doing. Harmless when it has ended.
 void EndProgram(Program& program);
@@ -71,7 +71,6 @@ HWND WaitForPopup(const Program& program, int deadlineMs = kDeadlineMs);
 // Waits until the main window is in front again and enabled.
 bool WaitForNoPopup(const Program& program, int deadlineMs = kDeadlineMs);
 
-// List boxes.
 std::vector<std::string> ListTexts(HWND list);
 void SelectAll(HWND list, bool selected);
 bool Select(HWND list, const std::string& text);

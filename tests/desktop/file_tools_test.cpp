@@ -2,15 +2,17 @@
 // program.
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "tests/desktop/desktop_test.h"
 
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 static std::string StubProgram() {
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string own = path;
-    return own.substr(0, own.rfind('\\') + 1) + "command_line_stub.exe";
+    return std::filesystem::path(path).replace_filename("command_line_stub.exe").string();
 }
 
 class FileToolsTest : public DesktopTest {
@@ -44,8 +46,7 @@ TEST_F(FileToolsTest, CopyAsksForEachFileInTheWay) {
         EXPECT_THAT(Text(question, IDC_OVERWRITE_TARGET_SIZE), testing::StartsWith("3 bytes "));
         ClickMouse(CentreOf(Control(question, answer)));
         if (!all) {
-            question = DialogThatShows(IDC_OVERWRITE_TARGET, target + "b.wav");
-            Command(question, IDC_OVERWRITE_CANCEL);
+            Command(DialogThatShows(IDC_OVERWRITE_TARGET, target + "b.wav"), IDC_OVERWRITE_CANCEL);
         }
         EXPECT_TRUE(WaitForNoPopup(player));
         EXPECT_EQ(FileBytes(target + "a.wav"), "new a.wav");
@@ -70,11 +71,10 @@ TEST_F(FileToolsTest, MoveKeepsTheSourceUntilItHasArrived) {
     move = Dialog("Move files");
     SetText(move, IDC_COPY_DESTINATION, deep + "other.wav");
     PressKeyIn(move, VK_RETURN);
-    HWND question = Dialog("Tarnwell Question!");
     std::string missing = player.directory + "new";
     CharUpperA(missing.data());
-    EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
-              "Directory " + missing + " does not exist, create?");
+    HWND question =
+        DialogThatShows(IDC_MESSAGE_TEXT, "Directory " + missing + " does not exist, create?");
     Command(question, IDC_QUESTION_CANCEL);
     EXPECT_TRUE(WaitForText(move, IDC_COPY_STATUS, "Aborted!"));
     EXPECT_NE(GetSetting(player, "WaveMoveToPath"), deep);
@@ -125,19 +125,16 @@ TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
     CreateDirectoryA(tools.c_str(), nullptr);
     ASSERT_TRUE(CopyFileA(StubProgram().c_str(), (tools + "waved.exe").c_str(), TRUE));
     Open(IDC_EDITOR, {"b.wav", "c.wav"});
-    HWND question = Dialog("Tarnwell Question!");
-    EXPECT_EQ(Text(question, IDC_MESSAGE_TEXT),
-              "No editor selected for *.WAV files. Do you want to select one?");
+    HWND question = DialogThatShows(
+        IDC_MESSAGE_TEXT, "No editor selected for *.WAV files. Do you want to select one?");
     PressKeyIn(question, VK_RETURN);
     HWND dialog = Dialog("Select editor for *.WAV files");
-    EXPECT_EQ(Text(dialog, IDC_PROGRAM_NAME), "None selected");
     SetText(dialog, IDC_PROGRAM_LOCATION, tools);
     SetForegroundWindow(dialog);
     ClickMouse(CentreOf(Control(dialog, IDC_PROGRAM_LOCATION)));
     PressKey(VK_TAB);
     HWND programs = Control(dialog, IDC_PROGRAM_LIST);
-    EXPECT_TRUE(WaitUntil([&] { return ListTexts(programs).size() == 1; }));
-    EXPECT_THAT(ListTexts(programs), ElementsAre("waved.exe"));
+    EXPECT_TRUE(WaitUntil([&] { return ListTexts(programs) == std::vector{"waved.exe"s}; }));
     SendMessageA(programs, LB_SETCURSEL, 0, 0);
     Command(dialog, IDC_PROGRAM_SELECT);
     EXPECT_TRUE(WaitForText(dialog, IDC_PROGRAM_NAME, "WAVED.EXE"));

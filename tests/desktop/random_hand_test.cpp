@@ -74,7 +74,7 @@ protected:
         std::vector<int> tracks(static_cast<size_t>(Below(20)));
         for (int& seconds : tracks)
             seconds = (1 + Below(9)) * (Below(8) == 0 ? -1 : 1);
-        tracks.empty() ? RemoveDisc() : InsertDisc(tracks);
+        InsertDisc(tracks);
         Note("disc of " + std::to_string(tracks.size()));
     }
 

@@ -36,23 +36,19 @@ Picture Photograph(HWND window) {
     return picture;
 }
 
-static Picture LoadPicture(int id) {
+const Picture& ResourcePicture(int id) {
+    static std::map<int, Picture> loaded;
+    Picture& picture = loaded[id];
+    if (!picture.pixels.empty()) return picture;
     HMODULE module = LoadLibraryExA(getenv("TARNWELL_EXE"), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     const auto bitmap = static_cast<HBITMAP>(
         LoadImageA(module, MAKEINTRESOURCEA(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
     HDC screen = GetDC(nullptr);
-    Picture picture = ReadBitmap(screen, bitmap);
+    picture = ReadBitmap(screen, bitmap);
     ReleaseDC(nullptr, screen);
     DeleteObject(bitmap);
     FreeLibrary(module);
     return picture;
-}
-
-const Picture& ResourcePicture(int id) {
-    static std::map<int, Picture> loaded;
-    const auto found = loaded.find(id);
-    return found != loaded.end() ? found->second
-                                 : loaded.emplace(id, LoadPicture(id)).first->second;
 }
 
 static bool FollowsSystem(uint32_t color) {

@@ -97,7 +97,7 @@ TEST_F(VideoPlayerTest, AFilmInTheFrameFromItsOpeningToItsEnd) {
     EXPECT_EQ(Text(IDC_LENGTH), "2.000 Seconds");
 
     // Two further ways out of a film.
-    Play(0, 1);
+    PlayFiles(0, 1);
     FileEnds();
     OnNextFile(MainWindow);
     EXPECT_EQ(Text(IDC_FILE_NAME), "b.avi");
@@ -202,18 +202,16 @@ TEST_F(VideoPlayerTest, ALargeFilmPlaysInItsOwnWindowUntilItIsClosed) {
 
 TEST_F(VideoPlayerTest, MediaKeysMeanTheFilmInItsOwnWindow) {
     TheMci.picture = kLarge;
-    TheUser = [&](HWND film) {
-        if (!Plays(film)) return false;
-        TakeLog();
-        FileEnds();
-        TheMci.picture = kSmall;
-        for (const int key : {APPCOMMAND_MEDIA_PREVIOUSTRACK, APPCOMMAND_MEDIA_PLAY_PAUSE,
-                              APPCOMMAND_MEDIA_PLAY_PAUSE, APPCOMMAND_MEDIA_NEXTTRACK})
-            SendMessageA(film, WM_APPCOMMAND, 0, MAKELPARAM(0, key));
-        EXPECT_EQ(TakeActions(), (Log{"play from 0", "play", "stop", "close"}));
-        return true;
-    };
-    Play(0, 1);
+    UseFilm([] { PlayFiles(0, 1); },
+            [](HWND film) {
+                TakeLog();
+                FileEnds();
+                TheMci.picture = kSmall;
+                for (const int key : {APPCOMMAND_MEDIA_PREVIOUSTRACK, APPCOMMAND_MEDIA_PLAY_PAUSE,
+                                      APPCOMMAND_MEDIA_PLAY_PAUSE, APPCOMMAND_MEDIA_NEXTTRACK})
+                    SendMessageA(film, WM_APPCOMMAND, 0, MAKELPARAM(0, key));
+                EXPECT_EQ(TakeActions(), (Log{"play from 0", "play", "stop", "close"}));
+            });
     EXPECT_TRUE(Await([] { return Text(IDC_FILE_NAME) == "b.avi"; }));
 }
 

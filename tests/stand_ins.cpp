@@ -213,8 +213,12 @@ std::string FreshDirectory() {
     static int count = 0;
     char temporary[MAX_PATH] = {};
     GetTempPathA(sizeof temporary, temporary);
-    const std::string own = std::to_string(GetCurrentProcessId()) + "_" + std::to_string(count++);
-    return Make(temporary + ("tarnwell" + own) + "\\");
+    // Process ids come again, and with them what another test program has left behind.
+    std::string path;
+    do {
+        path = temporary + ("tarnwell" + std::to_string(count++)) + "\\";
+    } while (!CreateDirectoryA(path.c_str(), nullptr) && GetLastError() == ERROR_ALREADY_EXISTS);
+    return path;
 }
 
 void OpenTestWindow(int mode, const std::vector<std::string>& files) {

@@ -131,20 +131,22 @@ TEST(Search, StartsWhereItIsToldAndTellsHowFarItIs) {
 }
 
 TEST(Search, OnlyNinetyNineTracksAreSearchedAndDamageEndsTheWalk) {
-    const std::string image = DatabaseImage({SampleDisc(1, 3), SampleDisc(1, 3)});
     const SearchQuery query = {.text = "Label", .fields = {}};
-    const auto findIn = [&](size_t offset, const std::string& bytes) {
-        StartOn(std::string(image).replace(offset, bytes.size(), bytes));
-        return Find(query);
-    };
-    // A count that no writer makes: what follows is read as tracks for as long as the file lasts.
-    for (const auto& [entry, field] : findIn(kHeaderBytes + kTrackCountOffset, "\xFF"))
-        EXPECT_TRUE(field < 99 || field >= 100) << entry;
+    // The name of a hundredth track, put in by hand.
+    Disc disc = SampleDisc(1, 99);
+    std::fill_n(disc.fields.trackNames, 99, "");
+    std::string hundred = DatabaseImage({disc});
+    ++hundred[kHeaderBytes + kTrackCountOffset];
+    hundred.insert(kHeaderBytes + kTracksOffset + 99 * 3, "\5Label--");
     // The chain leads back to its beginning.
-    EXPECT_THAT(findIn(kHeaderBytes, std::string("\x08\0\0\0", 4)), ElementsAre(Pair(0, 103)));
+    std::string circle = DatabaseImage({SampleDisc(1, 3), SampleDisc(1, 3)});
+    circle.replace(kHeaderBytes, 4, std::string("\x08\0\0\0", 4));
+    for (const std::string& damaged : {hundred, circle}) {
+        StartOn(damaged);
+        EXPECT_THAT(Find(query), ElementsAre(Pair(0, 103)));
+    }
     StartOnDisk({});
     EXPECT_THAT(Find(query), IsEmpty());
-    EXPECT_EQ(OpenHandles(), 0);
 }
 
 TEST(DatabaseWalk, NumberedEntriesAndTotals) {

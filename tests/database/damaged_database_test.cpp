@@ -213,6 +213,7 @@ TEST(DamagedDatabase, WhatComesBackAtStart) {
         {none, none, none, kNothingToDo, none},
         {older, kImage, none, kNothingToDo, older},
         {older, kImage, kImage, kNothingToDo, older},
+        {DatabaseImage({}), none, older, kNothingToDo, DatabaseImage({})},
         {uncounted, none, older, kRepaired, kImage},
         {damaged, none, older, kDamaged, damaged},
         // What is shorter than a header counts as missing, also beside a new file alone.

@@ -29,9 +29,10 @@ TEST(TextContains, DoesNotGoBackBehindAPartialMatch) {
         EXPECT_EQ(TextContains(c.field, c.text), c.found) << c.field << " / " << c.text;
 }
 
-static void LowerAscii(std::string& text) {
+static void LowerLatin(std::string& text) {
     for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+        const bool isUpper = (c >= 'A' && c <= 'Z') || (c >= '\xC0' && c <= '\xDE' && c != '\xD7');
+        if (isUpper) c = static_cast<char>(c + ('a' - 'A'));
     }
 }
 
@@ -81,8 +82,8 @@ TEST(Search, TheFirstEnabledFieldThatHoldsTheTextCounts) {
         const std::string& notes = discs[random() % discs.size()].fields.notes;
         SearchQuery query;
         query.text = notes.substr(notes.empty() ? 0 : random() % notes.size(), 1 + random() % 9);
-        if (round % 2) query.lowerCase = LowerAscii;
-        if (round % 2) LowerAscii(query.text);
+        if (round % 2) query.lowerCase = LowerLatin;
+        if (round % 2) LowerLatin(query.text);
         query.fields.track = random() % 4 > 0;
         for (const auto& each : kTexts)
             query.fields.*each.searched = random() % 4 > 0;

@@ -22,7 +22,7 @@ TEST(DestinationPath, TypedDestinations) {
         {"\\music", invalid},
         {"d:\\music", invalid},  // no such drive
         {"c", "c:\\"},
-        {"cx", "c:\\"},
+        {"ax", "a:\\"},
         {"c|/music", "c:\\music\\"},
         {"c:\\/\\music//a\\\\b/", "c:\\music\\a\\b\\"},
         {"c:\\12345678\\x", "c:\\12345678\\x\\"},
@@ -36,7 +36,8 @@ TEST(DestinationPath, TypedDestinations) {
         {"c:\\" + std::string(5000, '\\'), "c:\\"},
     };
     for (const auto& [typed, path] : cases)
-        EXPECT_EQ(Normalized(typed, {"C:\\", "c:\\", "c:\\program files\\"}), path) << typed;
+        EXPECT_EQ(Normalized(typed, {"C:\\", "a:\\", "c:\\", "c:\\program files\\"}), path)
+            << typed;
     EXPECT_EQ(Normalized("c:\\" + std::string(227, 'a'), {"c:\\"}).size(), kMaxDestination);
 }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/database/memory_files.h"
 
 static const char kSource[] = "source.wav";
@@ -88,6 +90,21 @@ TEST_F(FileCopyTest, FilesThatNothingTellsApartAreNotReplaced) {
     StartOnDisk({{kSource, bytes}});
     FileCalls.facts = [](FileHandle, FileFacts&) { return FileStatus::kOk; };
     EXPECT_EQ(Move(), CopyResult::kFailed);
+}
+
+TEST_F(FileCopyTest, NobodyIsAskedInVainAndEveryBlockIsTold) {
+    StartOnDisk({{kSource, bytes}});
+    std::vector<uint64_t> told;
+    bool started = false;
+    const CopyWatcher watcher = {[] { return false; }, [&] { started = told.empty(); },
+                                 [&](uint64_t done, uint64_t total) {
+                                     told.push_back(done);
+                                     EXPECT_EQ(total, bytes.size());
+                                 }};
+    EXPECT_EQ(CopyOneFile(kSource, kTarget, watcher), CopyResult::kDone);
+    EXPECT_TRUE(started);
+    EXPECT_EQ(std::set(told.begin(), told.end()).size(), 4u) << "where the blocks begin and end";
+    EXPECT_EQ(told.size(), 8u) << "before and after each, and where the end is found";
 }
 
 TEST_F(FileCopyTest, AFileInTheWayIsReplacedOnlyWhenTheUserSaysSo) {

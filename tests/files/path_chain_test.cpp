@@ -15,7 +15,7 @@ TEST(PathChain, AnyStoredTextIsADirectory) {
         {"d:music", "c:\\"},
         {"1:\\", "c:\\"},
         {"\\\\server\\share", "c:\\"},
-        {"d:\\", "d:\\"},
+        {"a:\\", "a:\\"},
         {"C:\\Music", "C:\\Music\\"},
         {"c:\\music\\", "c:\\music\\"},
         {longest, longest + "\\"},
@@ -61,7 +61,7 @@ TEST(PathText, TypedDirectories) {
     const std::string refused = "untouched";
     const std::pair<std::string, std::string> cases[] = {
         {"c:music", "c:\\music\\"},
-        {"cx\\media", "c:\\media\\"},
+        {"ax\\media", "a:\\media\\"},
         {"c", "c:\\"},
         {"c:\\", "c:\\"},
         {"c:/a\\b/C", "c:\\a\\b\\C\\"},

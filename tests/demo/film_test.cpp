@@ -36,10 +36,6 @@ TEST(FilmFile, GivesBackEveryPictureAndSample) {
     std::istringstream file = Stream(SmallFilm());
     Film film;
     ASSERT_TRUE(ReadFilm(file, film));
-    EXPECT_EQ(film.width, 5U);
-    EXPECT_EQ(film.height, 3U);
-    EXPECT_EQ(film.lengthMs, 500U);
-    ASSERT_EQ(film.frames.size(), 4U);
     for (int frame = 0; frame < 4; ++frame) {
         const Bytes picture = Picture(frame);
         std::vector<uint8_t> rows;

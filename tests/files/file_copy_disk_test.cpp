@@ -1,31 +1,19 @@
 // Copying and moving on the system's own disk: what a disk in memory cannot show.
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include <fstream>
 #include <iterator>
 
 #include "base/file_description.h"
 #include "files/destination_drive.h"
 #include "files/file_copy.h"
+#include "tests/stand_ins.h"
 
 class FileCopyDiskTest : public testing::Test {
 protected:
     void SetUp() override {
-        char temporary[MAX_PATH] = "";
-        GetTempPathA(sizeof temporary, temporary);
-        directory = std::string(temporary) + "file_copy_disk_test\\";
-        CreateDirectoryA(directory.c_str(), nullptr);
-        source = Make("source.wav", "whole");
-        target = directory + "target.wav";
-        DeleteFileA(target.c_str());
+        Make(directory + "folder\\");
+        std::ofstream(source, std::ios::binary) << "whole";
     }
 
-    std::string Make(const std::string& name, const std::string& bytes) {
-        const std::string path = directory + name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
-    }
     static std::string Bytes(const std::string& path) {
         std::ifstream file(path, std::ios::binary);
         if (!file) return "(no file)";
@@ -35,9 +23,9 @@ protected:
         return MoveOneFile(source, to, {[] { return true; }, [] {}, [](uint64_t, uint64_t) {}});
     }
 
-    std::string directory;
-    std::string source;
-    std::string target;
+    const std::string directory = FreshDirectory();
+    const std::string source = directory + "source.wav";
+    const std::string target = directory + "target.wav";
 };
 
 TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
@@ -45,7 +33,7 @@ TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
     const auto refuseAll = [&] {
         for (const std::string& same :
              {target, directory + "SOURCE.WAV", directory + ".\\source.wav",
-              directory + "..\\file_copy_disk_test\\source.wav"}) {
+              directory + "folder\\..\\source.wav"}) {
             EXPECT_EQ(Move(same), CopyResult::kOverItself) << same;
             EXPECT_EQ(Bytes(source), "whole") << same;
         }
@@ -60,7 +48,6 @@ TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
 }
 
 TEST_F(FileCopyDiskTest, TargetsThatCannotTakeAFile) {
-    CreateDirectoryA((directory + "folder").c_str(), nullptr);
     for (const char* name : {"folder", "nul", "missing\\a.wav", "a\tb?.wav"}) {
         EXPECT_EQ(Move(directory + name), CopyResult::kFailed) << name;
         EXPECT_EQ(Bytes(source), "whole") << name;

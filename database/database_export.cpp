@@ -74,14 +74,14 @@ static DatabaseResult WriteEntries(WindowReader& reader, uint32_t entryCount,
 
 DatabaseResult ExportDatabase(FileHandle exportFile, const ExportRequest& request,
                               const StatusLine& status) {
-    ScopedFile database;
-    if (!OpenDatabaseToRead(database)) return DatabaseResult::kReadFailed;
-    WindowReader reader;
-    StartReading(reader, database.handle);
-    uint16_t entryCount = 0;
-    ReadEntryCount(reader, entryCount);
-    if (reader.failed) return DatabaseResult::kReadFailed;
     try {
+        ScopedFile database;
+        if (!OpenDatabaseToRead(database)) return DatabaseResult::kReadFailed;
+        WindowReader reader;
+        StartReading(reader, database.handle);
+        uint16_t entryCount = 0;
+        ReadEntryCount(reader, entryCount);
+        if (reader.failed) return DatabaseResult::kReadFailed;
         std::vector<uint32_t> starts;
         if (request.compare != nullptr) {
             const DatabaseResult ordered =

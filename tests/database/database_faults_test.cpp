@@ -50,7 +50,8 @@ static std::vector<Change> AllChanges() {
     damaged[EntryStarts(discs)[1]] ^= 1;
     const MemorySnapshot plain = DiskWith(whole);
     const MemorySnapshot unsorted = DiskWith(DatabaseImage({discs[2], discs[1], discs[0]}));
-    const MemorySnapshot large = DiskWith(DatabaseImage({LargestDisc(), LargestDisc(), discs[2]}));
+    // What stays takes two writes: one that is lost leaves the file as long as it was to be.
+    const MemorySnapshot large = DiskWith(DatabaseImage(std::vector<Disc>(4, LargestDisc())));
     const MemorySnapshot leftovers = {{kDatabaseName, whole},
                                       {kBackupName, DatabaseImage({SampleDisc(9, 9)})},
                                       {kNewDatabaseName, "rubbish"}};

@@ -100,13 +100,13 @@ TEST(Search, TheFirstEnabledFieldThatHoldsTheTextCounts) {
 TEST(Search, CodesMatchOnlyInTheirGroup) {
     std::vector<Disc> discs(5, SampleDisc(1, 2));
     for (uint8_t i = 0; i < 5; ++i) {
-        discs[i].fields.recordingCode = i;  // the last one stands for no button
-        discs[i].fields.discType = static_cast<uint8_t>(3 - i % 4);
+        discs[i].fields.recordingCode = i;  // 4 and more stand for no button
+        discs[i].fields.discType = static_cast<uint8_t>(i + 1);
         discs[i].fields.discSize = i;
     }
     StartOn(DatabaseImage(discs));
-    const std::pair<int, std::vector<int>> cases[] = {
-        {105, {0}}, {108, {3}}, {109, {3}}, {112, {0, 4}}, {113, {0}}, {114, {1, 2, 3, 4}}};
+    const std::pair<int, std::vector<int>> cases[] = {{105, {0}}, {108, {3}}, {109, {}},
+                                                      {110, {0}}, {113, {0}}, {114, {1, 2, 3, 4}}};
     for (const auto& [code, entries] : cases) {
         SearchQuery query;
         query.code = code;

@@ -277,6 +277,7 @@ TEST_F(CdCommandsTest, RequestsBehindADialogLeaveAPlayingFileAlone) {
         EXPECT_EQ(Thumb(), 640);
         EXPECT_FALSE(IsShown(IDC_TRACK_FIRST));
     }
+    EXPECT_EQ(CdPlayer.toc.trackCount, 3);
     Command(IDC_MODE_CDPLAYER);
     ExpectShown({{IDC_TRACK_NUMBER, "3"}});
     EXPECT_EQ(Range(), 90);

@@ -14,12 +14,8 @@ TEST(FileInfoTexts, FrameRatesAreCutToThousandthsAndFilledWithZeros) {
         EXPECT_EQ(FrameRateText(frames, lengthMs), text);
 }
 
-TEST(FileInfoTexts, FormatsChannelsAndPictures) {
-    EXPECT_EQ(WaveFormatText(44100, 16), "44100 Hz, 16 Bit");
+TEST(FileInfoTexts, WhatDriversAndFilesSeldomTell) {
     EXPECT_EQ(WaveFormatText(8000, std::nullopt), "8000 Hz");
-    const char* const channels[] = {"Mono", "Mono", "Stereo", "Mono"};
-    for (uint32_t count = 0; count < 4; ++count)
-        EXPECT_EQ(ChannelsText(count), channels[count]) << count;
-    EXPECT_EQ(PictureSizeText(320, -240), "320 x 240 Pixels");
+    EXPECT_EQ(ChannelsText(6), "Mono");
     EXPECT_EQ(PictureSizeText(INT32_MIN, 0), "2147483648 x 0 Pixels");
 }

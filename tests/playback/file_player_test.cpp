@@ -116,21 +116,13 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
     EXPECT_GT(commands, 0);
 }
 
-TEST_F(FilePlayerTest, NoBoxIsEmptyAndNoTextRunsOverItsEnd) {
-    FailCall(0, kErrorWithoutText);
-    PlayFiles(0, 0);
-    ShowMessage(std::string(300, 'x'));
-    EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INTERNAL),
-                                   std::string(kMessageTextSize - 1, 'x')}));
-}
-
-TEST_F(FilePlayerTest, PauseAndResume) {
+TEST_F(FilePlayerTest, APauseKeepsItsPlaceAndDoesNotOutliveItsDevice) {
     Command(IDC_PAUSE);
     Command(IDC_PLAY);
     Scroll(SB_PAGERIGHT);
     EXPECT_EQ(TakeLog(), Log{}) << "nothing is open, nothing selected";
     ExpectIdle();
-    PlayFirst(1);
+    PlayFirst(2);
     Command(IDC_PAUSE);
     EXPECT_FALSE(IsPositionTimerRunning(MainWindow));
     Scroll(SB_PAGERIGHT);
@@ -141,15 +133,9 @@ TEST_F(FilePlayerTest, PauseAndResume) {
 
     FileEnds();
     Command(IDC_PAUSE);
-    EXPECT_EQ(TakeLog(), Log{"mode"}) << "no pause for a stopped device";
-    EXPECT_EQ(Text(IDC_STATUS), "Paused");
-}
-
-TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
-    PlayFirst(2);
-    Command(IDC_PAUSE);
     Command(IDC_MODE_WAVE);
-    EXPECT_EQ(TakeLog(), (Log{"mode", "pause"})) << "the mode it has already";
+    EXPECT_EQ(TakeLog(), Log{"mode"}) << "no pause for a stopped device, no change of mode";
+    EXPECT_EQ(Text(IDC_STATUS), "Paused");
     Command(IDC_MODE_MIDI);
     ExpectIdle();
     Command(IDC_MODE_WAVE);
@@ -161,14 +147,15 @@ TEST_F(FilePlayerTest, APauseDoesNotOutliveItsDevice) {
 
 TEST_F(FilePlayerTest, ScrollingSeeksAndAnIdleScrollBarRevivesNothing) {
     PlayFirst(3);
-    Scroll(SB_LINERIGHT);
+    HoldKey(VK_LBUTTON, [] { Scroll(SB_LINERIGHT); });
     EXPECT_EQ(TakeLog(), Log{"play from 2"});
+    EXPECT_TRUE(MediaDevice.dragging);
+    Scroll(SB_ENDSCROLL);
+    EXPECT_FALSE(MediaDevice.dragging);
     Scroll(SB_THUMBTRACK, 500);
     EXPECT_EQ(Text(IDC_POSITION), "1.000 Seconds");
-    Tick();
-    EXPECT_EQ(Text(IDC_POSITION), "1.000 Seconds") << "the read-out stays with the dragged thumb";
     Scroll(SB_THUMBPOSITION, 500);
-    EXPECT_FALSE(MediaDevice.dragging);
+    EXPECT_EQ(PositionThumb(MainWindow), 500);
     FailCall(0);
     Tick();  // the queue breaks with files left
     TakeLog();
@@ -211,23 +198,21 @@ TEST_F(FilePlayerTest, WhileABoxIsOpenTheWindowBehindItIsDeaf) {
 }
 
 TEST_F(FilePlayerTest, ARequestToEndWithTheQueueGoesWithItsErrorAndItsStop) {
-    SelectFiles(0, 0);
+    MediaDevice.playAndExit = true;
+    FailCall(0);
+    PlayFiles(0, 0);
+    EXPECT_FALSE(MediaDevice.playAndExit);
+    // The opening of a second round: mode, close, open.
+    MediaDevice.playAndExit = true;
+    PlayFiles(0, 0);
+    EXPECT_TRUE(MediaDevice.playAndExit) << "Play itself keeps the request";
     PlayQueue.repeat = true;
-    // At the first opening, and at that of a second round: mode, close, open.
-    for (const int failing : {0, 2}) {
-        MediaDevice.playAndExit = true;
-        if (failing == 0) FailCall(failing);
-        Command(IDC_PLAY);
-        EXPECT_EQ(MediaDevice.playAndExit, failing != 0) << "Play itself keeps the request";
-        if (failing == 0) continue;
-        PlayQueue.repeat = true;
-        FileEnds();
-        Tick();
-        FailCall(failing);
-        Tick();
-        ExpectIdle();
-        EXPECT_FALSE(MediaDevice.playAndExit);
-    }
+    FileEnds();
+    Tick();
+    FailCall(2);
+    Tick();
+    ExpectIdle();
+    EXPECT_FALSE(MediaDevice.playAndExit);
     MediaDevice.playAndExit = true;
     Command(IDC_STOP);
     EXPECT_FALSE(MediaDevice.playAndExit);
@@ -252,19 +237,24 @@ TEST_F(FilePlayerTest, AThumbHeldAtTheEndHoldsTheFile) {
     }
 }
 
-TEST_F(FilePlayerTest, WhatNothingCanPlayIsNotOpened) {
-    // Its player in the platform would take the program with it.
+TEST_F(FilePlayerTest, WhatCannotPlayIsToldInWordsThatFit) {
+    FailCall(0, kErrorWithoutText);
+    PlayFiles(0, 0);
+    // Its player in the platform would take the program with it: it is not opened.
     const char wave[] = "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\x55\0\1\0\x22\x56\0\0\0\0\0\0\1\0\0";
     std::ofstream(WaveFilesPath + "a.wav", std::ios::binary).write(wave, sizeof wave);
     PlayFiles(0, 0);
     DriverAvailable.wave = false;
     PlayQueue.repeat = true;
     PlayFiles(1, 1);
-    EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INVALID_FILE),
-                                   "No MCI Sound driver installed. Can't play file!"}));
-    ExpectIdle();
     EXPECT_FALSE(PlayQueue.repeat);
+    ExpectIdle();
+    EXPECT_EQ(TakeLog(), Log{OpeningOf("a.wav")[0]});
+    ShowMessage(std::string(300, 'x'));
+    EXPECT_EQ(TheBoxes.shown, (Log{"error " + std::to_string(MCIERR_INTERNAL),
+                                   "error " + std::to_string(MCIERR_INVALID_FILE),
+                                   "No MCI Sound driver installed. Can't play file!",
+                                   std::string(kMessageTextSize - 1, 'x')}));
 }
 
 TEST_F(FilePlayerTest, AQueueThatEndsTheProgramWaitsForAnOpenBox) {

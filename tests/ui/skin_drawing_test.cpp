@@ -104,11 +104,6 @@ TEST_F(SkinDrawing, FocusIsSeenOnceTheKeyboardIsUsed) {
     EXPECT_EQ(drawWhileHeld(VK_LBUTTON, ODS_FOCUS), without);
 }
 
-static void ChangeSystemColour(int element, COLORREF colour) {
-    SetSysColors(1, &element, &colour);
-    SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
-}
-
 TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
     RECT client = {};
     GetClientRect(MainWindow, &client);
@@ -123,7 +118,8 @@ TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
         Settings.entryFieldColorization = colorization;
         const COLORREF before = GetSysColor(element);
         for (const COLORREF colour : {strange, before}) {
-            ChangeSystemColour(element, colour);
+            SetSysColors(1, &element, &colour);
+            SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
             PumpMessages();
             EXPECT_EQ(GetPixel(window, bare.x, bare.y), colour);
             Draw(ODA_SELECT, ODS_SELECTED);

@@ -96,8 +96,8 @@ TEST_F(CdCommandsTest, PausedDiscReportsStopAndResumesWhateverTheTrack) {
     ExpectShown({{IDC_CD_STATUS, "Paused"}, {IDC_TRACK_NUMBER, "2"}});
     TakeLog();
     OnCdPlay(MainWindow, 1);
-    EXPECT_THAT(TakeLog(), ElementsAre("play"));
     OnCdPause(MainWindow);
+    EXPECT_THAT(TakeLog(), ElementsAre("play", "mode", "pause"));
     OnTrackButton(MainWindow, IDC_TRACK_FIRST + 1);
     EXPECT_FALSE(CdPlayer.paused);
     OnCdPause(MainWindow);

@@ -14,8 +14,9 @@ TEST(FileInfoTexts, FrameRatesAreCutToThousandthsAndFilledWithZeros) {
         EXPECT_EQ(FrameRateText(frames, lengthMs), text);
 }
 
-TEST(FileInfoTexts, WhatDriversAndFilesSeldomTell) {
+TEST(FileInfoTexts, FormatsChannelsAndPictures) {
     EXPECT_EQ(WaveFormatText(8000, std::nullopt), "8000 Hz");
+    EXPECT_EQ(ChannelsText(2), "Stereo");
     EXPECT_EQ(ChannelsText(6), "Mono");
     EXPECT_EQ(PictureSizeText(INT32_MIN, 0), "2147483648 x 0 Pixels");
 }

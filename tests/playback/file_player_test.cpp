@@ -152,6 +152,8 @@ TEST_F(FilePlayerTest, ScrollingSeeksAndAnIdleScrollBarRevivesNothing) {
     EXPECT_TRUE(MediaDevice.dragging);
     Scroll(SB_ENDSCROLL);
     EXPECT_FALSE(MediaDevice.dragging);
+    Scroll(SB_LINELEFT);
+    EXPECT_FALSE(MediaDevice.dragging) << "a key has no end of its own";
     Scroll(SB_THUMBTRACK, 500);
     EXPECT_EQ(Text(IDC_POSITION), "1.000 Seconds");
     Scroll(SB_THUMBPOSITION, 500);

@@ -1,6 +1,7 @@
 // Buttons drawn into a bitmap in memory: both frame rules, recolouring, and no handle left behind.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "base/program_state.h"
@@ -123,10 +124,9 @@ TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
             PumpMessages();
             EXPECT_EQ(GetPixel(window, bare.x, bare.y), colour);
             Draw(ODA_SELECT, ODS_SELECTED);
-            int found = 0;
-            for (int x = 1; x < 52; ++x)
-                found += GetPixel(dc, x, 24) == strange;
-            EXPECT_EQ(found > 5, colour == strange && element == COLOR_BTNFACE);
+            const auto pixels = Picture();
+            const auto found = std::count(pixels.begin(), pixels.end(), strange);
+            EXPECT_EQ(found > 100, colour == strange && element == COLOR_BTNFACE);
         }
     }
     ReleaseDC(MainWindow, window);
@@ -160,10 +160,8 @@ static std::set<WORD> NextHandles() {
         pens.push_back(CreatePen(PS_SOLID, 1, 0));
         handles.insert(LOWORD(pens.back()));
     }
-    while (!pens.empty()) {
+    for (; !pens.empty(); pens.pop_back())
         DeleteObject(pens.back());
-        pens.pop_back();
-    }
     return handles;
 }
 

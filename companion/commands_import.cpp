@@ -77,7 +77,7 @@ static std::vector<uint8_t> BytesOf(const Disc& disc) {
 }
 
 static DiscSink SinkOf(ImportState& state) {
-    return {[&state](const Disc& disc, const std::string&) {
+    return {[&state](const Disc& disc) {
                 state.found.push_back({TocKey(disc.toc), BytesOf(disc)});
             },
             [&state](const std::string& where, const std::string& what) {

@@ -84,7 +84,7 @@ static void FinishDisc(CsvImport& import) {
     PendingDisc& pending = import.pending;
     if (!pending.begun) return;
     if (pending.fault.empty()) {
-        import.sink.take(pending.disc, pending.where);
+        import.sink.take(pending.disc);
     } else {
         import.sink.refuse(pending.where, pending.fault);
     }

@@ -84,7 +84,7 @@ static void TakeSection(const Section& section, const SectionLengths& lengths, c
         disc.fields.trackNames[track] = TakeText(value(key), page, where, "track " + key, sink);
     }
     disc.toc.totalSeconds = SumOfLengths(disc.toc);
-    sink.take(disc, where);
+    sink.take(disc);
 }
 
 void ReadPlayerIni(std::string_view text, const CodePage& page, const SectionLengths& lengths,

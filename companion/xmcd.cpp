@@ -261,6 +261,6 @@ bool ReadXmcd(std::string_view text, const CodePage& page, const DiscSink& sink,
         const std::string key = "TTITLE" + std::to_string(track);
         disc.fields.trackNames[track] = put(take(key), key);
     }
-    sink.take(disc, "");
+    sink.take(disc);
     return true;
 }

@@ -28,8 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size == 0) return 0;
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
     const auto ignore = [](const std::string&, const std::string&) {};
-    const DiscSink sink = {[](const Disc& disc, const std::string&) { RequireDisc(disc); }, ignore,
-                           ignore};
+    const DiscSink sink = {RequireDisc, ignore, ignore};
     SourceFault fault;
     const int kind = data[0] % 4;
     if (kind < 3) {

@@ -20,8 +20,8 @@ struct ImportLog {
                 lines.push_back(where + ": " + what);
             };
         };
-        return {[this](const Disc& disc, const std::string&) { discs.push_back(disc); },
-                noteIn(warnings), noteIn(refusals)};
+        return {[this](const Disc& disc) { discs.push_back(disc); }, noteIn(warnings),
+                noteIn(refusals)};
     }
 };
 

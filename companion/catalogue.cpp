@@ -59,14 +59,23 @@ Refusal ChooseNewCatalogue(const std::string& path) {
     return {};
 }
 
-Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes) {
-    FileStatus status = OpenHeld(DatabasePath(), file);
+static Refusal OpenFileAt(const std::string& path, ScopedFile& file, uint64_t& sizeBytes) {
+    FileStatus status = OpenHeld(path, file);
     if (status == FileStatus::kOk) status = FileCalls.size(file.handle, sizeBytes);
     return status == FileStatus::kOk ? Refusal() : TextOf(status);
 }
 
+Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes) {
+    return OpenFileAt(DatabasePath(), file, sizeBytes);
+}
+
 Refusal OpenCatalogue(Catalogue& catalogue, HeaderMark accepted) {
-    if (Refusal why = OpenAnyFile(catalogue.file, catalogue.sizeBytes); !why.empty()) return why;
+    return OpenCatalogueAt(DatabasePath(), catalogue, accepted);
+}
+
+Refusal OpenCatalogueAt(const std::string& path, Catalogue& catalogue, HeaderMark accepted) {
+    Refusal why = OpenFileAt(path, catalogue.file, catalogue.sizeBytes);
+    if (!why.empty()) return why;
     StartReading(catalogue.reader, catalogue.file.handle);
     uint8_t header[kHeaderBytes];
     const uint32_t size = ReadUpTo(catalogue.reader, header, kHeaderBytes);

@@ -41,6 +41,9 @@ Refusal OpenAnyFile(ScopedFile& file, uint64_t& sizeBytes);
 // accepted.
 enum class HeaderMark { kRight, kAny };
 Refusal OpenCatalogue(Catalogue& catalogue, HeaderMark accepted = HeaderMark::kRight);
+// The same for a catalogue by its path as the file calls take it.
+Refusal OpenCatalogueAt(const std::string& path, Catalogue& catalogue,
+                        HeaderMark accepted = HeaderMark::kRight);
 
 // One disc, with where it lies. False at the end of the chain.
 struct CataloguePlace {

@@ -44,6 +44,8 @@ ExitCode MergeCatalogues(const CommonOptions& options, const std::string& other,
                          const std::string& output);
 
 ExitCode CheckCatalogue(const CommonOptions& options);
+// Whether check would find nothing in a catalogue that was just opened.
+bool IsFaultless(Catalogue& catalogue);
 ExitCode SalvageCatalogue(const CommonOptions& options, const std::string& output);
 ExitCode SortCatalogue(const CommonOptions& options);
 // Up to `keep` generations, FILE.1 the newest.

@@ -170,13 +170,10 @@ ExitCode BackUpCatalogue(const CommonOptions& options, int keep) {
         return Fail(options.file, why);
     }
     // What is looked at is the copy: the catalogue may change at any moment.
-    DatabaseCheck check;
-    ScopedFile copy;
-    const bool intact =
-        OpenPatiently(made.c_str(), FileMode::kReadShared, copy) == FileStatus::kOk &&
-        CheckDatabase(copy.handle, check) && IsIntact(check);
-    CloseFile(copy);
-    if (!intact) {
+    Catalogue copy;
+    const bool faultless = OpenCatalogueAt(made, copy).empty() && IsFaultless(copy);
+    CloseFile(copy.file);
+    if (!faultless) {
         RemovePatiently(made.c_str());
         return Fail(options.file,
                     "the catalogue is damaged and replaces no copy; check says where");

@@ -6,6 +6,12 @@
 
 namespace {
 
+// What was found: told line by line, or counted alone.
+struct Faults {
+    bool told;
+    int count = 0;
+};
+
 // The entry that is looked at, as its pointers and its place say.
 struct CheckedEntry {
     uint32_t number;  // from 1
@@ -42,12 +48,13 @@ static constexpr ItemRule kItemRules[] = {
 };
 static_assert(std::ranges::equal(kItemRules, kEntryItems, {}, &ItemRule::item));
 
-static void TellFault(int& faults, uint64_t offset, const std::string& what) {
-    ++faults;
+static void TellFault(Faults& faults, uint64_t offset, const std::string& what) {
+    ++faults.count;
+    if (!faults.told) return;
     Print("offset " + std::to_string(offset) + ": " + what + "\n");
 }
 
-static void TellFault(int& faults, const CheckedEntry& entry, size_t position,
+static void TellFault(Faults& faults, const CheckedEntry& entry, size_t position,
                       const std::string& what) {
     TellFault(faults, entry.start + position,
               "entry " + std::to_string(entry.number) + ": " + what);
@@ -58,7 +65,7 @@ static std::string Instead(const char* field, uint64_t value, uint64_t right) {
            std::to_string(right);
 }
 
-static void CheckPointers(int& faults, const CheckedEntry& entry) {
+static void CheckPointers(Faults& faults, const CheckedEntry& entry) {
     const size_t size = entry.bytes.size();
     const uint32_t next = GetU32(entry.bytes.data());
     const uint16_t entrySize = GetU16(entry.bytes.data() + kEntrySizeOffset);
@@ -90,7 +97,7 @@ static uint32_t TakeNumber(ContentsReader& reader, size_t sizeBytes) {
     return sizeBytes == 1 ? bytes[0] : GetU16(bytes);
 }
 
-static void CheckText(int& faults, ContentsReader& reader, const std::string& field) {
+static void CheckText(Faults& faults, ContentsReader& reader, const std::string& field) {
     const size_t place = reader.position;
     const uint32_t length = TakeNumber(reader, 1);
     if (reader.shortOf) return;
@@ -108,7 +115,7 @@ static void CheckText(int& faults, ContentsReader& reader, const std::string& fi
     reader.position += length;
 }
 
-static void CheckCode(int& faults, ContentsReader& reader, const char* field, uint32_t largest) {
+static void CheckCode(Faults& faults, ContentsReader& reader, const char* field, uint32_t largest) {
     const size_t place = reader.position;
     const uint32_t value = TakeNumber(reader, 1);
     if (!reader.shortOf && value > largest) {
@@ -117,7 +124,7 @@ static void CheckCode(int& faults, ContentsReader& reader, const char* field, ui
 }
 
 // Names and lengths; they must add up to what the key says.
-static void CheckTracks(int& faults, ContentsReader& reader) {
+static void CheckTracks(Faults& faults, ContentsReader& reader) {
     const CheckedEntry& entry = reader.entry;
     const uint32_t count = TakeNumber(reader, 1);
     if (count < 1 || count > kMaxTracks) {
@@ -144,7 +151,7 @@ static void CheckTracks(int& faults, ContentsReader& reader) {
     }
 }
 
-static void CheckContents(int& faults, const CheckedEntry& entry) {
+static void CheckContents(Faults& faults, const CheckedEntry& entry) {
     ContentsReader reader{entry, kTrackCountOffset};
     CheckTracks(faults, reader);
     for (const ItemRule& rule : kItemRules) {
@@ -175,18 +182,13 @@ static bool ReadEntry(Catalogue& catalogue, CheckedEntry& entry) {
 }
 
 // Where an entry follows, it is the mark that is damaged and not another kind of file.
-static void CheckMark(int& faults, const Catalogue& catalogue) {
+static void CheckMark(Faults& faults, const Catalogue& catalogue) {
     if (catalogue.markIsRight) return;
     TellFault(faults, 0, "the six bytes that mark a catalogue are not FF 51 4D 52 00 0A");
 }
 
-ExitCode CheckCatalogue(const CommonOptions& options) {
-    Catalogue catalogue;
-    if (const Refusal why = OpenCatalogue(catalogue, HeaderMark::kAny); !why.empty()) {
-        return Fail(options.file, why);
-    }
-    int faults = 0;
-    CheckedEntry entry{1, kHeaderBytes, {}};
+// Leaves `entry` behind the last one that can be found.
+static void CheckEntries(Faults& faults, Catalogue& catalogue, CheckedEntry& entry) {
     while (entry.number <= catalogue.entryCount && ReadEntry(catalogue, entry)) {
         if (entry.number == 1) CheckMark(faults, catalogue);
         CheckPointers(faults, entry);
@@ -196,13 +198,10 @@ ExitCode CheckCatalogue(const CommonOptions& options) {
         ShowProgress("entry", entry.number, catalogue.entryCount);
     }
     ClearProgress();
-    const uint32_t read = entry.number - 1;
-    if (read == 0 && !catalogue.markIsRight) {
-        return Fail(options.file,
-                    "this is no disc catalogue: neither its beginning nor a first entry "
-                    "is there (salvage looks for discs in it all the same)");
-    }
-    if (read < catalogue.entryCount) {
+}
+
+static void CheckEnd(Faults& faults, const Catalogue& catalogue, const CheckedEntry& entry) {
+    if (entry.number <= catalogue.entryCount) {
         TellFault(faults, entry.start,
                   "entry " + std::to_string(entry.number) + " of " +
                       std::to_string(catalogue.entryCount) +
@@ -212,7 +211,32 @@ ExitCode CheckCatalogue(const CommonOptions& options) {
                   std::to_string(catalogue.sizeBytes - entry.start) +
                       " bytes behind the last entry that is counted");
     }
+}
+
+bool IsFaultless(Catalogue& catalogue) {
+    Faults faults{false};
+    CheckedEntry entry{1, kHeaderBytes, {}};
+    CheckEntries(faults, catalogue, entry);
+    CheckEnd(faults, catalogue, entry);
+    return faults.count == 0;
+}
+
+ExitCode CheckCatalogue(const CommonOptions& options) {
+    Catalogue catalogue;
+    if (const Refusal why = OpenCatalogue(catalogue, HeaderMark::kAny); !why.empty()) {
+        return Fail(options.file, why);
+    }
+    Faults faults{true};
+    CheckedEntry entry{1, kHeaderBytes, {}};
+    CheckEntries(faults, catalogue, entry);
+    const uint32_t read = entry.number - 1;
+    if (read == 0 && !catalogue.markIsRight) {
+        return Fail(options.file,
+                    "this is no disc catalogue: neither its beginning nor a first entry "
+                    "is there (salvage looks for discs in it all the same)");
+    }
+    CheckEnd(faults, catalogue, entry);
     Print(std::to_string(read) + " of " + std::to_string(catalogue.entryCount) + " entries, " +
-          std::to_string(faults) + (faults == 1 ? " fault\n" : " faults\n"));
-    return faults > 0 ? kFound : kDone;
+          std::to_string(faults.count) + (faults.count == 1 ? " fault\n" : " faults\n"));
+    return faults.count > 0 ? kFound : kDone;
 }

@@ -11,7 +11,8 @@
 #include "companion/paths.h"
 #include "companion/player_ini.h"
 #include "companion/xmcd.h"
-#include "database/database_format.h"
+#include "database/database_file.h"
+#include "database/database_paths.h"
 
 namespace fs = std::filesystem;
 
@@ -194,6 +195,8 @@ static ExitCode ReadSources(ImportState& state, const std::vector<std::string>& 
 
 // A catalogue that is there and cannot be read to its end is refused.
 static Refusal ReadKnownDiscs(ImportState& state) {
+    // A rewrite that was ended may have left it under another name.
+    if (FileCalls.exists(BackupPath().c_str()) == FileStatus::kOk) EnsureDatabase();
     Catalogue catalogue;
     const Refusal why = OpenCatalogue(catalogue);
     std::error_code error;

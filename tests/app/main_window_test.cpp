@@ -44,7 +44,7 @@ protected:
 
 TEST_F(MainWindowTest, MediaKeysDriveTheQueue) {
     OpenTestWindow(IDC_MODE_WAVE, {"a.wav", "b.wav"});
-    SendMessageA(GetDlgItem(MainWindow, IDC_FILE_LIST), LB_SETSEL, TRUE, -1);
+    SelectFiles(0, 1);
     EXPECT_TRUE(MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE));
     EXPECT_EQ(OpenedFile(), AppDirectory + "a.wav");
     MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);

@@ -34,9 +34,6 @@ protected:
             Press(dialog, IDC_OK);
         });
     }
-    static bool IsAreaShown(int id) {
-        return (GetWindowLongA(GetDlgItem(MainWindow, id), GWL_STYLE) & WS_VISIBLE) != 0;
-    }
 };
 
 TEST_F(SetupDialogTest, EachControlChangesItsSettingAndNoOtherAndShowsIt) {
@@ -110,11 +107,11 @@ TEST_F(SetupDialogTest, OnlyWhatIsChosenAndOkChangeAnything) {
 }
 
 TEST_F(SetupDialogTest, OkTakesEffectInTheMainWindow) {
-    EXPECT_TRUE(IsAreaShown(IDC_MIDI_ANIMATION));
+    EXPECT_TRUE(IsShown(IDC_MIDI_ANIMATION));
     Choose({IDC_SETUP_MID, IDC_SETUP_MIDI_OFF});
     EXPECT_EQ(Text(IDC_LIST_COUNT), "1 Midi Files:");
-    EXPECT_FALSE(IsAreaShown(IDC_MIDI_ANIMATION));
-    EXPECT_FALSE(IsAreaShown(IDC_SPRITE_STRIP));
+    EXPECT_FALSE(IsShown(IDC_MIDI_ANIMATION));
+    EXPECT_FALSE(IsShown(IDC_SPRITE_STRIP));
     const auto ground = [] {
         LOGBRUSH brush = {};
         GetObjectA(BackgroundBrush, sizeof brush, &brush);
@@ -125,8 +122,7 @@ TEST_F(SetupDialogTest, OkTakesEffectInTheMainWindow) {
 }
 
 TEST_F(SetupDialogTest, AFileStopsAndTheDiscPlaysOn) {
-    SendMessageA(GetDlgItem(MainWindow, IDC_FILE_LIST), LB_SETSEL, TRUE, 0);
-    Command(IDC_PLAY);
+    PlayFiles(0, 0);
     ASSERT_TRUE(MediaDevice.open);
     Use([](HWND) {
         EXPECT_FALSE(MediaDevice.open);
@@ -136,6 +132,6 @@ TEST_F(SetupDialogTest, AFileStopsAndTheDiscPlaysOn) {
     OpenTestWindow(IDC_MODE_CDPLAYER, {});
     Choose({IDC_SETUP_CD_OFF});
     EXPECT_EQ(TakeLog(), Log{});
-    EXPECT_FALSE(IsAreaShown(IDC_CD_ANIMATION));
+    EXPECT_FALSE(IsShown(IDC_CD_ANIMATION));
     EXPECT_TRUE(KillTimer(MainWindow, ID_POSITION_TIMER)) << "the disc is not watched any more";
 }

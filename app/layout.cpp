@@ -161,8 +161,10 @@ static void Place(HWND window, const ScaleFactors& factors, const Placement& pla
 
 static ScaleFactors ScreenScale(HWND window) {
     const UniqueWindowDc dc = GetUniqueDc(window);
+    RECT units = {0, 0, 4, 8};
+    MapDialogRect(window, &units);
     return ScaleForResolution(GetDeviceCaps(dc.get(), LOGPIXELSX),
-                              GetDeviceCaps(dc.get(), LOGPIXELSY));
+                              GetDeviceCaps(dc.get(), LOGPIXELSY), units.right, units.bottom);
 }
 
 void PlaceScrollBar(HWND window, bool cdMode) {

@@ -20,7 +20,8 @@ MediaDeviceState MediaDevice;
 DriverFlags DriverAvailable;
 
 // The thread in which the platform plays a film may leave after Stop has returned, and still uses
-// the device then: a close in that moment would end the program.
+// the device then: a close in that moment would end the program. At the film's own end it has left
+// before the device says so.
 constexpr DWORD kFilmLeavesMs = 50;
 
 bool SendToDevice(HWND window, UINT message, DWORD_PTR flags, void* parameters) {

@@ -46,17 +46,15 @@ constexpr RadioPair kPairs[] = {
     {IDC_SETUP_CD_ON, IDC_SETUP_CD_OFF, &SettingsValues::cdAnimation},
 };
 
-// In the order of the buttons. The fourth is meant to be 666, although its label says 667.
-constexpr uint16_t kPeriodsMs[] = {100, 333, 500, 666, 1000};
-static_assert(IDC_SETUP_PERIOD_FIRST + std::size(kPeriodsMs) - 1 == IDC_SETUP_PERIOD_LAST);
+static_assert(IDC_SETUP_PERIOD_FIRST + std::size(kTimerSpeedsMs) - 1 == IDC_SETUP_PERIOD_LAST);
 
 static void Show(HWND dialog, const SettingsValues& values) {
     for (const Check& check : kChecks)
         CheckDlgButton(dialog, check.id, values.*check.flag ? BST_CHECKED : BST_UNCHECKED);
     for (const RadioPair& pair : kPairs)
         CheckDlgButton(dialog, values.*pair.flag ? pair.onId : pair.offId, BST_CHECKED);
-    for (size_t i = 0; i < std::size(kPeriodsMs); ++i) {
-        if (values.timerSpeedMs == kPeriodsMs[i]) {
+    for (size_t i = 0; i < std::size(kTimerSpeedsMs); ++i) {
+        if (values.timerSpeedMs == kTimerSpeedsMs[i]) {
             CheckDlgButton(dialog, IDC_SETUP_PERIOD_FIRST + static_cast<int>(i), BST_CHECKED);
         }
     }
@@ -69,9 +67,9 @@ static SettingsValues Read(HWND dialog) {
         values.*check.flag = IsDlgButtonChecked(dialog, check.id) == BST_CHECKED;
     for (const RadioPair& pair : kPairs)
         values.*pair.flag = IsDlgButtonChecked(dialog, pair.onId) == BST_CHECKED;
-    for (size_t i = 0; i < std::size(kPeriodsMs); ++i) {
+    for (size_t i = 0; i < std::size(kTimerSpeedsMs); ++i) {
         if (IsDlgButtonChecked(dialog, IDC_SETUP_PERIOD_FIRST + static_cast<int>(i))) {
-            values.timerSpeedMs = kPeriodsMs[i];
+            values.timerSpeedMs = kTimerSpeedsMs[i];
         }
     }
     return values;

@@ -177,9 +177,8 @@ void WriteSettings() {
     for (const Mode& mode : Modes()) {
         if (mode.types.size() == 2) WriteListFilter(mode);
     }
-    if (const char* speed = EncodeTimerSpeed(Settings.timerSpeedMs)) {
-        WriteMainSetting("TimerSpeed", speed);
-    }
+    const std::string speed = EncodeTimerSpeed(Settings.timerSpeedMs);
+    if (!speed.empty()) WriteMainSetting("TimerSpeed", speed.c_str());
     for (const Mode& mode : Modes()) {
         if (mode.directory == nullptr) continue;
         WriteMainSetting(Key(mode, "FilesPath").c_str(), mode.directory->c_str());

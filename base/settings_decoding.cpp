@@ -1,6 +1,8 @@
 // The pure half of the settings.
 #include "base/settings_decoding.h"
 
+#include <algorithm>
+
 #include "base/modes.h"
 #include "resources/ids.h"
 
@@ -20,27 +22,17 @@ bool DecodeOnOff(const std::string& text) {
     return CharacterAt(text, 1) == 'n';
 }
 
-struct TimerSpeed {
-    char letter;
-    const char* text;
-    uint16_t milliseconds;
-};
-// 666 is meant, although the set-up dialog labels it 667.
-constexpr TimerSpeed kTimerSpeeds[] = {
-    {'1', "1", 100}, {'2', "2", 333}, {'3', "3", 500}, {'4', "4", 666}, {'5', "5", 1000}};
-
 uint16_t DecodeTimerSpeed(const std::string& text) {
-    for (const TimerSpeed& speed : kTimerSpeeds) {
-        if (CharacterAt(text, 0) == speed.letter) return speed.milliseconds;
+    for (const uint16_t speedMs : kTimerSpeedsMs) {
+        if (text.substr(0, 1) == EncodeTimerSpeed(speedMs)) return speedMs;
     }
     return 1000;
 }
 
-const char* EncodeTimerSpeed(uint16_t milliseconds) {
-    for (const TimerSpeed& speed : kTimerSpeeds) {
-        if (milliseconds == speed.milliseconds) return speed.text;
-    }
-    return nullptr;
+std::string EncodeTimerSpeed(uint16_t milliseconds) {
+    const auto* end = std::end(kTimerSpeedsMs);
+    const auto* found = std::find(std::begin(kTimerSpeedsMs), end, milliseconds);
+    return found == end ? "" : std::to_string(found - std::begin(kTimerSpeedsMs) + 1);
 }
 
 void DecodeListFilter(const std::string& text, char firstLetter, char secondLetter, bool& first,

@@ -13,8 +13,8 @@ int DecodeMode(const std::string& text);
 
 bool DecodeOnOff(const std::string& text);
 uint16_t DecodeTimerSpeed(const std::string& text);
-// Null when the period is none of the five.
-const char* EncodeTimerSpeed(uint16_t milliseconds);
+// Empty when the period is none of the five.
+std::string EncodeTimerSpeed(uint16_t milliseconds);
 // "B" sets both flags, the one letter the first alone, the other the second alone; anything else
 // leaves both as they are.
 void DecodeListFilter(const std::string& text, char firstLetter, char secondLetter, bool& first,

@@ -7,6 +7,10 @@
 #include "base/search_fields.h"
 #include "resources/ids.h"
 
+// How often read-outs may change, in milliseconds. 666 is meant, although it is called 667 to the
+// user.
+constexpr uint16_t kTimerSpeedsMs[] = {100, 333, 500, 666, 1000};
+
 // How much of a catalogue entry is shown.
 enum class DatabaseLayout { kSimple, kAdvanced };
 
@@ -31,7 +35,7 @@ struct SettingsValues {
     bool listRmi = true;
     bool listAvi = true;
     bool listMov = true;
-    uint16_t timerSpeedMs = 100;  // 100, 333, 500, 666 or 1000
+    uint16_t timerSpeedMs = kTimerSpeedsMs[0];
     bool waveAnimation = true;
     bool midiAnimation = true;
     bool videoAnimation = true;

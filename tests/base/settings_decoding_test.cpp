@@ -25,11 +25,8 @@ TEST(SettingsDecoding, UnknownTimerSpeedsBecomeASecond) {
     EXPECT_EQ(DecodeTimerSpeed("4"), 666);
     EXPECT_EQ(DecodeTimerSpeed("9"), 1000);
     EXPECT_EQ(DecodeTimerSpeed(""), 1000);
-    EXPECT_STREQ(EncodeTimerSpeed(1000), "5");
-    EXPECT_EQ(EncodeTimerSpeed(667), nullptr);
-    for (uint16_t speed : std::initializer_list<uint16_t>{100, 333, 500, 666, 1000}) {
-        EXPECT_EQ(DecodeTimerSpeed(EncodeTimerSpeed(speed)), speed);
-    }
+    EXPECT_EQ(EncodeTimerSpeed(1000), "5");
+    EXPECT_EQ(EncodeTimerSpeed(667), "");
 }
 
 TEST(SettingsDecoding, ListFiltersKeepWhatTheyDoNotKnow) {

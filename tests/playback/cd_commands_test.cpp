@@ -26,7 +26,10 @@ TEST_F(CdCommandsTest, EachFailureIsToldAtMostOnceAndSequencesGoOn) {
         TickWithoutDisc();
         InsertDisc({60});
     };
-    const auto paused = [](HWND) { CdPlayer.paused = true; };
+    const auto paused = [](HWND window) {
+        TickPlaying(1, 3);
+        OnCdPause(window);
+    };
     const struct {
         const char* name;
         std::function<void(HWND)> prepare;

@@ -80,7 +80,11 @@ TEST_F(CdPlayerTest, ReadoutsFollowThePlayingTrack) {
     ExpectShown({{IDC_DISC_TITLE, "Artist - Disc"}, {IDC_TRACK_TITLE, "Disc a"}});
     EXPECT_EQ(Range(), 100);
 
+    ShowWindow(MainWindow, SW_SHOW);
+    PumpMessages();
     TickPlaying(3, 65);
+    for (const int id : {IDC_TRACK_FIRST, IDC_TRACK_FIRST + 2})
+        EXPECT_TRUE(GetUpdateRect(GetDlgItem(MainWindow, id), nullptr, FALSE)) << "not repainted";
     ExpectShown({{IDC_CD_STATUS, "Playing"}, {IDC_TRACK_NUMBER, "3"}, {IDC_TRACK_TITLE, "Disc c"}});
     ExpectShown({{IDC_TIME, "1:05"}, {IDC_REMAINING, "3:55"}, {IDC_TRACK_LENGTH, "5:00"}});
     ExpectShown({{IDC_TOTAL_PLAYING, "6:05"}, {IDC_TOTAL_REMAINING, "3:55"}});

@@ -153,7 +153,7 @@ TEST_F(DiscTest, CommandLinesPlayTheirTrack) {
     Press(IDC_ABOUT);
     HWND about = Dialog("About Tarnwell 1.1");
     second("-play D:\\Track03.cda", "(03:00:00:00)");
-    EXPECT_EQ(GetForegroundWindow(), about) << "the open box gave way";
+    EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == about; })) << "the box gave way";
     Command(about, IDC_OK);
     ASSERT_TRUE(WaitForNoPopup(player));
 

@@ -181,15 +181,17 @@ TEST(DatabaseFaults, TheSecondTrySavesOnce) {
                     Disc disc = wasKnown ? discs[0] : SampleDisc(8, 3);
                     bool known = wasKnown;
                     CopyDiscToc(disc.toc);
-                    ArmFault(first, call, kCallFails, second);
-                    if (SaveDisc(disc.fields, known) == DatabaseResult::kOk) continue;
-                    ++retries;
-                    ArmFault(kNone, 0);
-                    disc.fields.artist = "typed last";
                     SCOPED_TRACE(std::to_string(call) + " " + std::to_string(second));
-                    ASSERT_EQ(SaveDisc(disc.fields, known), DatabaseResult::kOk);
+                    ArmFault(first, call, kCallFails, second);
+                    if (SaveDisc(disc.fields, known) != DatabaseResult::kOk) {
+                        ++retries;
+                        ArmFault(kNone, 0);
+                        disc.fields.artist = "typed last";
+                        ASSERT_EQ(SaveDisc(disc.fields, known), DatabaseResult::kOk);
+                    }
+                    ArmFault(kNone, 0);
                     ASSERT_EQ(DatabaseEntryCount(), wasKnown ? 2 : 3);
-                    ASSERT_EQ(DiscTitleText(), "typed last - " + disc.fields.discName);
+                    ASSERT_EQ(DiscTitleText(), disc.fields.artist + " - " + disc.fields.discName);
                     const std::string saved = Database();
                     ASSERT_EQ(FileBytes(Recovered(DiskAfterEnd()), kDatabaseName), saved);
                 }
@@ -217,7 +219,6 @@ TEST(DatabaseFaults, WhatCameOrWentMeanwhileIsNeitherOverwrittenNorDoubled) {
     } cases[] = {
         {a, false, one, kNone, DatabaseResult::kAddedMeanwhile, one},
         {a, false, one, kHeld, DatabaseResult::kHeld, one},
-        {a, true, one, kHeld, DatabaseResult::kHeld, one},
         {a, true, DatabaseImage({}), kNone, DatabaseResult::kOk, one},
         {fresh, false, uncounted, kNone, DatabaseResult::kOk, DatabaseImage({a, b, c, fresh})},
         {a, true, uncounted, kNone, DatabaseResult::kOk, DatabaseImage({b, c, a})},

@@ -16,16 +16,11 @@ using testing::IsEmpty;
 using testing::Pair;
 
 TEST(TextContains, DoesNotGoBackBehindAPartialMatch) {
-    const struct {
-        const char* field;
-        const char* text;
-        bool found;
-    } cases[] = {{"xab", "ab", true},   {"aab", "ab", false},  {"aaab", "aab", false},
-                 {"xaab", "ab", false}, {"aabab", "ab", true}, {"ab", "ab", true},
-                 {"a", "ab", false},    {"", "a", false},      {"a", "", false},
-                 {"", "", false}};
-    for (const auto& c : cases)
-        EXPECT_EQ(TextContains(c.field, c.text), c.found) << c.field << " / " << c.text;
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"xab", "ab", true},    {"ab", "ab", true}, {"aabab", "ab", true}, {"xaab", "ab", false},
+        {"aaab", "aab", false}, {"a", "ab", false}, {"a", "", false},      {"", "", false}};
+    for (const auto& [field, text, found] : cases)
+        EXPECT_EQ(TextContains(field, text), found) << field << " / " << text;
 }
 
 static void LowerLatin(std::string& text) {

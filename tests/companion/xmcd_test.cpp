@@ -28,6 +28,8 @@ TEST(Xmcd, ExportedDiscsKeepTheirTocAndTexts) {
         if (i > 0) {
             disc.fields.artist = "A\\n B";
             disc.fields.discName = "C / D\tE";
+            disc.fields.category = "Folk";
+            disc.fields.yearReleased = "1994";
             disc.fields.notes = "one\r\ntwo \\ three" + std::string(200, '\\');
             disc.fields.trackNames[0] = std::string(254, '\xE9');
         }
@@ -40,6 +42,8 @@ TEST(Xmcd, ExportedDiscsKeepTheirTocAndTexts) {
         const EntryFields& read = log.discs[0].fields;
         EXPECT_EQ(read.artist, disc.fields.artist);
         EXPECT_EQ(read.discName, disc.fields.discName);
+        EXPECT_EQ(read.category, disc.fields.category);
+        EXPECT_EQ(read.yearReleased, disc.fields.yearReleased);
         EXPECT_EQ(read.notes, disc.fields.notes);
         EXPECT_EQ(read.trackNames[0], disc.fields.trackNames[0]);
     }
@@ -60,7 +64,8 @@ TEST(Xmcd, AwkwardFilesGiveTheDiscTheyMean) {
         {"garbage\n=nothing\nTTITLE7=beyond\nTTITLE=x\nDTITLE=A / B", "A", "B", ""},
     };
     for (const auto& item : cases) {
-        const ImportLog log = Import(ReadXmcd, File(offsets, "200 seconds", item.keys));
+        const ImportLog log =
+            Import(ReadXmcd, "\xEF\xBB\xBF" + File(offsets, "200 seconds", item.keys));
         ASSERT_EQ(log.discs.size(), 1u) << item.keys << log.fault.what;
         const Disc& disc = log.discs[0];
         EXPECT_EQ(disc.fields.artist, item.artist) << item.keys;
@@ -103,11 +108,13 @@ TEST(PlayerIni, SectionsNeedTheirLengths) {
         "[c3]\nnumtracks=2\n[D4]\nnumtracks=1\n",
         WesternPage(), lengths, log.Sink());
     ASSERT_EQ(log.discs.size(), 1u);
-    EXPECT_EQ(log.discs[0].fields.artist, "Caf\xE9");
+    EXPECT_EQ(log.discs[0].fields.artist + log.discs[0].fields.discName, "Caf\xE9T");
     EXPECT_EQ(log.discs[0].fields.trackNames[1], "Two");
     EXPECT_EQ(log.discs[0].toc.totalSeconds, 374);
-    EXPECT_THAT(log.refusals, ElementsAre(HasSubstr("[c3]"), HasSubstr("--lengths")));
+    EXPECT_THAT(log.refusals, ElementsAre(HasSubstr("line 7, [c3]"), HasSubstr("--lengths")));
 
-    EXPECT_FALSE(ReadSectionLengths("A 1:00\nB 1:60\n", lengths, fault));
-    EXPECT_EQ(fault.where, "line 2, column 3");
+    for (const char* wrong : {"A 1:00\nB 1:60\n", "A 1\nB 1092:16\n"}) {
+        EXPECT_FALSE(ReadSectionLengths(wrong, lengths, fault)) << wrong;
+        EXPECT_EQ(fault.where, "line 2, column 3");
+    }
 }

@@ -99,7 +99,9 @@ static void ReadFileOnce(bool lowerCase) {
 
 // A copy by the platform's own means that is on the disk afterwards.
 static void CopyFlushed(const fs::path& from, const fs::path& to) {
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+    // The library takes any two files of Windows for the same one and does not overwrite.
+    fs::remove(to);
+    fs::copy_file(from, to);
     ScopedFile file;
     Require(
         FileCalls.open(to.string().c_str(), FileMode::kReadWrite, file.handle) == FileStatus::kOk &&

@@ -171,7 +171,7 @@ void PlaceScrollBar(HWND window, bool cdMode) {
     Place(window, ScreenScale(window), cdMode ? kScrollInCdMode : kScrollInFileMode);
 }
 
-void PlaceCdControls(HWND window) {
+static void PlaceCdControls(HWND window) {
     const ScaleFactors factors = ScreenScale(window);
     for (const Placement& placement : kCdPlacements)
         Place(window, factors, placement);
@@ -194,6 +194,7 @@ void ShowFileControls(HWND window, bool show) {
 }
 
 void ShowCdControls(HWND window, bool show) {
+    if (show) PlaceCdControls(window);
     for (const Placement& placement : kCdPlacements) {
         if (placement.id != IDC_CD_ANIMATION) ShowControl(window, placement.id, show);
     }

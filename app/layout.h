@@ -7,11 +7,11 @@
 // To be called once, before any placing: fits the picture buttons to their pictures.
 void PrepareLayout(HWND window);
 
-// Places what stands elsewhere in the two kinds of mode, the shared scroll bar, or all CD controls.
+// The scroll bar is shared by the two kinds of mode and stands elsewhere in each.
 void PlaceScrollBar(HWND window, bool cdMode);
-void PlaceCdControls(HWND window);
 
-// Shows or hides the controls of a kind. Track, page and eject buttons, animation areas and the
-// small buttons for repeat and sound follow their own rules and are only ever hidden here.
+// Shows or hides the controls of a kind; those of the disc are placed when they are shown. Track,
+// page and eject buttons, animation areas and the small buttons for repeat and sound follow their
+// own rules and are only ever hidden here. The template has the disc's hidden.
 void ShowFileControls(HWND window, bool show);
 void ShowCdControls(HWND window, bool show);

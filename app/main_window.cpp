@@ -59,7 +59,6 @@ static BOOL OnInitDialog(HWND window) {
     if (!StartFileGiven) ReadSettings();
     if (PlayOnStart) SetPlayMode(IDC_MODE_CDPLAYER);
     PrepareLayout(window);
-    PlaceCdControls(window);
     PlaceAnimations(window);
     ShowFirstTexts(window);
     OpenCdPlayer(window);

@@ -94,7 +94,6 @@ void EnterStartMode(HWND window) {
         ShowCdPlayer(window);
         return;
     }
-    ShowCdControls(window, false);
     PlaceScrollBar(window, false);
     ShowFileMode(window);
 }

@@ -96,6 +96,12 @@ static void RestoreMarks(HWND window, const ListMarks& marks) {
     if (top != LB_ERR) SendMessageA(FileList(window), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
 }
 
+static void ShowFileCount(HWND window) {
+    SetControlText(
+        window, IDC_LIST_COUNT,
+        std::to_string(ListCount(FileList(window))) + " " + CurrentMode().label + " Files:");
+}
+
 void FillModeList(HWND window, bool keepSelection) {
     const std::string* directory = ModeDirectory();
     if (directory == nullptr) return;
@@ -111,25 +117,34 @@ void FillModeList(HWND window, bool keepSelection) {
     RestoreMarks(window, marks);
     SendMessageA(FileList(window), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(FileList(window), nullptr, TRUE);
+    ShowFileCount(window);
+}
 
-    SetControlText(
-        window, IDC_LIST_COUNT,
-        std::to_string(ListCount(FileList(window))) + " " + CurrentMode().label + " Files:");
+// The entry of a file of the mode's directory, by its long name when it is called by its 8.3 name.
+static int EntryOfFile(HWND window, const std::string& name) {
+    const int index = FindEntry(window, name);
+    if (index != LB_ERR || ModeDirectory() == nullptr) return index;
+    return FindEntry(window, DisplayName(*ModeDirectory() + name, name));
 }
 
 void SelectFiles(HWND window, const std::vector<std::string>& names) {
     SendMessageA(FileList(window), LB_SETSEL, names.empty(), -1);
+    const int listed = ListCount(FileList(window));
     for (const std::string& name : names) {
-        const int index = FindEntry(window, name);
-        if (index != LB_ERR) SendMessageA(FileList(window), LB_SETSEL, TRUE, index);
+        LRESULT index = EntryOfFile(window, name);
+        if (index == LB_ERR) {
+            index = SendMessageA(FileList(window), LB_ADDSTRING, 0,
+                                 reinterpret_cast<LPARAM>(name.c_str()));
+        }
+        if (index >= 0) SendMessageA(FileList(window), LB_SETSEL, TRUE, index);
     }
+    if (ListCount(FileList(window)) == listed) return;
+    FitListExtent(FileList(window));
+    ShowFileCount(window);
 }
 
 bool SelectFileByName(HWND window, const std::string& name) {
-    int index = FindEntry(window, name);
-    if (index == LB_ERR && ModeDirectory() != nullptr) {
-        index = FindEntry(window, DisplayName(*ModeDirectory() + name, name));
-    }
+    const int index = EntryOfFile(window, name);
     if (index == LB_ERR) return false;
     SendMessageA(FileList(window), LB_SETSEL, FALSE, -1);
     SendMessageA(FileList(window), LB_SETSEL, TRUE, index);

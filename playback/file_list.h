@@ -18,7 +18,8 @@ void ShowModeLabels(HWND window);
 std::vector<std::string> SelectedFileNames(HWND window, size_t limit);
 int SelectedFileCount(HWND window);
 
-// Selects the entries with these names, or all when there are no names.
+// Selects the files with these names, or all entries when there are no names. Until the next fill
+// the list also shows those of them that a filter leaves out: whoever names a file wants to see it.
 void SelectFiles(HWND window, const std::vector<std::string>& names);
 
 // Selects the entry with this name alone, case ignored; an 8.3 name matches by its long name. False

@@ -5,6 +5,7 @@
 #include "base/app_directory.h"
 #include "base/modes.h"
 #include "base/program_state.h"
+#include "base/settings.h"
 #include "playback/media_device.h"
 #include "resources/ids.h"
 #include "tests/fake_drive.h"
@@ -116,6 +117,11 @@ TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
     Drop({files + "notes.txt", files + std::string(400, 'x') + ".wav"});
     EXPECT_EQ(PlayMode, IDC_MODE_WAVE);
     EXPECT_EQ(TakeLog(), Log{}) << "what plays was disturbed";
+
+    Settings.listMid = false;
+    Drop({files + "song.mid"});
+    EXPECT_EQ(OpenedFile(), files + "song.mid") << "named by its user, though the filter omits it";
+    EXPECT_EQ(Text(IDC_LIST_COUNT), "1 Midi Files:");
 }
 
 // To the system's comparison of texts these names are the same.

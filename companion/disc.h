@@ -10,7 +10,7 @@
 // Where importers put what they find. `where` names a line, an entry or a key of the source.
 struct DiscSink {
     std::function<void(const Disc& disc)> take;
-    // Something of the disc was changed or left out, yet it is taken.
+    // Something of the disc was changed, left out or cannot be right, yet it is taken.
     std::function<void(const std::string& where, const std::string& what)> warn;
     // This disc cannot be taken; the others can.
     std::function<void(const std::string& where, const std::string& why)> refuse;

@@ -84,6 +84,7 @@ static void FinishDisc(CsvImport& import) {
     PendingDisc& pending = import.pending;
     if (!pending.begun) return;
     if (pending.fault.empty()) {
+        CheckTotal(pending.disc.toc, pending.where, import.sink);
         import.sink.take(pending.disc);
     } else {
         import.sink.refuse(pending.where, pending.fault);

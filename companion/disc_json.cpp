@@ -136,6 +136,7 @@ static void ImportDisc(const Json& json, JsonImport& import) {
     const std::string why =
         json.is_object() ? TakeDisc(json, import, where, disc) : "an object is expected";
     if (why.empty()) {
+        CheckTotal(disc.toc, where, import.sink);
         import.sink.take(disc);
     } else {
         import.sink.refuse(where, why);

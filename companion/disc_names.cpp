@@ -64,6 +64,14 @@ std::string TakeText(std::string_view utf8, const CodePage& page, const std::str
     return text;
 }
 
+void CheckTotal(const DiscToc& toc, const std::string& where, const DiscSink& sink) {
+    const uint16_t sum = SumOfLengths(toc);
+    if (toc.totalSeconds == sum) return;
+    sink.warn(where, "total seconds: " + std::to_string(toc.totalSeconds) +
+                         ", but the tracks make " + std::to_string(sum) +
+                         "; no disc is known by that");
+}
+
 std::string SmallLetters(std::string text) {
     for (char& letter : text) {
         if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');

@@ -30,6 +30,10 @@ bool ParseCode(const DiscCode& code, const std::string& text, uint8_t& value);
 std::string TakeText(std::string_view utf8, const CodePage& page, const std::string& where,
                      const std::string& field, const DiscSink& sink);
 
+// Tells `sink` of a total that the track lengths do not make. It is kept, because an entry of a
+// catalogue comes back as it was; but in the drive no disc has such a total.
+void CheckTotal(const DiscToc& toc, const std::string& where, const DiscSink& sink);
+
 // Plain letters alone; whatever else there is stays.
 std::string SmallLetters(std::string text);
 

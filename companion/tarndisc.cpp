@@ -143,6 +143,9 @@ int main(int argc, char** argv) {
         Tell("the standard output could not be written to its end");
         return std::max(code, kFound);
     } catch (const CLI::ParseError& error) {
+        if (const auto words = app.remaining(); !words.empty() && app.get_subcommands().empty()) {
+            return Fail(words[0], "there is no such command; tarndisc --help lists them");
+        }
         return app.exit(error) == 0 ? kDone : kFailed;
     } catch (const std::exception& error) {
         return Fail(given.common.file, error.what());

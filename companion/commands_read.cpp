@@ -31,8 +31,20 @@ static ExitCode VisitDiscs(const CommonOptions& options,
     return TellBreak(options, catalogue, place);
 }
 
+// For listings of a line each: tabs, line breaks and other control characters become one blank.
+static std::string OneLine(const std::string& text, const CodePage& page) {
+    std::string line;
+    bool wasControl = false;
+    for (const char character : text) {
+        const bool isControl = static_cast<uint8_t>(character) < ' ';
+        if (!isControl || !wasControl) line += isControl ? ' ' : character;
+        wasControl = isControl;
+    }
+    return ToUtf8(line, page);
+}
+
 static std::string TitleOf(const Disc& disc, const CodePage& page) {
-    return ToUtf8(disc.fields.artist, page) + " - " + ToUtf8(disc.fields.discName, page);
+    return OneLine(disc.fields.artist, page) + " - " + OneLine(disc.fields.discName, page);
 }
 
 static uint64_t SecondsOf(const Disc& disc) {
@@ -101,7 +113,7 @@ ExitCode FindText(const CommonOptions& options, const std::string& text) {
         if (lost > 0 || value.find(wanted) == std::string::npos) return;
         found = true;
         Print(std::to_string(number) + "\t" + TitleOf(disc, options.page) + "\t" + field + ": " +
-              ToUtf8(value, options.page) + "\n");
+              OneLine(value, options.page) + "\n");
     };
     const ExitCode code = VisitDiscs(options, [&](const Disc& disc, uint32_t number) {
         for (const DiscText& item : DiscTexts()) {

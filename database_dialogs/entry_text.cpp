@@ -35,7 +35,10 @@ std::vector<std::string> SplitTrackNames(std::string_view text) {
     while (!text.empty()) {
         const size_t end = text.find_first_of("\r\n");
         const std::string_view name = WithoutNumber(Trim(text.substr(0, end)));
-        if (!name.empty()) names.emplace_back(name.substr(0, kMaxTextBytes));
+        if (!name.empty()) {
+            std::string& kept = names.emplace_back(name.substr(0, kMaxTextBytes));
+            std::replace(kept.begin(), kept.end(), '\t', ' ');
+        }
         if (end == std::string_view::npos) break;
         text.remove_prefix(end + 1);
     }

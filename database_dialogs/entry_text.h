@@ -8,6 +8,7 @@
 
 // The track names in a text of several lines, one line each: blanks around a name and empty lines
 // are dropped, and so is a number in front ("3. ", "03 - ", "3) ", "3: ", or set off by a tab).
+// Tabs in a name, as between a table's columns, become blanks: a field shows nothing for them.
 // Names are cut at 254 bytes.
 std::vector<std::string> SplitTrackNames(std::string_view text);
 

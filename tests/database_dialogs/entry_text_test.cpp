@@ -7,8 +7,8 @@
 using testing::ElementsAre;
 
 TEST(EntryText, LinesBecomeNamesWhateverEndsThem) {
-    EXPECT_THAT(SplitTrackNames("  One \t\r\n\r\n \r\nTwo\nThree\rFour\r\n"),
-                ElementsAre("One", "Two", "Three", "Four"));
+    EXPECT_THAT(SplitTrackNames("  One \t\r\n\r\n \r\nTwo\nThree\r4\tFour\t4:01\r\n"),
+                ElementsAre("One", "Two", "Three", "Four 4:01"));
     EXPECT_TRUE(SplitTrackNames("\r\n \n\t").empty());
     const std::string longest(254, 'x');
     EXPECT_THAT(SplitTrackNames(longest + "yz\nnext"), ElementsAre(longest, "next"));

@@ -63,6 +63,7 @@ static void CopyListedFile(const CopyRun& run, const std::string& listed,
     const CopyResult result =
         run.move ? MoveOneFile(source, target, watcher) : CopyOneFile(source, target, watcher);
     SetCursor(LoadCursor(nullptr, IDC_ARROW));
+    DropWaitingInput();
     if (result == CopyResult::kDone || result == CopyResult::kNotRemoved) ShowCopyDone(run.dialog);
     ReportFailure(result, name);
 }

@@ -26,7 +26,9 @@ static void OnInitDialog(HWND dialog, const FileNames& names) {
 static void DeleteFiles(const FileNames& names) {
     for (const std::string& name : names) {
         const std::string path = *ModeDirectory() + name;
-        if (FileCalls.remove(path.c_str()) != FileStatus::kOk) {
+        const bool removed = FileCalls.remove(path.c_str()) == FileStatus::kOk;
+        DropWaitingInput();
+        if (!removed) {
             ShowMessage("Can't delete file: " + name);
         }
         PaintWaitingWindows();

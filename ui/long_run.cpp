@@ -13,3 +13,9 @@ void PaintWaitingWindows() {
         DispatchMessageA(&message);
     }
 }
+
+void DropWaitingInput() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
+    }
+}

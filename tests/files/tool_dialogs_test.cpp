@@ -1,6 +1,8 @@
-// Renaming and choosing an editor in the real dialogs, by what they leave on the disk.
+// Copying, renaming and choosing an editor in the real dialogs, by what they leave on the disk.
+#include "base/file_access.h"
 #include "base/modes.h"
 #include "base/settings.h"
+#include "files/copy_run.h"
 #include "files/editors_dialog.h"
 #include "files/programs.h"
 #include "files/rename_dialog.h"
@@ -40,6 +42,31 @@ TEST_F(ToolDialogsTest, RenamingToNothingLeavesTheFileAndSaysNothing) {
                             }));
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
     EXPECT_NE(GetFileAttributesA((*ModeDirectory() + "a.wav").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(ToolDialogsTest, AKeyPressedDuringACopyAnswersNothing) {
+    const std::string target = Make(*ModeDirectory() + "target\\");
+    WritePrivateProfileStringA("old", "is", "1", (target + "b.exe").c_str());
+    static auto readBefore = FileCalls.read;
+    FileCalls.read = [](FileHandle file, void* data, uint32_t sizeBytes, uint32_t& readBytes) {
+        keybd_event(VK_RETURN, 0, 0, 0);
+        keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
+        return readBefore(file, data, sizeBytes, readBytes);
+    };
+    const auto copy = [&](const std::vector<std::string>& names) {
+        CopyFiles({MainWindow, false, *ModeDirectory(), names, target, ""});
+    };
+    EXPECT_TRUE(RunInDialog(
+        [&] {
+            copy({"a.wav", "b.exe"});
+        },
+        [](HWND question) { Press(question, IDC_OVERWRITE_CANCEL); }));
+    EXPECT_EQ(GetPrivateProfileIntA("old", "is", 0, (target + "b.exe").c_str()), 1);
+    DeleteFileA((target + "a.wav").c_str());
+    copy({"a.wav"});
+    FileCalls.read = readBefore;
+    MSG message;
+    EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_INPUT));
 }
 
 TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {

@@ -206,8 +206,14 @@ DatabaseResult LoadNumberedEntry(uint32_t entryIndex, NumberedEntry& entry) {
     if (opened != FileStatus::kOk) return OpenResult(opened);
     WindowReader reader;
     StartReading(reader, file.handle);
+    uint64_t sizeBytes = 0;
+    uint64_t entryEnd = 0;
+    // Where a damaged pointer leads, anything may read like an entry, but its ends do not agree.
+    if (FileCalls.size(file.handle, sizeBytes) != FileStatus::kOk)
+        return DatabaseResult::kReadFailed;
     if (!StepToEntry(reader, entryIndex, entry.start) ||
-        ReadEntry(reader, entry.start, entry.disc, entry.fields) != DecodeResult::kWhole) {
+        ReadEntry(reader, entry.start, entry.disc, entry.fields) != DecodeResult::kWhole ||
+        !FindEntryEnd(reader, entry.start, sizeBytes, entryEnd)) {
         return reader.failed ? DatabaseResult::kReadFailed : DatabaseResult::kDamaged;
     }
     return DatabaseResult::kOk;

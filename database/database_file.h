@@ -64,8 +64,8 @@ struct NumberedEntry {
     DiscToc disc;
     EntryFields fields;
 };
-// Entry number entryIndex (from 0). kDamaged when there is no such entry or it is not whole; entry
-// is then what could be read of it.
+// Entry number entryIndex (from 0). kDamaged when there is no such entry, it is not whole or the
+// chain leads elsewhere; entry is then what could be read there.
 DatabaseResult LoadNumberedEntry(uint32_t entryIndex, NumberedEntry& entry);
 
 struct DatabaseTotals {

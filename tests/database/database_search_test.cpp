@@ -158,6 +158,13 @@ TEST(DatabaseWalk, AnEntryByItsNumberAndWhatLiesBeforeTheDamage) {
     StartOn(image.substr(0, start + kDiscKeyOffset));
     EXPECT_EQ(LoadNumberedEntry(1, entry), DatabaseResult::kDamaged);
     EXPECT_EQ(SumDatabase().tracks, 2u);
+    // A damaged pointer leads to a text that reads like an entry.
+    Disc quoting = SampleDisc(1, 1);
+    quoting.fields.notes = DatabaseImage({SampleDisc(1, 1)}).substr(kHeaderBytes);
+    image = DatabaseImage({quoting, discs[0]});
+    image[kHeaderBytes] = static_cast<char>(image.find(quoting.fields.notes));
+    StartOn(image);
+    EXPECT_EQ(LoadNumberedEntry(1, entry), DatabaseResult::kDamaged);
     StartOnDisk({});
     EXPECT_EQ(LoadNumberedEntry(0, entry), DatabaseResult::kCannotOpen);
 }

@@ -192,13 +192,29 @@ static void Close(HWND dialog, bool taken) {
     EndDialog(dialog, taken);
 }
 
+// Another program can have given its number to another entry while the list was open.
+static DatabaseResult FindHit(const SearchHit& hit) {
+    if (Results.stamp == StampOfDatabase()) return DatabaseResult::kOk;
+    NumberedEntry entry;
+    const DatabaseResult result = LoadNumberedEntry(hit.entryIndex, entry);
+    if (result == DatabaseResult::kHeld) return result;
+    return hit.title == entry.fields.artist + " - " + entry.fields.discName
+               ? DatabaseResult::kOk
+               : DatabaseResult::kChangedMeanwhile;
+}
+
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
     HWND list = GetDlgItem(dialog, IDC_SEARCH_RESULTS);
     const LRESULT selected = SendMessageA(list, LB_GETCURSEL, 0, 0);
     const bool taken = selected >= 0 && static_cast<size_t>(selected) < Results.hits.size();
     if (taken) Search.taken = Results.hits[static_cast<size_t>(selected)];
-    Close(dialog, taken);
+    const DatabaseResult found = taken ? FindHit(Search.taken) : DatabaseResult::kOk;
+    if (found == DatabaseResult::kOk) {
+        Close(dialog, taken);
+    } else {
+        ShowMessage(DatabaseResultText(found));
+    }
 }
 
 static void OnCancel(HWND dialog) {
@@ -261,21 +277,15 @@ static INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam
     }
 }
 
-// One that another program has just saved is held for a moment; 0 when it stays so.
-static uint16_t CountPatiently() {
-    uint16_t entryCount = 0;
-    ReadDatabaseEntryCount(entryCount);
-    return entryCount;
-}
-
 bool ShowSearchDialog(HWND owner, uint32_t& entryIndex, int& field) {
     Search = {};
     Search.entryIndex = entryIndex;
-    Search.entryCount = CountPatiently();
+    uint16_t entryCount = 0;
+    ReadDatabaseEntryCount(entryCount);
+    Search.entryCount = entryCount;
     const bool taken = DialogBoxParamA(ProgramInstance, MAKEINTRESOURCEA(IDD_SEARCH), owner,
                                        SearchProcedure, 0) == TRUE;
-    // The file can have been written while the list was open.
-    if (!taken || Search.taken.entryIndex >= CountPatiently()) return false;
+    if (!taken) return false;
     entryIndex = Search.taken.entryIndex;
     field = Search.taken.field;
     return true;

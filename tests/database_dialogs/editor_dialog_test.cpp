@@ -239,17 +239,22 @@ TEST_F(EditorTest, ASearchLandsOnTheFieldThatMatches) {
         EXPECT_EQ(GetFocus(), GetDlgItem(editor, IDC_ENTRY_LABEL_FIELD));
 
         Press(editor, IDC_EDITOR_SAVE);
-        Search(editor, [](HWND dialog) {
+        Search(editor, [&](HWND dialog) {
             EXPECT_EQ(Results(dialog), 0) << "of a file that has been written since";
             Click(dialog, IDC_SEARCH_RADIO_FIRST + 2);
             EXPECT_FALSE(IsShown(dialog, IDC_SEARCH_TEXT));
             Press(dialog, IDC_START);
             SelectResult(dialog, 0);
+            // Its number is that of another disc for a while.
+            StoreDatabase({discs[2], discs[0], discs[1]});
+            Press(dialog, IDC_OK);
+            EXPECT_TRUE(IsOpen(dialog));
+            StoreDatabase(discs);
             Press(dialog, IDC_OK);
         });
         EXPECT_EQ(GetFocus(), GetDlgItem(editor, IDC_ENTRY_RECORDING_FIRST + 2));
     });
-    EXPECT_THAT(TheBoxes.shown, IsEmpty());
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(HasSubstr("Another program has changed")));
 }
 
 TEST_F(EditorTest, ASearchWithoutAResultChangesNothing) {

@@ -88,9 +88,9 @@ bool OpenDevice(HWND window, const std::string& path, HWND picture) {
     const MCIERROR error = Open(path, picture);
     MediaDevice.open = error == 0;
     if (MediaDevice.open) return true;
+    ShowStatus(window, "Ready");
     ReportMediaError(window, error);
     ForgetDevice();
-    ShowStatus(window, "Ready");
     return false;
 }
 

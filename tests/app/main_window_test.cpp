@@ -1,4 +1,5 @@
-// What reaches the main window from outside its buttons: media keys and dropped files.
+// What reaches the main window from outside its buttons: media keys and dropped files; what a file
+// command leaves behind in its list.
 #include <gmock/gmock.h>
 #include <shlobj.h>
 
@@ -8,6 +9,7 @@
 #include "base/settings.h"
 #include "playback/media_device.h"
 #include "resources/ids.h"
+#include "tests/dialog_script.h"
 #include "tests/fake_drive.h"
 #include "tests/stand_ins.h"
 #include "ui/boxes.h"
@@ -122,6 +124,22 @@ TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
     Drop({files + "song.mid"});
     EXPECT_EQ(OpenedFile(), files + "song.mid") << "named by its user, though the filter omits it";
     EXPECT_EQ(Text(IDC_LIST_COUNT), "1 Midi Files:");
+}
+
+TEST_F(MainWindowTest, ADeletionLeavesTheListWhereItWas) {
+    std::vector<std::string> names;
+    for (int i = 100; i < 160; ++i)
+        names.push_back(std::to_string(i) + ".wav");
+    OpenTestWindow(IDC_MODE_WAVE, names);
+    HWND list = GetDlgItem(MainWindow, IDC_FILE_LIST);
+    SelectFiles(31, 32);
+    SendMessageA(list, LB_SETCARETINDEX, 32, 0);
+    SendMessageA(list, LB_SETTOPINDEX, 30, 0);
+    EXPECT_TRUE(RunInDialog([] { Command(IDC_DELETE); },
+                            [](HWND dialog) { Press(dialog, IDC_DELETE_OK); }));
+    EXPECT_EQ(Text(IDC_LIST_COUNT), "58 Wave Files:");
+    EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), 30);
+    EXPECT_EQ(SendMessageA(list, LB_GETCARETINDEX, 0, 0), 32);
 }
 
 // To the system's comparison of texts these names are the same.

@@ -92,6 +92,7 @@ TEST_F(FilePlayerTest, WhicheverCommandFailsTheUserReadsItOnceAndNothingIsLeftRu
     for (int n = -1; n < commands || n < 0; ++n) {
         SCOPED_TRACE(n);
         TheBoxes = {};
+        TheBoxes.whileOpen = ExpectIdle;
         FilePlays();
         SelectFiles(0, 1);
         PlayQueue.repeat = n >= 0;

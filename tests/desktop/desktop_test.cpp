@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <sstream>
 
+#include "tests/desktop/screen.h"
+
 void DesktopTest::SetUp() {
     ASSERT_TRUE(PrepareProgram(player)) << "TARNWELL_EXE names no program";
     ASSERT_NE(GetFileAttributesA("c:\\windows\\system32\\vdrive.dll"), INVALID_FILE_ATTRIBUTES)
@@ -55,7 +57,14 @@ static HWND WaitForDialog(const Program& player, const std::string& what,
 }
 
 HWND DesktopTest::Dialog(const std::string& title) {
-    return WaitForDialog(player, title, [&](HWND dialog) { return Title(dialog) == title; });
+    HWND dialog = WaitForDialog(player, title, [&](HWND one) { return Title(one) == title; });
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const LONG style = GetWindowLongA(child, GWL_STYLE);
+        const bool picture = ClassOf(child) == "Button" && IsWindowVisible(child) &&
+                             (style & WS_TABSTOP) && (style & BS_TYPEMASK) == BS_OWNERDRAW;
+        EXPECT_TRUE(!picture || WaitForPicture(child)) << title << ": " << Title(child);
+    }
+    return dialog;
 }
 
 HWND DesktopTest::DialogThatShows(int id, const std::string& text) {

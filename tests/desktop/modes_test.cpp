@@ -2,6 +2,7 @@
 // desktop's dots per inch; boxes, keyboard.
 #include <algorithm>
 
+#include "disc/disc_times.h"
 #include "tests/desktop/desktop_test.h"
 #include "tests/desktop/screen.h"
 
@@ -89,6 +90,12 @@ static void ExpectComposed(HWND dialog) {
     ReleaseDC(nullptr, screen);
 }
 
+static void ExpectCentred(HWND window) {
+    const POINT middle = CentreOf(window);
+    EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 1);
+    EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 1);
+}
+
 // One control of each group; that the groups are whole shows where they would cover each other.
 constexpr unsigned kFileModes = 7, kVideoOnly = 4, kCdOnly = 8, kEveryMode = 15;
 constexpr std::pair<int, unsigned> kSamples[] = {
@@ -97,6 +104,7 @@ constexpr std::pair<int, unsigned> kSamples[] = {
     {IDC_EXIT, kEveryMode},  {IDC_SCROLL, kEveryMode}};
 
 TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
+    InsertDisc(std::vector<int>(kTrackPageSize + 1, 20));
     for (const auto& [on, start] : {std::pair{"On", "wave"}, std::pair{"Off", "cdplayer"}}) {
         SwitchAnimations(on);
         ASSERT_NO_FATAL_FAILURE(StartIn(start));
@@ -109,6 +117,8 @@ TEST_F(ModesTest, EachModeShowsItsControlsWholeAndApart) {
                 EXPECT_EQ(IsShown(player.window, id), (shownIn >> (mode - IDC_MODE_WAVE) & 1) != 0)
                     << id;
             ExpectComposed(player.window);
+            EXPECT_TRUE(mode != IDC_MODE_CDPLAYER ||
+                        WaitForPicture(Control(player.window, IDC_TRACK_FIRST)));
         }
     }
 }
@@ -135,9 +145,7 @@ TEST_F(ModesTest, PlacesAndSkinAreThoseOfTheResolution) {
     GetClientRect(player.window, &client);
     EXPECT_NEAR(client.right, expected->client.cx, 1);
     EXPECT_NEAR(client.bottom, expected->client.cy, 1);
-    const POINT middle = CentreOf(player.window);
-    EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 1);
-    EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 1);
+    ExpectCentred(player.window);
     for (const auto& [mode, place] : {std::pair{IDC_MODE_MIDI, expected->fileModes},
                                       std::pair{IDC_MODE_CDPLAYER, expected->cdPlayer},
                                       std::pair{IDC_MODE_WAVE, expected->fileModes}}) {
@@ -151,13 +159,17 @@ TEST_F(ModesTest, PlacesAndSkinAreThoseOfTheResolution) {
     // A palette has near colours, not the same.
     if (palette) return;
     const bool large = dpi == 120;
-    const Picture& skin =
-        ResourcePicture(large ? kMainButtonGrid.largeId : kMainButtonGrid.smallId);
-    for (const auto& [id, face] :
-         {std::pair{IDC_STOP, kFaceStop}, std::pair{IDC_EXIT, kFaceExit}}) {
+    Command(player.window, IDC_REPEAT);
+    for (const auto& [id, face] : {std::pair{IDC_STOP, kFaceStop},
+                                   {IDC_REPEAT, kFaceRepeatOn},
+                                   {IDC_MODE_WAVE, kFaceTabWaveSelected},
+                                   {IDC_MODE_MIDI, kFaceTabMidi}}) {
+        const Picture& skin = ResourcePicture(large ? face.grid->largeId : face.grid->smallId);
+        const SkinRect part = FaceRect(face, false, large);
         EXPECT_TRUE(WaitUntil([&] {
-            return ShowsPart(Photograph(Control(player.window, id)), 1, 1, skin,
-                             FaceRect(face, false, large));
+            const Picture button = Photograph(Control(player.window, id));
+            return button.width == part.width + 2 && button.height == part.height + 2 &&
+                   ShowsPart(button, 1, 1, skin, part);
         })) << id;
     }
 }
@@ -211,6 +223,7 @@ TEST_F(ModesTest, DialogsAreWholeAndApart) {
         HWND dialog = Dialog(title);
         ASSERT_TRUE(Settle(player));
         ExpectComposed(dialog);
+        ExpectCentred(dialog);
         EXPECT_TRUE(WaitUntil([&] {
             PostMessageA(WaitForPopup(player, 0), WM_CLOSE, 0, 0);
             return WaitForNoPopup(player, 100);

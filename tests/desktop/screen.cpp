@@ -1,8 +1,11 @@
 // See screen.h.
 #include "tests/desktop/screen.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
+
+#include "tests/desktop/driver.h"
 
 static Picture ReadBitmap(HDC dc, HBITMAP bitmap) {
     BITMAP size = {};
@@ -65,4 +68,12 @@ bool ShowsPart(const Picture& screen, int left, int top, const Picture& bitmap,
         }
     }
     return true;
+}
+
+bool WaitForPicture(HWND control) {
+    return WaitUntil([&] {
+        const std::vector<uint32_t> pixels = Photograph(control).pixels;
+        return IsWindowVisible(control) &&
+               std::ranges::count(pixels, pixels.at(0)) < std::ssize(pixels);
+    });
 }

@@ -20,6 +20,9 @@ struct Picture {
 // What the screen shows where a window stands.
 Picture Photograph(HWND window);
 
+// Waits for what has more than one colour: a film or a drawn button, and not the ground behind it.
+bool WaitForPicture(HWND window);
+
 // A bitmap as the program that TARNWELL_EXE names has it in its resources.
 const Picture& ResourcePicture(int id);
 

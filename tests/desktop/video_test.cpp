@@ -31,15 +31,6 @@ static bool IsBlack(HWND control) {
     return std::ranges::count(pixels, 0u) == std::ssize(pixels);
 }
 
-// Many colours, as a film has and the ground behind it has not.
-static bool WaitForPicture(HWND control) {
-    return WaitUntil([&] {
-        const std::vector<uint32_t> pixels = Photograph(control).pixels;
-        return IsWindowVisible(control) &&
-               std::ranges::count(pixels, pixels.at(0)) < std::ssize(pixels);
-    });
-}
-
 static int FramesShown(HWND window) {
     return atoi(Text(window, IDC_POSITION).c_str());
 }
@@ -128,8 +119,11 @@ TEST_F(VideoTest, SoundIsHeardUntilItIsSwitchedOff) {
     EXPECT_EQ(Shown(IDC_POSITION), "10 Frames");
     Command(player.window, IDC_PAUSE);
     EXPECT_TRUE(WaitUntil([&] { return FramesShown(player.window) > 12; }));
+    const auto button = [&] { return Photograph(Control(player.window, IDC_SOUND)).pixels; };
+    const std::vector<uint32_t> on = button();
     Command(player.window, IDC_SOUND);
     EXPECT_TRUE(WaitForSilence());
+    EXPECT_NE(button(), on);
     EXPECT_EQ(Shown(IDC_STATUS), "Playing");
     Command(player.window, IDC_SOUND);
     EXPECT_TRUE(WaitForSound());

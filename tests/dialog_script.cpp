@@ -24,26 +24,28 @@ static std::vector<HWND> OpenDialogs() {
 
 struct Run {
     const std::function<void(HWND)>* script;
-    std::vector<HWND> before;
+    std::vector<HWND> seen;
     UINT_PTR timer;
-    bool done;
+    bool inScript, done;
 };
 static std::vector<Run*> Runs;
 
 static void CALLBACK RunScript(HWND, UINT, UINT_PTR timer, DWORD) {
     Run& run = *Runs.back();
-    if (run.timer != timer || run.done) return;
+    if (run.timer != timer || run.inScript) return;
     for (HWND dialog : OpenDialogs()) {
-        if (std::find(run.before.begin(), run.before.end(), dialog) != run.before.end()) continue;
-        run.done = true;
+        if (std::find(run.seen.begin(), run.seen.end(), dialog) != run.seen.end()) continue;
+        run.seen.push_back(dialog);
+        run.inScript = run.done = true;
         (*run.script)(dialog);
+        run.inScript = false;
         if (IsWindowVisible(dialog)) PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
         return;
     }
 }
 
 bool RunInDialog(const std::function<void()>& open, const std::function<void(HWND)>& script) {
-    Run run = {&script, OpenDialogs(), SetTimer(nullptr, 0, 10, RunScript), false};
+    Run run = {&script, OpenDialogs(), SetTimer(nullptr, 0, 10, RunScript), false, false};
     Runs.push_back(&run);
     open();
     Runs.pop_back();
@@ -70,7 +72,8 @@ bool SelectEntry(HWND dialog, int listId, const std::string& text) {
     SendMessageA(GetDlgItem(dialog, listId), LB_SETCURSEL,
                  static_cast<WPARAM>(found - texts.begin()), 0);
     Press(dialog, listId, LBN_SELCHANGE);
-    return true;
+    // Closed by the mere selection, it would not be the dialog that the caller goes on with.
+    return IsWindowVisible(dialog) != FALSE;
 }
 
 bool DoubleClickEntry(HWND dialog, int listId, const std::string& text) {

@@ -7,8 +7,9 @@
 
 #include <windows.h>
 
-// Calls what opens a dialog, and the script once the dialog shows; a script may run another dialog
-// inside its own. What a script leaves open is closed by IDCANCEL. False when no dialog came.
+// Calls what opens a dialog or a series of them, and the script once one shows; a script may run
+// another dialog inside its own. What a script leaves open is closed by IDCANCEL. False when no
+// dialog came.
 bool RunInDialog(const std::function<void()>& open, const std::function<void(HWND)>& script);
 
 // A command of a dialog, carried out before this returns.

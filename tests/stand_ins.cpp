@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 
 #include "app/main_window.h"
 #include "base/app_directory.h"
@@ -207,6 +208,11 @@ std::string Make(const std::string& path) {
     else
         CreateDirectoryA(path.c_str(), nullptr);
     return path;
+}
+
+std::string BytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::string FreshDirectory() {

@@ -60,6 +60,8 @@ void CloseTestWindow();
 
 // Makes an empty file or, where a backslash ends it, a directory. Answers with the path.
 std::string Make(const std::string& path);
+// A whole file; empty when there is none.
+std::string BytesOf(const std::string& path);
 // An empty directory of the test's own, with its trailing backslash.
 std::string FreshDirectory();
 

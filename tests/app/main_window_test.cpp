@@ -55,15 +55,10 @@ TEST_F(MainWindowTest, MediaKeysDriveTheQueue) {
     MediaKey(APPCOMMAND_MEDIA_PLAY_PAUSE);
     EXPECT_EQ(Text(IDC_STATUS), "Playing");
     TakeLog();
-    BYTE keys[256] = {};
-    keys[VK_LBUTTON] = 0x80;
-    SetKeyboardState(keys);
-    MediaKey(APPCOMMAND_MEDIA_PREVIOUSTRACK);
+    HoldKey(VK_LBUTTON, [] { MediaKey(APPCOMMAND_MEDIA_PREVIOUSTRACK); });
     EXPECT_EQ(TakeLog(), Log{"play from 0"});
     EXPECT_FALSE(MediaDevice.dragging) << "the mouse holds something else";
-    keys[VK_LBUTTON] = 0;
-    SetKeyboardState(keys);
-    TheMci.status[MCI_STATUS_MODE] = MCI_MODE_STOP;
+    FileEnds();
     MediaKey(APPCOMMAND_MEDIA_NEXTTRACK);
     EXPECT_EQ(OpenedFile(), AppDirectory + "b.wav");
     EXPECT_EQ(Text(IDC_FILES_LEFT), "0");
@@ -107,6 +102,7 @@ TEST_F(MainWindowTest, DroppedFilesAndFoldersPlayWhereTheyLie) {
     EXPECT_EQ(OpenedFile(), files + "one.wav");
 
     const std::string empty = FreshDirectory();
+    Make(empty + "folder.wav\\");
     WaveFilesPath = empty;
     Drop({empty.substr(0, empty.size() - 1), files.substr(0, files.size() - 1)});
     EXPECT_EQ(Text(IDC_SELECTED_COUNT), "3");
@@ -153,6 +149,7 @@ TEST_F(MainWindowTest, ANameWithASharpSIsNotTheOneWithTwo) {
     WaveFilesPath = Make(AppDirectory + "mass\\");
     const std::string typed = "c" + Make(AppDirectory + sharp + "\\").substr(1);
     SetDlgItemTextA(MainWindow, IDC_DIRECTORY, typed.c_str());
+    EXPECT_NE(WaveFilesPath, typed) << "the field has not been left";
     Command(IDC_DIRECTORY, EN_KILLFOCUS);
     EXPECT_EQ(WaveFilesPath, typed);
 }

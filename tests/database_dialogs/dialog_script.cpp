@@ -2,7 +2,6 @@
 #include "tests/database_dialogs/dialog_script.h"
 
 #include <fstream>
-#include <sstream>
 
 #include "base/app_directory.h"
 #include "base/settings.h"
@@ -31,13 +30,6 @@ void PressEnterIn(HWND dialog, int id) {
 
 bool IsShown(HWND dialog, int id) {
     return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-std::string BytesOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
 }
 
 std::string DatabaseBytes() {

@@ -17,8 +17,7 @@ void Type(HWND dialog, int id, const std::string& text);
 void PressEnterIn(HWND dialog, int id);
 bool IsShown(HWND dialog, int id);
 
-// A whole file, as another program finds it; empty when there is none.
-std::string BytesOf(const std::string& path);
+// The catalogue's file.
 std::string DatabaseBytes();
 void StoreBytes(const std::string& bytes);
 void StoreDatabase(const std::vector<Disc>& discs);

@@ -33,6 +33,8 @@ static LRESULT Results(HWND dialog) {
 
 static void SelectResult(HWND dialog, WPARAM item) {
     SendDlgItemMessageA(dialog, IDC_SEARCH_RESULTS, LB_SETCURSEL, item, 0);
+    Press(dialog, IDC_SEARCH_RESULTS, LBN_SELCHANGE);
+    EXPECT_TRUE(IsOpen(dialog));
 }
 
 static void LeaveNumber(HWND dialog) {
@@ -262,6 +264,7 @@ TEST_F(EditorTest, ASearchWithoutAResultChangesNothing) {
     Settings.search.caseSensitive = true;
     Settings.search.radioId = IDC_SEARCH_RADIO_LAST;
     Settings.search.track = false;
+    Settings.search.text = discs[0].fields.artist;
     Edit([&](HWND editor) {
         Press(editor, IDC_ENTRY_INDEX_FORWARD);
         Type(editor, IDC_ENTRY_ARTIST, "Typed");
@@ -269,7 +272,6 @@ TEST_F(EditorTest, ASearchWithoutAResultChangesNothing) {
             EXPECT_EQ(Number(dialog), "2");
             EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_SEARCH_MATCH_CASE));
             EXPECT_FALSE(IsDlgButtonChecked(dialog, IDC_SEARCH_FIELD_FIRST));
-            Type(dialog, IDC_SEARCH_TEXT, discs[0].fields.artist);
             // The number that was typed counts without being left, and lies behind the first disc.
             Type(dialog, IDC_ENTRY_INDEX, "3");
             PressEnterIn(dialog, IDC_ENTRY_INDEX);

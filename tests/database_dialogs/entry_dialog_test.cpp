@@ -120,7 +120,7 @@ TEST_F(EntryDialogTest, NamesSurvivePagingWithoutAFocusChange) {
         Type(dialog, IDC_ENTRY_NAME_FIRST + 4, "Fifth");
         Press(dialog, IDC_ENTRY_PAGE_UP);
         EXPECT_EQ(ShownRows(dialog), 2);
-        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST), "16");
+        EXPECT_EQ(ControlText(dialog, IDC_ENTRY_NUMBER_FIRST + 1), "17");
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDC_ENTRY_NAME_FIRST))
             << "the row that had the focus is gone";
         Type(dialog, IDC_ENTRY_NAME_FIRST, "Sixteenth");

@@ -6,7 +6,6 @@
 
 #include "tests/desktop/desktop_test.h"
 
-using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 static std::string StubProgram() {
@@ -120,30 +119,13 @@ TEST_F(FileToolsTest, RenameGoesOnAfterACancelAndDeleteAsksFirst) {
     EXPECT_THAT(ListTexts(List()), ElementsAre("c.wav"));
 }
 
-TEST_F(FileToolsTest, EditorIsChosenStartedAndDismissed) {
+TEST_F(FileToolsTest, EditorAndMixerAreStarted) {
     const std::string tools = player.directory + "tools\\";
     CreateDirectoryA(tools.c_str(), nullptr);
     ASSERT_TRUE(CopyFileA(StubProgram().c_str(), (tools + "waved.exe").c_str(), TRUE));
+    PutSetting(player, "WavEditorPath", tools.c_str());
+    PutSetting(player, "WavEditorName", "waved.exe");
     Open(IDC_EDITOR, {"b.wav", "c.wav"});
-    HWND question = DialogThatShows(
-        IDC_MESSAGE_TEXT, "No editor selected for *.WAV files. Do you want to select one?");
-    PressKeyIn(question, VK_RETURN);
-    HWND dialog = Dialog("Select editor for *.WAV files");
-    SetText(dialog, IDC_PROGRAM_LOCATION, tools);
-    SetForegroundWindow(dialog);
-    ClickMouse(CentreOf(Control(dialog, IDC_PROGRAM_LOCATION)));
-    PressKey(VK_TAB);
-    HWND programs = Control(dialog, IDC_PROGRAM_LIST);
-    EXPECT_TRUE(WaitUntil([&] { return ListTexts(programs) == std::vector{"waved.exe"s}; }));
-    SendMessageA(programs, LB_SETCURSEL, 0, 0);
-    Command(dialog, IDC_PROGRAM_SELECT);
-    EXPECT_TRUE(WaitForText(dialog, IDC_PROGRAM_NAME, "WAVED.EXE"));
-    Command(dialog, IDC_OK);
-    EXPECT_TRUE(WaitForNoPopup(player));
-    EXPECT_EQ(GetSetting(player, "WavEditorPath") + GetSetting(player, "WavEditorName"),
-              tools + "waved.exe");
-
-    Command(player.window, IDC_EDITOR);
     const std::string expected = tools + "waved.exe " + MediaDirectory() + "b.wav";
     EXPECT_TRUE(WaitUntil([&] { return FileBytes(tools + "waved.exe.txt") == expected; }))
         << FileBytes(tools + "waved.exe.txt");

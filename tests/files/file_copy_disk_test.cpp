@@ -1,6 +1,5 @@
 // Copying and moving on the system's own disk: what a disk in memory cannot show.
 #include <fstream>
-#include <iterator>
 
 #include "base/file_description.h"
 #include "files/destination_drive.h"
@@ -14,11 +13,6 @@ protected:
         std::ofstream(source, std::ios::binary) << "whole";
     }
 
-    static std::string Bytes(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        if (!file) return "(no file)";
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     CopyResult Move(const std::string& to) {
         return MoveOneFile(source, to, {[] { return true; }, [] {}, [](uint64_t, uint64_t) {}});
     }
@@ -35,7 +29,7 @@ TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
              {target, directory + "SOURCE.WAV", directory + ".\\source.wav",
               directory + "folder\\..\\source.wav"}) {
             EXPECT_EQ(Move(same), CopyResult::kOverItself) << same;
-            EXPECT_EQ(Bytes(source), "whole") << same;
+            EXPECT_EQ(BytesOf(source), "whole") << same;
         }
     };
     refuseAll();
@@ -44,13 +38,13 @@ TEST_F(FileCopyDiskTest, NoSpellingOfTheSourceEmptiesIt) {
     ASSERT_TRUE(writer);
     refuseAll();
     EXPECT_EQ(Move(directory + "other.wav"), CopyResult::kNotRemoved);
-    EXPECT_EQ(Bytes(directory + "other.wav") + Bytes(source), "wholewhole");
+    EXPECT_EQ(BytesOf(directory + "other.wav") + BytesOf(source), "wholewhole");
 }
 
 TEST_F(FileCopyDiskTest, TargetsThatCannotTakeAFile) {
     for (const char* name : {"folder", "nul", "missing\\a.wav", "a\tb?.wav"}) {
         EXPECT_EQ(Move(directory + name), CopyResult::kFailed) << name;
-        EXPECT_EQ(Bytes(source), "whole") << name;
+        EXPECT_EQ(BytesOf(source), "whole") << name;
     }
 }
 

@@ -107,7 +107,8 @@ TEST_F(PathDialogTest, TheFilesFollowAndTheRestOfTheMainWindowWaits) {
     Make(top + "two\\");
     EXPECT_TRUE(Use([&](HWND dialog) {
         Press(dialog, IDC_PATH_DIRECTORIES, LBN_DBLCLK);
-        EXPECT_EQ(Location(dialog), top) << "nothing was selected";
+        SelectEntry(dialog, IDC_PATH_DIRECTORIES, "[two]");
+        EXPECT_EQ(Location(dialog), top) << "nothing was selected, or not twice";
         DoubleClickEntry(dialog, IDC_PATH_DIRECTORIES, "[two]");
         EXPECT_EQ(Location(dialog), top + "two\\");
         EXPECT_EQ(ControlText(dialog, IDC_PATH_ANSWER), "No");
@@ -134,7 +135,9 @@ TEST_F(PathDialogTest, DrivesAreEnteredOrLeadToTheWaveFiles) {
     SetCurrentDirectoryA("t:\\below");
     directory = "c:\\windows\\";
     Use([&](HWND dialog) {
-        EXPECT_TRUE(DoubleClickEntry(dialog, IDC_PATH_DRIVES, "[-t-]"));
+        EXPECT_TRUE(SelectEntry(dialog, IDC_PATH_DRIVES, "[-t-]"));
+        EXPECT_EQ(Location(dialog), "c:\\windows\\");
+        Press(dialog, IDC_PATH_DRIVES, LBN_DBLCLK);
         EXPECT_EQ(Location(dialog), "t:\\below\\") << "where the drive stood";
         DoubleClickEntry(dialog, IDC_PATH_DIRECTORIES, "t:\\");
         EXPECT_THAT(Entries(dialog, IDC_PATH_DIRECTORIES), ElementsAre("t:\\", "[below]"));

@@ -60,7 +60,7 @@ TEST_F(SearchDialogTest, FindsEachDirectoryOnceAndKeepsTheResult) {
         Press(dialog, IDC_DRIVE_SEARCH_START);
         expectResult(dialog);
         EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DETAIL), "Done!");
-        SelectEntry(dialog, IDC_DRIVE_SEARCH_RESULTS, "t:\\b\\");
+        EXPECT_TRUE(SelectEntry(dialog, IDC_DRIVE_SEARCH_RESULTS, "t:\\b\\"));
         EXPECT_EQ(ControlText(dialog, IDC_DRIVE_SEARCH_DETAIL), "2 Midi File(s)");
         Press(dialog, IDC_DRIVE_SEARCH_RESULTS, LBN_DBLCLK);
     });

@@ -2,14 +2,16 @@
 #include "base/file_access.h"
 #include "base/modes.h"
 #include "base/settings.h"
+#include "files/copy_dialog.h"
 #include "files/copy_run.h"
-#include "files/editors_dialog.h"
 #include "files/programs.h"
 #include "files/rename_dialog.h"
 #include "tests/dialog_script.h"
 #include "tests/stand_ins.h"
 #include "ui/dialog_helpers.h"
 
+using testing::_;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -17,12 +19,16 @@ class ToolDialogsTest : public testing::Test {
 protected:
     void SetUp() override {
         UseStandIns();
-        OpenTestWindow(IDC_MODE_WAVE, {"a.wav", "0.exe", "b.exe"});
+        OpenTestWindow(IDC_MODE_MIDI, {"a.mid", "0.exe", "b.exe"});
     }
     void TearDown() override { CloseTestWindow(); }
 
+    // The dialog that the first file, which has no editor, leads to.
     static void UseEditors(const std::function<void(HWND)>& script) {
-        EXPECT_TRUE(RunInDialog([] { ShowEditorsDialog(MainWindow); }, script));
+        SelectFiles(0, 0);
+        EXPECT_TRUE(RunInDialog([] { Command(IDC_EDITOR); }, script));
+        EXPECT_EQ(TheBoxes.shown[0],
+                  "? No editor selected for *.MID files. Do you want to select one?");
     }
     // Types a directory and goes on to another control.
     static void TypeAndLeave(HWND dialog, const std::string& directory) {
@@ -33,15 +39,15 @@ protected:
 };
 
 TEST_F(ToolDialogsTest, RenamingToNothingLeavesTheFileAndSaysNothing) {
-    EXPECT_TRUE(RunInDialog([] { ShowRenameDialogs(MainWindow, {"a.wav"}); },
+    EXPECT_TRUE(RunInDialog([] { ShowRenameDialogs(MainWindow, {"a.mid"}); },
                             [](HWND dialog) {
-                                EXPECT_EQ(ControlText(dialog, IDC_RENAME_NAME), "a.wav");
+                                EXPECT_EQ(ControlText(dialog, IDC_RENAME_NAME), "a.mid");
                                 SetControlText(dialog, IDC_RENAME_NAME, "");
                                 Press(dialog, IDOK);
                                 EXPECT_FALSE(IsWindowVisible(dialog));
                             }));
     EXPECT_THAT(TheBoxes.shown, IsEmpty());
-    EXPECT_NE(GetFileAttributesA((*ModeDirectory() + "a.wav").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetFileAttributesA((*ModeDirectory() + "a.mid").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(ToolDialogsTest, AKeyPressedDuringACopyAnswersNothing) {
@@ -58,12 +64,12 @@ TEST_F(ToolDialogsTest, AKeyPressedDuringACopyAnswersNothing) {
     };
     EXPECT_TRUE(RunInDialog(
         [&] {
-            copy({"a.wav", "b.exe"});
+            copy({"a.mid", "b.exe"});
         },
         [](HWND question) { Press(question, IDC_OVERWRITE_CANCEL); }));
     EXPECT_EQ(GetPrivateProfileIntA("old", "is", 0, (target + "b.exe").c_str()), 1);
-    DeleteFileA((target + "a.wav").c_str());
-    copy({"a.wav"});
+    DeleteFileA((target + "a.mid").c_str());
+    copy({"a.mid"});
     FileCalls.read = readBefore;
     MSG message;
     EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_INPUT));
@@ -75,6 +81,8 @@ TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {
     // A name that begins with 0 is how the file says none.
     for (const std::string name : {"b.exe", "", "b.exe", "0.exe"}) {
         UseEditors([&](HWND dialog) {
+            EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_EDITOR_TYPE_FIRST + 1)) << "the mode's";
+            Press(dialog, IDC_EDITOR_TYPE_FIRST);
             TypeAndLeave(dialog, *ModeDirectory());
             EXPECT_EQ(DoubleClickEntry(dialog, IDC_PROGRAM_LIST, name), !name.empty());
             if (name.empty()) Press(dialog, IDC_PROGRAM_NONE);
@@ -92,16 +100,42 @@ TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {
     EXPECT_FALSE(Settings.editorChosen[0]) << "a directory alone is no program";
 }
 
-TEST_F(ToolDialogsTest, ADirectoryThatIsNoneIsToldOnceAndAfterwards) {
+TEST_F(ToolDialogsTest, ATypedDirectoryIsTakenByEnterAndWhenItIsLeftOneThatIsNoneToldAfterwards) {
     UseEditors([](HWND dialog) {
+        SetFocus(GetDlgItem(dialog, IDC_PROGRAM_LOCATION));
+        SetControlText(dialog, IDC_PROGRAM_LOCATION, "c" + ModeDirectory()->substr(1));
+        EXPECT_THAT(Entries(dialog, IDC_PROGRAM_LIST), Contains("notepad.exe")) << "too early";
+        Press(dialog, IDOK);
+        EXPECT_THAT(Entries(dialog, IDC_PROGRAM_LIST), ElementsAre("0.exe", "b.exe"));
+        SelectEntry(dialog, IDC_PROGRAM_LIST, "b.exe");
+        Press(dialog, IDC_PROGRAM_SELECT);
+        EXPECT_EQ(ControlText(dialog, IDC_PROGRAM_NAME), "B.EXE");
         TypeAndLeave(dialog, "q:\\nowhere");
         EXPECT_STRCASEEQ(ControlText(dialog, IDC_PROGRAM_LOCATION).c_str(),
                          ModeDirectory()->c_str());
-        EXPECT_THAT(TheBoxes.shown, IsEmpty()) << "in the middle of the focus change";
+        EXPECT_EQ(TheBoxes.shown.size(), 1u) << "in the middle of the focus change";
         const DWORD start = GetTickCount();
-        const auto wait = [&] { return TheBoxes.shown.empty() ? 10000u : 200u; };
+        const auto wait = [&] { return TheBoxes.shown.size() < 2 ? 10000u : 200u; };
         while (GetTickCount() - start < wait())
             PumpMessages();
-        EXPECT_THAT(TheBoxes.shown, ElementsAre("Invalid path!"));
+        EXPECT_THAT(TheBoxes.shown, ElementsAre(_, "Invalid path!"));
     });
+}
+
+TEST_F(ToolDialogsTest, ADestinationIsTakenWhenItsFieldIsLeftAndFromBrowsing) {
+    const auto script = [](HWND dialog) {
+        const auto shown = [=] { return ControlText(dialog, IDC_COPY_DESTINATION); };
+        SetFocus(GetDlgItem(dialog, IDC_COPY_DESTINATION));
+        SetControlText(dialog, IDC_COPY_DESTINATION, "c|/Windows");
+        EXPECT_EQ(shown(), "c|/Windows") << "too early";
+        SetFocus(GetDlgItem(dialog, IDC_COPY_BROWSE));
+        EXPECT_EQ(shown(), "c:\\windows\\");
+        const auto browse = [](HWND path) {
+            DoubleClickEntry(path, IDC_PATH_DIRECTORIES, "c:\\");
+            Press(path, IDC_OK);
+        };
+        EXPECT_TRUE(RunInDialog([=] { Press(dialog, IDC_COPY_BROWSE); }, browse));
+        EXPECT_EQ(shown(), "c:\\");
+    };
+    EXPECT_TRUE(RunInDialog([] { ShowCopyDialog(MainWindow, {"a.mid", "b.mid"}); }, script));
 }

@@ -123,6 +123,10 @@ TEST_F(SkinDrawing, FacesAndBackgroundFollowTheSystemColours) {
             SendMessageA(MainWindow, WM_SYSCOLORCHANGE, 0, 0);
             PumpMessages();
             EXPECT_EQ(GetPixel(window, bare.x, bare.y), colour);
+            for (const LONG x : {0L, client.right - 1}) {
+                for (const LONG y : {0L, client.bottom - 1})
+                    EXPECT_NE(GetPixel(window, x, y), colour) << "no frame";
+            }
             Draw(ODA_SELECT, ODS_SELECTED);
             const auto pixels = Picture();
             const auto found = std::count(pixels.begin(), pixels.end(), strange);

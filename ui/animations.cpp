@@ -9,18 +9,14 @@
 #include "ui/frame_stepping.h"
 #include "ui/frame_strip.h"
 
-// A mode's picture: its place in client coordinates, empty without one, and the frame it shows.
-struct Animation {
-    RECT area;
-    uint16_t frame;
-};
-static Animation Animations[IDC_MODE_CDPLAYER - IDC_MODE_WAVE + 1];
+// The frame that each mode's picture shows.
+static uint16_t Frames[IDC_MODE_CDPLAYER - IDC_MODE_WAVE + 1];
 
 static RECT StripArea;
 static SpriteState Sprite;
 
-static Animation& AnimationOf(const Mode& mode) {
-    return Animations[mode.id - IDC_MODE_WAVE];
+static uint16_t& FrameOf(const Mode& mode) {
+    return Frames[mode.id - IDC_MODE_WAVE];
 }
 
 static bool IsEnabled(const Mode& mode) {
@@ -28,11 +24,8 @@ static bool IsEnabled(const Mode& mode) {
 }
 
 void PlaceAnimations(HWND window) {
-    for (const Mode& mode : Modes()) {
-        AnimationOf(mode) = {};
-        if (mode.animationArea != 0)
-            AnimationOf(mode).area = ControlRect(window, mode.animationArea);
-    }
+    for (uint16_t& frame : Frames)
+        frame = 0;
     StripArea = ControlRect(window, IDC_SPRITE_STRIP);
     Sprite.upper = StripArea.top + 1;
     Sprite.lower = StripArea.bottom - kCdSprite.frame.height - 1;
@@ -51,9 +44,9 @@ void ShowAnimationAreas(HWND window) {
 
 static void DrawFrame(HWND window, const Mode& mode) {
     if (mode.strip == nullptr || !IsEnabled(mode)) return;
-    const Animation& animation = AnimationOf(mode);
-    const RECT place = PicturePlace(animation.area, mode.strip->frame);
-    DrawStripFrame(window, *mode.strip, animation.frame, place.left, place.top, true);
+    const RECT area = ControlRect(window, mode.animationArea);
+    const RECT place = PicturePlace(area, mode.strip->frame);
+    DrawStripFrame(window, *mode.strip, FrameOf(mode), place.left, place.top, true);
 }
 
 static int SpriteX() {
@@ -82,7 +75,7 @@ void DrawAnimations(HWND window) {
     const Mode& mode = CurrentMode();
     if (!IsEnabled(mode)) return;
     if (mode.strip != nullptr) {
-        DrawMount(window, AnimationOf(mode).area, mode.strip->frame);
+        DrawMount(window, ControlRect(window, mode.animationArea), mode.strip->frame);
         DrawFrame(window, mode);
     }
     FillStrip(window);
@@ -94,8 +87,7 @@ void StepAnimation(HWND window, bool discPlaying) {
     const Mode& mode = CurrentMode();
     if (mode.strip == nullptr) return;
     if (InCdMode() && !discPlaying) return;
-    Animation& animation = AnimationOf(mode);
-    animation.frame = NextFrame(animation.frame, mode.strip->frames);
+    FrameOf(mode) = NextFrame(FrameOf(mode), mode.strip->frames);
     DrawFrame(window, mode);
     if (InCdMode()) StepSprite(window);
 }

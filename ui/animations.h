@@ -4,8 +4,8 @@
 
 #include <windows.h>
 
-// Takes the areas' places from their controls, hidden ones too, and starts every animation anew. To
-// be called when all controls stand where they belong.
+// Takes the strip's place from its control and starts every animation anew. The pictures stand in
+// the middle of their areas, wherever those are when they are drawn.
 void PlaceAnimations(HWND window);
 
 // Shows or hides the current mode's areas by its setting, and hides those of the other modes.

@@ -16,49 +16,29 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Answer = std::function<void(HWND dialog)>;
-
 static int DialogsShown;
-static Answer AnswerNext;
-
-// Runs inside each dialog's own message loop and answers it in the user's place.
-static void CALLBACK AnswerDialog(HWND, UINT, UINT_PTR, DWORD) {
-    HWND dialog = GetLastActivePopup(MainWindow);
-    if (dialog == MainWindow || !IsWindowVisible(dialog)) return;
-    EXPECT_FALSE(IsWindowEnabled(MainWindow));
-    ++DialogsShown;
-    AnswerNext(dialog);
-    // A dialog that the answer did not close would never end.
-    if (IsWindowVisible(dialog)) {
-        ADD_FAILURE() << "not closed";
-        EndDialog(dialog, IDC_CANCEL);
-    }
-}
 
 class FileInfoTest : public testing::Test {
 protected:
-    void SetUp() override {
-        UseStandIns();
-        timer = SetTimer(nullptr, 0, 10, AnswerDialog);
-        AnswerNext = [](HWND dialog) { Press(dialog, IDOK); };
-    }
-    void TearDown() override {
-        KillTimer(nullptr, timer);
-        CloseTestWindow();
-    }
+    void SetUp() override { UseStandIns(); }
+    void TearDown() override { CloseTestWindow(); }
 
-    // What the Info command shows for all files of the list.
-    static void Show() {
+    // What the Info command shows for all files of the list, each dialog closed by the answer.
+    static void Show(const std::function<void(HWND)>& answer) {
         DialogsShown = 0;
         TheBoxes.shown.clear();
         TakeLog();
         SendDlgItemMessageA(MainWindow, IDC_FILE_LIST, LB_SETSEL, TRUE, -1);
-        Command(IDC_INFO);
+        RunInDialog([] { Command(IDC_INFO); },
+                    [&](HWND dialog) {
+                        EXPECT_FALSE(IsWindowEnabled(MainWindow));
+                        ++DialogsShown;
+                        answer(dialog);
+                        EXPECT_FALSE(IsWindowVisible(dialog)) << "not closed";
+                    });
         EXPECT_TRUE(IsWindowEnabled(MainWindow));
         EXPECT_FALSE(MediaDevice.open);
     }
-
-    UINT_PTR timer = 0;
 };
 
 // The first of two files is asked about without a failure and with one at every call.
@@ -108,7 +88,7 @@ TEST_F(FileInfoTest, AsksTheDeviceAndTellsEveryFailureOnce) {
             const std::string failed =
                 call > 0 && call < closing ? c.questions[size_t(call) - 1] : "";
             const bool told = call >= 0 && call < closing && failed != "bits";
-            AnswerNext = [&](HWND dialog) {
+            const auto answer = [&](HWND dialog) {
                 const bool first = call != 0 && DialogsShown == 1;
                 bool blank = false;
                 for (const auto& [id, text] : c.fields) {
@@ -123,7 +103,7 @@ TEST_F(FileInfoTest, AsksTheDeviceAndTellsEveryFailureOnce) {
                 Press(dialog, IDOK);
             };
             FailCall(call);
-            Show();
+            Show(answer);
             EXPECT_EQ(TheBoxes.shown.size(), told ? 1U : 0U);
             EXPECT_EQ(DialogsShown, call != 0 ? 2 : 1);
             if (call >= 0) continue;
@@ -147,7 +127,7 @@ TEST_F(FileInfoTest, ASeriesEndsWithCancelAndNothingElse) {
                  {IDCANCEL, false, 1}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.command);
-        AnswerNext = [&](HWND dialog) {
+        const auto answer = [&](HWND dialog) {
             for (const int id : {IDC_INFO_SERIES_OK, IDC_CANCEL})
                 EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, id)), c.series);
             EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, IDC_OK)), !c.series);
@@ -155,7 +135,7 @@ TEST_F(FileInfoTest, ASeriesEndsWithCancelAndNothingElse) {
             Press(dialog, c.command);
         };
         OpenTestWindow(IDC_MODE_WAVE, c.series ? Log{"a.wav", "b.wav", "c.wav"} : Log{"a.wav"});
-        Show();
+        Show(answer);
         EXPECT_EQ(DialogsShown, c.shown);
         const Log log = TakeLog();
         EXPECT_EQ(std::count(log.begin(), log.end(), "close"), c.shown);

@@ -128,6 +128,8 @@ static int EntryOfFile(HWND window, const std::string& name) {
 }
 
 void SelectFiles(HWND window, const std::vector<std::string>& names) {
+    // Drawn once: each selection would scroll the list.
+    SendMessageA(FileList(window), WM_SETREDRAW, FALSE, 0);
     SendMessageA(FileList(window), LB_SETSEL, names.empty(), -1);
     const int listed = ListCount(FileList(window));
     for (const std::string& name : names) {
@@ -138,6 +140,8 @@ void SelectFiles(HWND window, const std::vector<std::string>& names) {
         }
         if (index >= 0) SendMessageA(FileList(window), LB_SETSEL, TRUE, index);
     }
+    SendMessageA(FileList(window), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(FileList(window), nullptr, TRUE);
     if (ListCount(FileList(window)) == listed) return;
     FitListExtent(FileList(window));
     ShowFileCount(window);

@@ -24,27 +24,29 @@ static const DialogButton kButtons[] = {
 
 static EntrySheet Sheet;
 
-// Whether the catalogue knew the disc when the dialog opened.
+// Whether the catalogue knew the disc when the dialog opened, and what it held.
 static bool KnownAtOpening;
+static EntryFields FieldsAtOpening;
 
 struct EntryToShow {
     DiscToc disc;
     EntryFields fields;
 };
 
+static DatabaseResult LookUp(const DiscToc& disc) {
+    CopyDiscToc(disc);
+    return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
+}
+
 // What cannot be read must not be shown as empty: OK would write the empty fields over it.
 static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
-    CopyDiscToc(entry.disc);
-    const auto lookUp = [&] {
-        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
-    };
-    DatabaseResult asked = lookUp();
+    DatabaseResult asked = LookUp(entry.disc);
     if (asked != DatabaseResult::kOk) return asked;
     KnownAtOpening = FoundEntryOffset != 0;
     if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, entry.fields)) {
         return DatabaseResult::kOk;
     }
-    asked = lookUp();
+    asked = LookUp(entry.disc);
     return asked == DatabaseResult::kOk ? DatabaseResult::kDamaged : asked;
 }
 
@@ -53,6 +55,7 @@ static void OnInitDialog(HWND dialog, const EntryToShow& entry) {
     OpenEntryFields(Sheet, dialog);
     CenterOnScreen(dialog);
     ShowEntry(Sheet, entry.disc, entry.fields);
+    FieldsAtOpening = entry.fields;
     SetControlText(dialog, IDC_ENTRY_DISC_COUNT, std::to_string(DatabaseEntryCount()));
 }
 
@@ -61,9 +64,22 @@ static void Close(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
+// Whether the file holds another text than was shown and than is to be written, which may be there
+// already when an earlier try was not told whole. What cannot be read is for the save to tell.
+static bool HasOtherTexts(const EntryFields& fields) {
+    EntryFields stored;
+    return LookUp(Sheet.disc) == DatabaseResult::kOk && FoundEntryOffset != 0 &&
+           LoadEntryFields(FoundEntryOffset, stored) && stored != FieldsAtOpening &&
+           stored != fields;
+}
+
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
     const EntryFields fields = ReadEntry(Sheet);
+    if (KnownAtOpening && HasOtherTexts(fields) &&
+        !AskQuestion("Another program has changed this entry. Replace it?")) {
+        return;
+    }
     const auto save = [&] {
         // The catalogue's own record of the disc follows the drive, also while a question is open.
         CopyDiscToc(Sheet.disc);

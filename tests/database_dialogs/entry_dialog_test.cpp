@@ -111,6 +111,23 @@ TEST_F(EntryDialogTest, KnownDiscIsReplacedAtTheEnd) {
     first.fields.discType = 3;
     first.fields.discSize = 1;
     EXPECT_EQ(DatabaseBytes(), DatabaseImage({SampleDisc(2, 2), first}));
+
+    // Another program writes the entry while it is open here.
+    Disc theirs = first;
+    theirs.fields.artist = "Theirs";
+    Open(first, [&](HWND dialog) {
+        Type(dialog, IDC_ENTRY_ARTIST, "Mine");
+        StoreDatabase({theirs, SampleDisc(2, 2)});
+        TheBoxes.answerOk = false;
+        Press(dialog, IDC_OK);
+        EXPECT_EQ(DatabaseBytes(), DatabaseImage({theirs, SampleDisc(2, 2)}));
+        TheBoxes.answerOk = true;
+        Press(dialog, IDC_OK);
+    });
+    first.fields.artist = "Mine";
+    EXPECT_EQ(DatabaseBytes(), DatabaseImage({SampleDisc(2, 2), first}));
+    const char* const question = "? Another program has changed this entry. Replace it?";
+    EXPECT_THAT(TheBoxes.shown, ElementsAre(question, question));
 }
 
 TEST_F(EntryDialogTest, NamesSurvivePagingWithoutAFocusChange) {

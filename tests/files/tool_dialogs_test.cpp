@@ -30,6 +30,13 @@ protected:
         EXPECT_EQ(TheBoxes.shown[0],
                   "? No editor selected for *.MID files. Do you want to select one?");
     }
+    static void BrowseToRoot(HWND dialog, int button) {
+        const auto choose = [](HWND path) {
+            DoubleClickEntry(path, IDC_PATH_DIRECTORIES, "c:\\");
+            Press(path, IDC_OK);
+        };
+        EXPECT_TRUE(RunInDialog([=] { Press(dialog, button); }, choose));
+    }
     // Types a directory and goes on to another control.
     static void TypeAndLeave(HWND dialog, const std::string& directory) {
         SetFocus(GetDlgItem(dialog, IDC_PROGRAM_LOCATION));
@@ -83,10 +90,14 @@ TEST_F(ToolDialogsTest, WhatTheFileSaysIsWhatIsChosen) {
         UseEditors([&](HWND dialog) {
             EXPECT_TRUE(IsDlgButtonChecked(dialog, IDC_EDITOR_TYPE_FIRST + 1)) << "the mode's";
             Press(dialog, IDC_EDITOR_TYPE_FIRST);
+            EXPECT_EQ(ControlText(dialog, IDC_PROGRAM_NAME),
+                      Settings.editorChosen[0] ? "B.EXE" : "None selected");
+            EXPECT_EQ(Entries(dialog, IDC_PROGRAM_LIST).size() == 2, Settings.editorChosen[0]);
             TypeAndLeave(dialog, *ModeDirectory());
             EXPECT_EQ(DoubleClickEntry(dialog, IDC_PROGRAM_LIST, name), !name.empty());
             if (name.empty()) Press(dialog, IDC_PROGRAM_NONE);
             Press(dialog, IDC_OK);
+            EXPECT_FALSE(IsWindowVisible(dialog));
         });
         const bool expected = name == "b.exe";
         EXPECT_EQ(Settings.editorChosen[0], expected);
@@ -110,6 +121,8 @@ TEST_F(ToolDialogsTest, ATypedDirectoryIsTakenByEnterAndWhenItIsLeftOneThatIsNon
         SelectEntry(dialog, IDC_PROGRAM_LIST, "b.exe");
         Press(dialog, IDC_PROGRAM_SELECT);
         EXPECT_EQ(ControlText(dialog, IDC_PROGRAM_NAME), "B.EXE");
+        BrowseToRoot(dialog, IDC_PROGRAM_BROWSE);
+        EXPECT_EQ(ControlText(dialog, IDC_PROGRAM_LOCATION), "c:\\");
         TypeAndLeave(dialog, "q:\\nowhere");
         EXPECT_STRCASEEQ(ControlText(dialog, IDC_PROGRAM_LOCATION).c_str(),
                          ModeDirectory()->c_str());
@@ -130,11 +143,7 @@ TEST_F(ToolDialogsTest, ADestinationIsTakenWhenItsFieldIsLeftAndFromBrowsing) {
         EXPECT_EQ(shown(), "c|/Windows") << "too early";
         SetFocus(GetDlgItem(dialog, IDC_COPY_BROWSE));
         EXPECT_EQ(shown(), "c:\\windows\\");
-        const auto browse = [](HWND path) {
-            DoubleClickEntry(path, IDC_PATH_DIRECTORIES, "c:\\");
-            Press(path, IDC_OK);
-        };
-        EXPECT_TRUE(RunInDialog([=] { Press(dialog, IDC_COPY_BROWSE); }, browse));
+        BrowseToRoot(dialog, IDC_COPY_BROWSE);
         EXPECT_EQ(shown(), "c:\\");
     };
     EXPECT_TRUE(RunInDialog([] { ShowCopyDialog(MainWindow, {"a.mid", "b.mid"}); }, script));

@@ -143,10 +143,18 @@ TEST_F(StartTest, SettingsHaveTheirEffect) {
         EXPECT_EQ(Shown(IDC_DIRECTORY), directory);
         const DWORD ground = GetSysColor(on ? COLOR_BTNFACE : COLOR_WINDOW);
         const uint32_t color = RGB(GetBValue(ground), GetGValue(ground), GetRValue(ground));
-        EXPECT_TRUE(WaitUntil([&] {
-            const Picture list = Photograph(List());
-            return list.At(list.width / 2, list.height * 3 / 4) == color;
-        }));
+        const auto isColored = [color](HWND field) {
+            return WaitUntil([&] {
+                const Picture shown = Photograph(field);
+                return shown.At(shown.width * 3 / 4, shown.height * 3 / 4) == color;
+            });
+        };
+        EXPECT_TRUE(isColored(List()));
+        Open(IDC_RENAME, {"long.wav"});
+        HWND rename = DialogThatShows(IDC_RENAME_NAME, "long.wav");
+        EXPECT_TRUE(isColored(Control(rename, IDC_RENAME_NAME)));
+        PressKeyIn(rename, VK_ESCAPE);
+        ASSERT_TRUE(WaitForNoPopup(player));
 
         ASSERT_TRUE(WaitUntil([] { return AudibleMs(1000) == 0; }));
         Command(player.window, IDC_STOP);

@@ -1,7 +1,6 @@
 // The commands that open a dialog over the list's selected files.
 #include "app/file_commands.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,7 +20,6 @@
 #include "resources/ids.h"
 #include "ui/boxes.h"
 #include "ui/click_sounds.h"
-#include "ui/list_boxes.h"
 
 using FileNames = std::vector<std::string>;
 
@@ -36,19 +34,8 @@ static void OnBrowse(HWND window, const FileNames&) {
     FillModeList(window);
 }
 
-// The list stays where the user was in it; nothing is selected afterwards.
-static void RefillInPlace(HWND window) {
-    HWND list = GetDlgItem(window, IDC_FILE_LIST);
-    const auto top = static_cast<int>(SendMessageA(list, LB_GETTOPINDEX, 0, 0));
-    const auto caret = static_cast<int>(SendMessageA(list, LB_GETCARETINDEX, 0, 0));
-    FillModeList(window);
-    SendMessageA(list, LB_SETCARETINDEX,
-                 static_cast<WPARAM>(std::clamp(caret, 0, std::max(0, ListCount(list) - 1))), TRUE);
-    SendMessageA(list, LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
-}
-
 static void OnDelete(HWND window, const FileNames& names) {
-    if (ShowDeleteDialog(window, names)) RefillInPlace(window);
+    if (ShowDeleteDialog(window, names)) RefillModeList(window);
 }
 
 static void OnSetup(HWND window, const FileNames&) {
@@ -93,7 +80,7 @@ static void Run(HWND window, const FileCommand& command) {
     }
     if (command.sound != 0) PlayClickSound(command.sound);
     command.show(window, names);
-    if (command.refill) RefillInPlace(window);
+    if (command.refill) RefillModeList(window);
 }
 
 bool RunFileCommand(HWND window, int id) {

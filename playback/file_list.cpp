@@ -120,6 +120,16 @@ void FillModeList(HWND window, bool keepSelection) {
     ShowFileCount(window);
 }
 
+void RefillModeList(HWND window) {
+    HWND list = FileList(window);
+    const auto top = static_cast<int>(SendMessageA(list, LB_GETTOPINDEX, 0, 0));
+    const auto caret = static_cast<int>(SendMessageA(list, LB_GETCARETINDEX, 0, 0));
+    FillModeList(window);
+    SendMessageA(list, LB_SETCARETINDEX,
+                 static_cast<WPARAM>(std::clamp(caret, 0, std::max(0, ListCount(list) - 1))), TRUE);
+    SendMessageA(list, LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
+}
+
 // The entry of a file of the mode's directory, by its long name when it is called by its 8.3 name.
 static int EntryOfFile(HWND window, const std::string& name) {
     const int index = FindEntry(window, name);

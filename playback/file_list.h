@@ -10,6 +10,9 @@
 // entries that were selected, and the one at the top, stay so by name. Does nothing in cdplayer
 // mode.
 void FillModeList(HWND window, bool keepSelection = false);
+// After a command that may have changed the files: the list stays where the user was in it, and
+// nothing is selected.
+void RefillModeList(HWND window);
 
 // The texts that name the mode beside its counts, and which of the two small buttons it has.
 void ShowModeLabels(HWND window);

@@ -21,7 +21,8 @@ protected:
     void Open(int command, const std::vector<std::string>& names);
     void Play(const std::vector<std::string>& names) { Open(IDC_PLAY, names); }
 
-    // The dialog of this title, its buttons drawn, or the one that shows this text, once it is in front.
+    // The dialog of this title, its buttons drawn, or the one that shows this text, once it is in
+    // front.
     HWND Dialog(const std::string& title);
     HWND DialogThatShows(int id, const std::string& text);
     // A message box shows this text; closes it.

@@ -113,11 +113,15 @@ static std::string Artist(WindowReader& reader, uint32_t entryStart) {
     return artist;
 }
 
+std::string TitleOf(const std::string& artist, const std::string& discName) {
+    return artist + " - " + discName;
+}
+
 std::string ReadTitle(WindowReader& reader, uint32_t entryStart) {
     const std::string artist = Artist(reader, entryStart);
     std::string discName;
     ReadText(reader, discName);
-    return artist + " - " + discName;
+    return TitleOf(artist, discName);
 }
 
 std::string ReadTrackName(uint32_t entryStart, int trackNumber) {

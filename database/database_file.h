@@ -44,7 +44,9 @@ std::string ReadTrackName(uint32_t entryStart, int trackNumber);
 std::string ReadArtist(uint32_t entryStart);
 std::string ReadDiscName(uint32_t entryStart);
 
-// Artist, " - ", disc name; at most 513 bytes.
+// Artist, " - ", disc name: what a disc is called wherever one line must do.
+std::string TitleOf(const std::string& artist, const std::string& discName);
+// At most 513 bytes.
 std::string ReadTitle(WindowReader& reader, uint32_t entryStart);
 std::string ReadTrackName(WindowReader& reader, uint32_t entryStart, int trackNumber);
 

@@ -198,7 +198,7 @@ static DatabaseResult FindHit(const SearchHit& hit) {
     NumberedEntry entry;
     const DatabaseResult result = LoadNumberedEntry(hit.entryIndex, entry);
     if (result == DatabaseResult::kHeld) return result;
-    return hit.title == entry.fields.artist + " - " + entry.fields.discName
+    return hit.title == TitleOf(entry.fields.artist, entry.fields.discName)
                ? DatabaseResult::kOk
                : DatabaseResult::kChangedMeanwhile;
 }

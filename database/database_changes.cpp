@@ -165,15 +165,24 @@ DatabaseResult ReplaceEntryAtEnd(uint32_t entryStart, const EntryFields& fields)
     });
 }
 
-DatabaseResult SaveDisc(const EntryFields& fields, bool& known) {
+// What cannot be read is for the rewrite to tell.
+static bool HoldsOther(uint32_t entryStart, const EntryFields& shown, const EntryFields& fields) {
+    EntryFields stored;
+    return LoadEntryFields(entryStart, stored) && stored != shown && stored != fields;
+}
+
+DatabaseResult SaveDisc(const EntryFields& fields, bool& known, const EntryFields* shown) {
     DatabaseResult result =
         LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
     if (result != DatabaseResult::kOk) return result;
     if (FoundEntryOffset == 0) {
         result = AppendEntry(fields);
+    } else if (!known) {
+        result = DatabaseResult::kAddedMeanwhile;
+    } else if (shown != nullptr && HoldsOther(FoundEntryOffset, *shown, fields)) {
+        result = DatabaseResult::kChangedMeanwhile;
     } else {
-        result =
-            known ? ReplaceEntryAtEnd(FoundEntryOffset, fields) : DatabaseResult::kAddedMeanwhile;
+        result = ReplaceEntryAtEnd(FoundEntryOffset, fields);
     }
     // What is found next time may be the user's own entry.
     if (result == DatabaseResult::kNotTakenBack) known = true;

@@ -33,4 +33,6 @@ DatabaseResult ReplaceEntryAtEnd(uint32_t entryStart, const EntryFields& fields)
 // Replaces the entry that a look-up finds for the disc, at the end, or adds one. `known` says
 // whether there was one when the user began: an entry that has come since is not replaced, and
 // nothing is added while the file cannot be read. Pass the same variable when the user tries again.
-DatabaseResult SaveDisc(const EntryFields& fields, bool& known);
+// `shown` is what the user saw of a known entry: kChangedMeanwhile when the file holds something
+// else now, and not yet what is to be written. Null replaces whatever it holds.
+DatabaseResult SaveDisc(const EntryFields& fields, bool& known, const EntryFields* shown = nullptr);

@@ -33,20 +33,19 @@ struct EntryToShow {
     EntryFields fields;
 };
 
-static DatabaseResult LookUp(const DiscToc& disc) {
-    CopyDiscToc(disc);
-    return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
-}
-
 // What cannot be read must not be shown as empty: OK would write the empty fields over it.
 static DatabaseResult ReadEntryToShow(EntryToShow& entry) {
-    DatabaseResult asked = LookUp(entry.disc);
+    CopyDiscToc(entry.disc);
+    const auto lookUp = [&] {
+        return LookUpDisc(DatabaseDisc.totalSeconds, DatabaseDisc.trackCount, WhenHeld::kTryAgain);
+    };
+    DatabaseResult asked = lookUp();
     if (asked != DatabaseResult::kOk) return asked;
     KnownAtOpening = FoundEntryOffset != 0;
     if (!KnownAtOpening || LoadEntryFields(FoundEntryOffset, entry.fields)) {
         return DatabaseResult::kOk;
     }
-    asked = LookUp(entry.disc);
+    asked = lookUp();
     return asked == DatabaseResult::kOk ? DatabaseResult::kDamaged : asked;
 }
 
@@ -64,32 +63,30 @@ static void Close(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-// Whether the file holds another text than was shown and than is to be written, which may be there
-// already when an earlier try was not told whole. What cannot be read is for the save to tell.
-static bool HasOtherTexts(const EntryFields& fields) {
-    EntryFields stored;
-    return LookUp(Sheet.disc) == DatabaseResult::kOk && FoundEntryOffset != 0 &&
-           LoadEntryFields(FoundEntryOffset, stored) && stored != FieldsAtOpening &&
-           stored != fields;
+// What the user is asked when another program has written the disc meanwhile; null for all else.
+static const char* QuestionAbout(DatabaseResult result) {
+    if (result == DatabaseResult::kAddedMeanwhile) return DatabaseResultText(result);
+    if (result == DatabaseResult::kChangedMeanwhile)
+        return "Another program has changed this entry. Replace it?";
+    return nullptr;
 }
 
 static void OnOk(HWND dialog) {
     PlayClickSound(IDS_SOUND_OK);
     const EntryFields fields = ReadEntry(Sheet);
-    if (KnownAtOpening && HasOtherTexts(fields) &&
-        !AskQuestion("Another program has changed this entry. Replace it?")) {
-        return;
-    }
+    const EntryFields* shown = &FieldsAtOpening;
     const auto save = [&] {
         // The catalogue's own record of the disc follows the drive, also while a question is open.
         CopyDiscToc(Sheet.disc);
-        return SaveDisc(fields, KnownAtOpening);
+        return SaveDisc(fields, KnownAtOpening, shown);
     };
     // Unless it is saved, the dialog stays with everything typed.
     std::optional<DatabaseResult> result = ChangeDatabase(save);
-    if (result == DatabaseResult::kAddedMeanwhile) {
-        if (!AskQuestion(DatabaseResultText(*result))) return;
+    if (!result) return;
+    if (const char* question = QuestionAbout(*result)) {
+        if (!AskQuestion(question)) return;
         KnownAtOpening = true;
+        shown = nullptr;
         result = ChangeDatabase(save);
     }
     if (!result) return;
